@@ -41,7 +41,7 @@ using glidemap::bench::allocateAligned;
 using glidemap::bench::orThrow;
 
 // The std::nothrow forms are replaced because library algorithms use them for their buffers. The
-// library implements the array forms with the functions below, so those are counted, too.
+// library implements the array forms with the functions below, so arrays are counted, too.
 void* operator new(std::size_t size) {
     return orThrow(allocate(size));
 }

@@ -1,5 +1,6 @@
-// After a few sessions, the pipeline must allocate at most once per report on the driver's thread,
-// for the report's copy, and never on the engine's queue, not even for the lookup of bindings.
+// After a few sessions, the pipeline may allocate at most once per report on the driver's thread,
+// for the report's copy. On the engine's queue, it must never allocate, not even to look up a
+// binding.
 #include "bench/allocation_count.h"
 #include "bench/headless_pipeline.h"
 #include "bench/performance_script.h"
@@ -116,7 +117,7 @@ TEST(AnEndlessSession, AllocatesAtMostOncePerReportOnTheDriversThreadAndNeverOnT
     EXPECT_EQ(pipeline.byEngine, 0);
 }
 
-// The array that is passed to the engine has room for a whole hand and never grows.
+// The array that is passed to the engine has room for two hands from the start and never grows.
 TEST(AFirstReport, NeedsItsCopyAndOneArrayForTheEngine) {
     CountedPipeline pipeline;
     pipeline.push(fingersAt(1, 0), 1);
@@ -126,9 +127,9 @@ TEST(AFirstReport, NeedsItsCopyAndOneArrayForTheEngine) {
     EXPECT_LE(pipeline.maxByDriver, 1);
 }
 
-// Both functions run between a gesture and its action.
+// match() and doubleTapBindingExists() delay a gesture's action, so they must not allocate.
 TEST(TheStore, FindsABindingAmongAThousandWithoutAllocating) {
-    // No file can exist at this path, so the list stays in memory.
+    // /dev/null is not a folder, so saving fails and the list stays in memory.
     BindingStore store([] { return std::filesystem::path("/dev/null"); });
     BindingList list;
     for (int number = 0; number < 1'000; ++number) {

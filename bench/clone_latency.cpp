@@ -1,5 +1,5 @@
-// clone_latency [SAMPLES]: measures the latency that click filtering adds to a touchpad. Runs inside
-// the kernel of the kernel tests, because it creates touchpads.
+// clone_latency [SAMPLES]: measures the latency that click filtering adds to a touchpad. Runs
+// inside the test kernel, because it creates touchpads.
 //
 //   bare     write ─▶ touchpad ─▶ a program that waits for it           no other reader
 //   beside   write ─▶ touchpad ─▶ a program that waits for it           the driver reads, too
@@ -26,7 +26,7 @@ using namespace glidemap::vm;
 
 constexpr double microsecond = 1000; // nanoseconds, the samples' unit
 
-// Waits for a device on its own thread and records when it has read a frame.
+// Waits for a device's events on a thread of its own, and records when it has read a frame.
 class WaitingProgram {
 public:
     explicit WaitingProgram(EventReader& device) : reader(device), thread([this] { listen(); }) {}

@@ -1,4 +1,4 @@
-// Measures the cost of delaying a tap: scheduling and cancelling the item, and how late it fires.
+// Measures the cost of delaying a tap: scheduling the work item, and how late it runs.
 #include "core/delayed_work.h"
 #include "pipeline_bench.h"
 #include "platform/common/threaded_delayed_work.h"

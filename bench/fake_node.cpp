@@ -44,7 +44,7 @@ constexpr auto keys =
     std::to_array<unsigned>({BTN_LEFT, BTN_TOUCH, BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP,
                              BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP, BTN_TOOL_QUINTTAP});
 
-// The events that the reader has masked, by axis.
+// Whether the reader has masked an axis, by the axis's code.
 std::array<bool, ABS_CNT> masked{};
 
 class Reply {

@@ -3,7 +3,7 @@
 // reader, a read costs as much as a read from a pipe.
 //
 // Units:   events as in the kernel; times on the monotonic clock.
-// Thread:  construction before any reader; write() on one thread.
+// Thread:  construct it before any reader; write() on one thread.
 // Owner:   a benchmark; only one node at a time, because the replies are global to the process.
 // Errors:  throws std::system_error if the pipe cannot be created.
 #pragma once

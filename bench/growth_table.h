@@ -35,7 +35,8 @@ inline double median(std::vector<double> values) {
     return *middle;
 }
 
-// Returns the median of seven rounds. Each round lasts at least a millisecond.
+// Returns the median of seven rounds. Each round lasts at least a millisecond or makes more than
+// 10,000 calls.
 template <typename Function>
 double medianNanoseconds(Function function) {
     constexpr double enough = 1e6;

@@ -2,7 +2,7 @@
 // and real threads or virtual time. Reports enter at the contact callback, as they do from a
 // driver.
 //
-// Thread:  push() on the thread that acts as the driver's.
+// Thread:  push() on one thread, which stands in for the driver's thread.
 // Owner:   the benchmark; one at a time, because the manager's sink is global to the process.
 #pragma once
 
@@ -72,7 +72,8 @@ public:
     // Waits until every submitted task has run and the queue's thread is asleep.
     void waitUntilAsleep() const;
 
-    // Waits until the queue's thread is asleep, without waking it. Deferred tasks may be left.
+    // Waits until the queue's thread is asleep, without waking it. Deferred tasks may remain in the
+    // queue.
     void waitUntilSleeping() const;
 
     pid_t queueThreadId() const { return threadId; }

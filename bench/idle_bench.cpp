@@ -1,5 +1,5 @@
-// idle_bench [--seconds N] [DRIVER]: measures how often the threads of the pipeline wake up without
-// touches. Fails if a thread wakes up.
+// idle_bench [--seconds N] [DRIVER]: measures how often the threads of the pipeline wake up while
+// no finger touches the pad. Fails if a thread wakes up.
 //
 // The pipeline has processed touches before, so that every thread exists and a delayed tap has
 // fired. DRIVER is the path of a touch driver that is loaded and started as well; its threads are
@@ -45,7 +45,7 @@ std::optional<Options> optionsFrom(int count, char** arguments) {
     return options;
 }
 
-// Taps with two fingers, and waits until the thread of delayed work has released the tap.
+// Taps with two fingers, and waits until the thread of delayed work has delivered the tap.
 void touchOnce(HeadlessPipeline& pipeline) {
     std::atomic<bool> tapped = false;
     pipeline.onGesture([&tapped](GestureType /*gesture*/) {

@@ -3,7 +3,8 @@
 // the window open and closed, its wake-ups while idle, and the cost of one demonstration.
 //
 // Starts alternate between the programs, so that load on the machine affects all of them equally.
-// PROGRAM is another build of the program to compare. Fails if the program wakes up while idle.
+// PROGRAM is another build of the program, whose start times are measured as well. Fails if the
+// program wakes up while idle.
 #include "running_process.h"
 #include "stage.h"
 

@@ -1,6 +1,6 @@
 // interface_yardstick [--no-window]: shows a Qt Widgets window with twenty check boxes and nothing
 // else. Its cost is that of the toolkit, the reference for the program's figures. With --no-window,
-// it only loads the toolkit and waits. Prints "ready" when it is idle.
+// it only loads the toolkit, prints "ready" and waits.
 #include "platform/qt/termination_signals.h"
 
 #include <QApplication>

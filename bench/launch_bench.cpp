@@ -2,7 +2,7 @@
 // the program's first instructions. Compares it with a bare process that starts the same program
 // with posix_spawn. The two kinds of launches alternate.
 //
-// This process allocates as much memory as the program with its window open, because copying a
+// This process allocates as much memory as Glidemap uses with its window open, because forking a
 // process costs time for each page. Windows are not tracked, so the figures exclude the search for
 // a window to bring forward.
 #include "bench/samples.h"

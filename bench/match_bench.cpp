@@ -16,7 +16,7 @@ namespace {
 constexpr int bindingCount = 1'000;
 constexpr GestureType gesture = GestureType::threeFingerSwipeLeft;
 
-// Returns an identifier as long as real ones. All of them have the same prefix.
+// Returns an identifier of realistic length. All identifiers have the same prefix.
 std::string bundleID(int number) {
     return "org.example.desktop.applications.App" + std::to_string(number);
 }

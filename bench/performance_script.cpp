@@ -120,7 +120,7 @@ void PerformanceScript::tapBesideRestingFinger(double seconds) {
         report(contacts);
         nextIdentifier += index == lastOfTap ? 1 : 0;
     }
-    ++nextIdentifier; // the next script must not continue an interrupted tap
+    ++nextIdentifier; // the next touch must not continue an interrupted tap
 }
 
 void PerformanceScript::liftAll() {

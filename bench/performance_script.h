@@ -4,7 +4,7 @@
 // Every contact has a new identifier and slight noise from a generator with a fixed seed, so that
 // every run has the same touches.
 //
-// Units:   seconds of the records; one report every 8 ms while a finger touches.
+// Units:   seconds on the clock of the reports; one report every 8 ms while a finger touches.
 #pragma once
 
 #include "bench/touching.h"

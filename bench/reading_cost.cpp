@@ -1,12 +1,12 @@
-// reading_cost [--seconds N] [--rounds N]: measures the cost of reading a touchpad, and in the same
-// run that of a bare reader of the same events.
+// reading_cost [--seconds N] [--rounds N]: measures what it costs the program to read a touchpad,
+// and what the same events cost a bare reader in the same run.
 //
 //   bare       node ─▶ libevdev, discarding the events: the lower bound for every program
 //   program    node ─▶ driver's thread ─▶ engine's thread, as the program connects them
 //
-// Reports processor time and wake-ups of each thread, per report. The stream is one moving finger
-// at 143 reports a second, with all events of a touchpad with pressure. The node is a pipe
-// (fake_node.h), so that no touchpad and no permission is needed.
+// Prints the processor time and the wake-ups of each thread, divided by the number of reports. The
+// stream is one moving finger at 143 reports a second, with all events of a touchpad with pressure.
+// The node is a pipe (fake_node.h), so no touchpad or permission is needed.
 #include "bench/headless_pipeline.h"
 #include "bench/samples.h"
 #include "bench/thread_watch.h"
@@ -168,7 +168,8 @@ struct Cost {
     double wakeUps = 0;
 };
 
-// Returns the cost of each thread that ran, except the thread that plays the touchpad.
+// Returns the cost of each thread that woke up for more than half of the reports, except the thread
+// that plays the touchpad.
 std::map<std::string, Cost> costDuring(FakeNode& node, double seconds) {
     const auto before = switchesOfAllThreads();
     std::map<pid_t, double> timeBefore;

@@ -24,7 +24,7 @@ public:
     bool sleeps() const;
 
 private:
-    int statFile = -1; // kept open, because the state is read between any two measurements
+    int statFile = -1; // kept open, so that reading the state is cheap
 };
 
 struct ThreadSwitches {

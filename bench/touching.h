@@ -19,8 +19,8 @@ MTTouch contact(std::int32_t identifier, double x, double y,
 // landing position.
 Report fingersAt(int count, double offset, std::int32_t firstIdentifier = 1);
 
-// Returns an endless swipe: `length` reports in which all fingers move back and forth. Each step is
-// long enough to be added to the path.
+// Returns the first `length` reports of an endless swipe, in which all fingers move back and forth.
+// Each step is long enough to be added to the path.
 std::vector<Report> movingFingers(int count, int length);
 
 TouchFrame frameOf(const Report& report, double timestamp);

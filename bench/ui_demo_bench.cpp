@@ -2,7 +2,8 @@
 // demonstration, and of painting it at the popover's size. A visible view shows at most 40 frames
 // per second.
 //
-// "new" is the number of calls to operator new per frame; it excludes Qt's use of malloc.
+// The counter "new" is the number of calls to operator new per frame. It excludes Qt's use of
+// malloc.
 #include "bench/allocation_count.h"
 #include "ui/demo/draw_gesture_demo.h"
 #include "ui/demo/gesture_demo.h"
@@ -19,7 +20,7 @@ namespace glidemap::bench {
 
 namespace {
 
-// Returns the times of a loop's frames, in order.
+// Returns the times of a loop's frames one after another, without an end.
 class Loop {
 public:
     double next() {

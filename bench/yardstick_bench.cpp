@@ -1,9 +1,10 @@
 // Measures the cost of operations that no program can avoid, in the same run as the pipeline. If a
-// figure misses its target by as much as its reference does, the machine is the cause.
+// figure of the pipeline and its reference here are slow by the same factor, the machine is the
+// cause.
 //
 //   copy      only the allocation and the copy of a report
 //   lock      one uncontended lock; a report takes four
-//   wake      a bare condition variable: the waker's cost, and the delay until the other thread runs
+//   wake      a bare condition variable: the waker's cost, and the delay until the waiter runs
 #include "bench/pace.h"
 #include "bench/thread_watch.h"
 #include "bench/touching.h"

@@ -14,7 +14,7 @@
 namespace glidemap {
 
 // This text and the next one explain why the program did not start, for users who start it by its
-// icon and see no terminal. Here, another instance is running but does not respond.
+// icon and see no terminal. This one: another instance is running but does not respond.
 AlertText unansweredText(const Lang& lang);
 
 // The lock file cannot be opened, so a running instance cannot be detected.

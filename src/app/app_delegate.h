@@ -58,8 +58,8 @@ public:
         std::function<std::shared_ptr<GestureDispatcher>(std::shared_ptr<BindingStore>)>
             makeDispatcher;
         std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
-        // Called once. Returns a window with title and size. The window is centred on the screen,
-        // or at its last position.
+        // Called once. Returns a window that already has its title and its size, and is centred on
+        // the screen or at its last position.
         std::function<std::unique_ptr<QWidget>(const Shown&)> makeSettingsWindow;
         Lang* lang = &Lang::shared();
     };
@@ -111,7 +111,8 @@ private:
     Ports ports;
     bool isTerminated = false;
 
-    // Members are destroyed in reverse order of declaration.
+    // The order matters on destruction: the subscriptions are destroyed first, then the runtime,
+    // the services, the window and the menus.
     std::unique_ptr<MainMenu> mainMenu;
     std::unique_ptr<StatusItem> statusItem;
     QAction* enableMenuItem = nullptr; // the status menu owns its items

@@ -2,9 +2,9 @@
 // libraries for HTTPS. Only the helper process loads them, so they occupy no memory in the main
 // program and do not delay its start.
 //
-// The helper gets the URL as an argument. It writes the body to standard output and exits with
-// success, or writes one line about the failure to standard error and exits with failure. It limits
-// its own run time and the size of the body.
+// The helper gets the URL as an argument. It writes the received body to standard output. After a
+// failure, it also writes one line about the failure to standard error and exits with failure. It
+// limits its own run time and the size of the body.
 //
 // Thread:  the main thread, during the life of the QCoreApplication, which also ends pending
 //          fetches.
@@ -19,7 +19,8 @@
 
 namespace glidemap {
 
-// Starts the helper after the delay `rest`, because opening the window needs the processor first.
+// Starts the helper only after the delay `rest`, so that it does not slow down the opening of the
+// window.
 Fetch fetchByProgram(std::filesystem::path program,
                      std::chrono::milliseconds rest = std::chrono::milliseconds(500));
 

@@ -49,8 +49,8 @@ bool isStatus(QNetworkReply::NetworkError error) {
             error <= QNetworkReply::UnknownServerError);
 }
 
-// Whether the reply is a redirect that was not followed. Its body must be discarded, because it
-// does not come from the requested address.
+// Whether the reply is a redirect that was not followed. Its body must be discarded, because it is
+// not the requested file.
 bool isRefusedRedirect(QNetworkReply::NetworkError error) {
     return error == QNetworkReply::InsecureRedirectError ||
            error == QNetworkReply::TooManyRedirectsError ||
@@ -93,8 +93,8 @@ Exchange::Exchange(HttpsFetchSetup setup, Done done)
             [this] { delete this; });
 }
 
-// The first request loads the TLS libraries. The request is deferred to the event loop, so that
-// this does not delay the caller's startup.
+// Defers the request to the event loop. The first request loads the TLS libraries, which would
+// delay the caller's startup.
 void Exchange::begin(const QUrl& url) {
     soon.setSingleShot(true);
     soon.callOnTimeout(this, [this, url] { ask(url); });

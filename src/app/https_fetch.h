@@ -1,7 +1,7 @@
-// Downloads a small file over HTTPS. It uses no cookies and no cache, and frees all network objects
-// afterwards, because a program downloads only once a day.
+// Downloads a small file over HTTPS, without cookies or a cache. Frees all network objects
+// afterwards, because the program downloads only once a day.
 //
-// Follows redirects to HTTPS only. A body above the size limit is truncated and counts as a
+// Follows redirects to HTTPS only. A body above the size limit is discarded and counts as a
 // failure.
 //
 // Units:   bytes.

@@ -1,8 +1,8 @@
 // Switches launch at login on and off, and stores the error of the last attempt.
 //
-// The manager stores no state of its own: after each attempt it reads the state back from the
-// system. Only the system's state `enabled` counts as on. An item that waits for the user's
-// approval is off, but this is not an error.
+// After each attempt, the manager reads the item's state back from the system. Only the system's
+// state `enabled` counts as on. An item that waits for the user's approval is off, but this is not
+// an error.
 //
 // Thread:  the main thread.
 // Owner:   the settings window. The service outlives the manager.

@@ -30,8 +30,8 @@ namespace {
 
 constexpr const char* applicationID = "org.glidemap.Glidemap";
 
-// The maximum time by which unresponsive desktop services delay the exit. It is shorter than the
-// few seconds after which desktops and users kill a program.
+// The maximum time for which unresponsive desktop services may delay the exit. It is shorter than
+// the few seconds after which desktops and users kill a program.
 constexpr std::chrono::milliseconds endLimit{1500};
 
 // Qt gets only the program's name as an argument, because our options would confuse its parser.
@@ -136,7 +136,7 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
 
 std::unique_ptr<StatusItem> Program::makeStatusItem() {
     constexpr const char* symbol = "hand.draw.fill";
-    constexpr double dimmedIcon = 0.45; // same opacity as the installed icon
+    constexpr double dimmedIcon = 0.45; // the opacity of the installed icon for "off"
     auto item = std::make_unique<StatusItem>(
         services.statusBar, [on = services.installedIcon, off = services.installedIconOff](
                                 StatusBar::Kind kind, StatusItem::Look look) {

@@ -40,9 +40,9 @@ void StatusItem::choose() {
     }
 }
 
-// For bars that draw the menu themselves, removes all shortcuts. Qt describes keys by their
-// characters, such as ",", but some bars accept only key names, such as "comma". These bars would
-// show some of the shortcuts and omit others.
+// For bars that draw the menu themselves, removes all shortcuts and updates the menu. Qt describes
+// keys by their characters, such as ",", but some bars accept only key names, such as "comma". Such
+// a bar would show some of the shortcuts and omit others.
 void StatusItem::menuHasChanged() {
     if (kind == Kind::drawsItself) {
         for (QAction* action : statusMenu.actions()) {

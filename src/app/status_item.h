@@ -25,8 +25,8 @@ namespace glidemap {
 
 class StatusItem {
 public:
-    // Returns the item's icon for a kind of bar.
     using Look = StatusBar::Look;
+    // Returns the item's icon for a kind of bar and a look.
     using Icon = std::function<QIcon(StatusBar::Kind, Look)>;
 
     // The time to wait for a bar. It may be one of the last programs to start after login.
@@ -50,8 +50,9 @@ public:
     // Whether a bar shows the item.
     bool isShown() const { return item != nullptr; }
 
-    // Must be called after the menu's texts have changed. A menu is normally updated when it opens,
-    // but a bar that draws the menu itself reads it earlier and must be notified of each change.
+    // Must be called when the state that the menu shows has changed. A menu is normally updated
+    // when it opens, but a bar that draws the menu itself reads it earlier. For such a bar, this
+    // function updates the menu by emitting aboutToShow().
     void menuHasChanged();
 
     void setLook(Look now);

@@ -71,7 +71,7 @@ public:
     // Whether `version` is strictly newer than `other`.
     static bool isNewer(std::string_view version, std::string_view other);
 
-    // Set at build time.
+    // These two values are set at build time.
     static std::string defaultHost();
     static std::optional<std::string> runningVersion();
 

@@ -16,7 +16,8 @@ namespace {
 
 using nlohmann::json; // sorts the keys of an object
 
-// Objects are filled key by key. An initializer list would make an array of every key and value.
+// Objects are filled key by key. An initializer list would first build a JSON array for each pair
+// of key and value.
 json objectOfKind(const char* kind) {
     json object;
     object["kind"] = kind;
@@ -74,8 +75,8 @@ json encoded(const GestureBinding& binding) {
 }
 
 // Returns the text in quotes, shortened to fit on one line of an error message. Non-ASCII
-// characters are escaped, because terminals also interpret control characters beyond ASCII. An
-// escape takes six characters.
+// characters are escaped, because terminals also interpret control characters beyond ASCII. Escapes
+// are long, so the text is shortened further until it fits.
 std::string quotedForDisplay(std::string_view text) {
     constexpr std::size_t max = 60;
     constexpr std::size_t maxQuotedWidth = 150;

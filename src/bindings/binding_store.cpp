@@ -33,8 +33,8 @@ std::optional<BindingList> readBindingFile(const std::filesystem::path& file) {
 }
 
 // Creates a folder that only its owner can access, or revokes other users' permissions on an
-// existing one. Does not change a folder that belongs to another user. Errors are ignored, because
-// reading or writing a file in the folder then fails too.
+// existing one. Does not change a folder that belongs to another user. Errors are ignored: without
+// a usable folder, reading or writing a file in it fails, too.
 void makePrivateFolder(const std::filesystem::path& folder) {
     constexpr mode_t othersRights = S_IRWXG | S_IRWXO;
     mkdir(folder.c_str(), S_IRWXU);

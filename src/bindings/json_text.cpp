@@ -13,7 +13,8 @@ namespace {
 
 constexpr std::string_view digitCharacters = "0123456789";
 
-// Clamps the exponent, so that adding the length of a text cannot overflow.
+// Returns the exponent in a text such as "+10". Clamps it, so that adding the length of a text
+// cannot overflow.
 std::int64_t exponentIn(std::string_view text) {
     constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / 4;
     constexpr int decimal = 10;

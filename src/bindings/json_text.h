@@ -1,5 +1,5 @@
-// Handles valid JSON that a parser would reject or read inexactly: exact values of numbers, numbers
-// that do not fit into a double, and escaped unpaired surrogates.
+// Handles valid JSON that a parser would reject or read inexactly: whole numbers in other
+// notations, numbers that do not fit into a double, and escaped unpaired surrogates.
 //
 // Memory:  a second copy of the text if anything must be replaced.
 // Thread:  any.
@@ -18,9 +18,10 @@ namespace glidemap {
 // any single character as the decimal point, because parsers use the locale's.
 std::optional<std::uint64_t> wholeNumber(std::string_view number);
 
-// Replaces each number that exceeds 64 bits and that the parser might reject with null, and each
-// escaped unpaired surrogate with U+FFFD. All other text keeps its position, so the positions in
-// the parser's messages are valid for the original. Returns nullopt if the text needs no change.
+// Replaces with null each number that exceeds 64 bits and that the parser might reject, and
+// replaces with U+FFFD each escaped unpaired surrogate. All other text keeps its position, so the
+// positions in the parser's messages are valid for the original. Returns nullopt if the text needs
+// no change.
 std::optional<std::string> parsableJson(std::string_view text);
 
 } // namespace glidemap

@@ -17,8 +17,8 @@ namespace glidemap {
 std::string keyWords(std::uint16_t keyCode, const Lang& lang,
                      KeyboardKind keyboard = usualKeyboard());
 
-// Returns the key's label in shortcut texts, such as "→". Empty if only the key's number identifies
-// it.
+// Returns the key's label in shortcut texts, such as "→". Empty for a key without a label, which
+// shortcut texts show by its number.
 std::string keyLabel(std::uint16_t keyCode);
 
 // Returns the name of a single modifier bit, such as "Ctrl" or "Control".

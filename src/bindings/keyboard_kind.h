@@ -1,6 +1,6 @@
 // The kind of keyboard, which determines the names of its keys.
 //
-// Thread:  any; the platform sets the default kind once, on startup.
+// Thread:  any; the platform sets the usual kind once, on startup.
 // Errors:  none.
 #pragma once
 
@@ -13,7 +13,7 @@ enum class KeyboardKind : std::uint8_t {
     pc,    // Ctrl, Alt, Shift, Super
 };
 
-// The default is `apple`.
+// The keyboard that the program assumes; initially `apple`.
 void setUsualKeyboard(KeyboardKind kind);
 KeyboardKind usualKeyboard();
 

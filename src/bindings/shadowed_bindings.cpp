@@ -10,7 +10,8 @@ namespace glidemap {
 
 namespace {
 
-// Scopes match by the application's identifier only.
+// The gesture, and the application's identifier or nullopt for all applications. The application's
+// name does not matter for matching.
 using Trigger = std::pair<GestureType, std::optional<std::string>>;
 
 Trigger triggerOf(const GestureBinding& binding) {

@@ -29,8 +29,8 @@ std::string joined(std::uint64_t held, KeyboardKind keyboard, char between) {
     return names;
 }
 
-// Returns the label of a key, or words for a key without a label, because its number does not
-// identify it to the user.
+// Returns the key's label. For a key without a label, returns words instead of the number, which
+// means nothing to the user.
 std::string labelOrWords(std::uint16_t keyCode, KeyboardKind keyboard) {
     static const Lang english{nullptr};
     const std::string label = keyLabel(keyCode);

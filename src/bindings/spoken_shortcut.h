@@ -25,8 +25,8 @@ std::string modifierSymbols(std::uint64_t modifiers);
 std::string spokenShortcut(const KeyShortcut& shortcut, const Lang& lang,
                            KeyboardKind keyboard = usualKeyboard());
 
-// Returns the shortcut in the notation of this kind of keyboard, such as "Alt+Super+→". Empty if
-// that equals the notation in symbols.
+// Returns the shortcut in the notation of this kind of keyboard, such as "Alt+Super+→". Empty for
+// an Apple keyboard, whose notation is displayString().
 std::string writtenShortcut(const KeyShortcut& shortcut, KeyboardKind keyboard = usualKeyboard());
 
 } // namespace glidemap

@@ -12,7 +12,7 @@ std::uint64_t Chance::next() {
 }
 
 double Chance::between(double low, double high) {
-    // the number of distinct doubles in [0, 1) that next() can produce
+    // the number of distinct values of `part` in [0, 1)
     constexpr double steps = 0x1p53;
     const double part = static_cast<double>(next() >> 11U) / steps;
     return low + (high - low) * part;

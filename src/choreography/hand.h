@@ -16,8 +16,8 @@ using Places = std::vector<PadPoint>;
 // fingers, one end of the arc is the thumb, which lies lower.
 Places handLayout(int count, Chance& chance);
 
-// Places a layout on the pad so that every finger is on the pad before and after moving by `displacement`.
-// Centres a layout that does not fit.
+// Places a layout on the pad so that every finger is on the pad before and after moving by
+// `displacement`. Centres a layout that does not fit.
 Places placeOnPad(const Places& layout, PadPoint displacement, Chance& chance);
 
 // Returns the maximum fraction of `displacement`, up to 1, for which placeOnPad() has room.

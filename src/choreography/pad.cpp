@@ -35,7 +35,7 @@ public:
 
     bool isSeen(double time) const { return !isGone && time >= finger->down - hover; }
 
-    // Returns the contact's record in a report at `time`. The contact must be in range.
+    // Returns the contact's record in a report at `time`. isSeen(time) must be true.
     MTTouch record(double time, Chance& chance) {
         const MTTouchState state = advance(time);
         const PadPoint place = placeAt(time, chance);
@@ -90,7 +90,8 @@ private:
 
 std::vector<Contact> contactsOf(const Fingers& fingers, Chance& chance) {
     const bool seesHovering = chance.oneIn(2);
-    // the pad's contact counter keeps running between performances
+    // the first identifier is random, because a pad's contact counter keeps running between
+    // performances
     auto identifier = static_cast<std::int32_t>(chance.between(1, 200));
     std::vector<Contact> contacts;
     contacts.reserve(fingers.size());

@@ -1,5 +1,6 @@
 // A simulated touchpad. Samples the fingers at its own rate and reports them with the jitter of
-// fingertips and electronics.
+// fingertips and electronics. In this timeline, each number is the state of the contact in one
+// report (MTTouchState):
 //
 //   finger    . . . . . ┌───── down ─────┐. . . . .
 //   reports   2   2   2   3   4   4   4   2   2   7        a pad that reports hovering fingers

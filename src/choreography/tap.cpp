@@ -36,7 +36,7 @@ double addTap(Fingers& fingers, const Places& places, double time, double maxDur
     return latest(up);
 }
 
-// Returns positions for the second tap of a double tap, close to the first.
+// Returns positions for the second tap of a double tap, close to those of the first tap.
 Places nearby(const Places& places, Chance& chance) {
     const PadPoint shift = {0.02 * chance.wobble(), 0.02 * chance.wobble()};
     Places result;

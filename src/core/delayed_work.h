@@ -2,8 +2,8 @@
 //
 // Units:   delays in seconds of real time, or of the virtual time of a test or a replay.
 // Thread:  any thread may schedule and cancel; items run on a thread of the implementation.
-// Owner:   the scheduling code and the cancelling code share the item. Releasing it does not cancel
-//          it.
+// Owner:   the scheduling code and the cancelling code share the item. Releasing an item does not
+//          cancel it.
 #pragma once
 
 #include <atomic>
@@ -43,7 +43,7 @@ public:
     virtual void schedule(std::shared_ptr<WorkItem> item, double delay) = 0;
 
     // Waits for the running item, if any (unless called from that item), and releases pending items
-    // without running them. No item runs after it returns, until the next schedule().
+    // without running them. After stop() has returned, no item runs until the next schedule().
     virtual void stop() = 0;
 };
 

@@ -1,8 +1,8 @@
 // The fixed list of the 48 gestures that can be recognised and bound.
 //
 // Bindings files store the raw values, so raw values never change. The list deliberately has no
-// one-finger tap and no five-finger double tap, click or long press. Pinches and rotations have no
-// finger counts.
+// one-finger tap and no five-finger double tap, click or long press. Pinches and rotations exist
+// for two fingers only.
 //
 // Thread:  any; the texts are in the language that is current when the function is called,
 //          unless the caller names another.
@@ -91,8 +91,7 @@ enum class GestureDirection : std::uint8_t {
     outwards,
 };
 
-// Everything about a gesture except its one-sentence detail, which the gestures of a category
-// share.
+// Everything about a gesture except its detail text, which similar gestures share.
 struct GestureRow {
     GestureType type;
     std::string_view rawValue;
@@ -260,7 +259,7 @@ std::optional<GestureType> gestureTypeFromRawValue(std::string_view rawValue);
 std::string displayName(GestureType gesture);
 std::string displayName(GestureType gesture, const Lang& lang);
 
-// One sentence that describes how to make the gesture and which system gestures it may conflict
+// A short text that describes how to make the gesture and which system gestures it may conflict
 // with.
 std::string detail(GestureType gesture);
 std::string detail(GestureType gesture, const Lang& lang);

@@ -1,10 +1,10 @@
-// The language of the interface. Code that displays a text passes its English and its Simplified
-// Chinese version; choose() returns the one in the current language.
+// The language of the interface. The caller of choose() passes a text in English and in Simplified
+// Chinese and receives the one in the current language.
 //
-// Thread:  the main thread writes `code`; any thread may read it and gets either the old
+// Thread:  the main thread sets the language code; any thread may read it and gets either the old
 //          code or the new one.
 // Owner:   the process (`Lang::shared()`); tests create their own.
-// Errors:  none. Any text is accepted as the code; only "zh" selects Chinese.
+// Errors:  none. Any text is accepted as the language code; only "zh" selects Chinese.
 #pragma once
 
 #include "core/observable.h"
@@ -19,11 +19,11 @@ namespace glidemap {
 
 class Lang {
 public:
-    // Reads the stored code. Does not write it.
+    // Reads the stored language code. Does not write it.
     explicit Lang(std::shared_ptr<UserDefaults> store);
 
-    // Sets where the shared instance stores its code. Call before the first shared(); without it
-    // the code is lost on exit.
+    // Sets where the shared instance stores its code. Call before the first shared(). Without this
+    // call, the code is lost on exit.
     static void configureShared(std::shared_ptr<UserDefaults> store);
     static Lang& shared();
 

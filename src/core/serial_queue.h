@@ -1,4 +1,4 @@
-// Port: runs tasks one after another, in order of submission, on another thread than the caller's.
+// Port: runs tasks one after another, in order of submission, on a thread other than the caller's.
 //
 // Thread:  any thread may call; the tasks run on one thread at a time.
 // Errors:  none. When the queue is full, submit() blocks until there is room; only stop()
@@ -27,7 +27,7 @@ public:
     virtual void defer(Task task) { submit(std::move(task)); }
 
     // Waits for the running task, if any (unless called from that task), and destroys pending tasks
-    // without running them. No task runs after it returns, until the next submit().
+    // without running them. After stop() has returned, no task runs until the next submit().
     virtual void stop() = 0;
 };
 

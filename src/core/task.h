@@ -17,7 +17,8 @@ namespace glidemap {
 
 class Task {
 public:
-    // Holds a frame, its recognizers and the pool that the frame returns to.
+    // Enough for a frame, its change number and a weak reference to the engine, with some room to
+    // spare.
     static constexpr std::size_t capacity = 96;
 
     Task() = default;

@@ -1,8 +1,8 @@
 // A universally unique identifier: a random UUID.
 //
 // Thread:  any; a plain value.
-// Errors:  parsing returns nullopt unless the text is in the 36-character hyphenated form,
-//          in either case.
+// Errors:  parsing returns nullopt unless the text is in the 36-character hyphenated form, in upper
+//          or lower case.
 #pragma once
 
 #include <array>

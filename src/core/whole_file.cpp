@@ -161,8 +161,8 @@ TemporaryFile::Attempt TemporaryFile::make() {
     return lock() && isCurrent() ? Attempt::done : Attempt::busy;
 }
 
-// Handles an existing file. It belongs to another writer, or a killed writer left it behind without
-// a lock.
+// Handles an existing temporary file. It belongs to another writer, or a killed writer left it
+// behind without a lock.
 TemporaryFile::Attempt TemporaryFile::removeLeftover() {
     // Without O_NONBLOCK, opening a pipe would block until its other end is open.
     constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;

@@ -60,7 +60,8 @@ void ActionRunner::launchApp(const std::string& bundleID) {
     }
 }
 
-// The system may report a refusal after this runner is destroyed.
+// Refers weakly to the ports, because the system may report a refusal after this runner is
+// destroyed.
 void ActionRunner::lockScreen() {
     if (!canLock) {
         canLock = ports.screenLock->find();

@@ -43,7 +43,8 @@ ClickTap::Verdict ClickMonitor::decide(const ClickEvent& event) {
     case ClickEventType::leftMouseDown:
     case ClickEventType::rightMouseDown:
         if (!isConsumed()) {
-            // While the tap was disabled, it may have missed the release of an earlier press.
+            // While the tap was disabled, it may have missed the release of an earlier press, whose
+            // button is then still in the list.
             swallowUpForButton.erase(event.button);
             return ClickTap::Verdict::pass;
         }

@@ -14,7 +14,7 @@ bool isDirectedCircle(GestureType gesture) {
            direction(gesture) != GestureDirection::any;
 }
 
-// Logs the application's identifier. Its name can be a window title.
+// Logs the application's identifier, not its name, which can be a window title.
 void logDecision(GestureType gesture, const std::optional<std::string>& application,
                  const GestureBinding* binding) {
     if (isLogging()) {

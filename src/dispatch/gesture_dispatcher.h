@@ -65,7 +65,8 @@ public:
     // Restores the master switch from its stored value; the default is on.
     static std::shared_ptr<GestureDispatcher> create(Ports ports);
 
-    // Returns whether a binding was found. Its action runs only if `execute` is true.
+    // Returns whether a binding was found that may run now. Its action runs only if `execute` is
+    // true.
     bool handle(GestureType gesture, bool execute);
 
     // Returns whether a binding was found and its action will run. The caller then consumes the

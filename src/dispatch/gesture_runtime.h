@@ -52,7 +52,7 @@ public:
 
     void start();
 
-    // Idempotent; cannot be restarted.
+    // Idempotent. Changes of the session then have no effect until the next start().
     void stop();
 
     // Call this when touchpads may have been attached or the program may have gained access to

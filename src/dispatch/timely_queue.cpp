@@ -31,8 +31,8 @@ private:
     std::multiset<Time> since;
 };
 
-// The task waits until this object is destroyed: after the task has run, or when the main queue
-// discards it.
+// The task counts as waiting until this object is destroyed: just before the task runs, or when the
+// main queue discards it.
 struct TimelyQueue::Submitted {
     Submitted(std::shared_ptr<Waiting> waiting, Time time, IfLate ifLate,
               std::function<void()> work)

@@ -1,12 +1,12 @@
-// Calls the touch driver; no other code calls it. Loads the driver by path, registers with its devices
-// on start and on request, and copies each report to one sink.
+// Calls the touch driver: loads it by path, registers with its devices on start and on request, and
+// copies each report to one sink.
 //
 // Thread:  construction, start(), lookForDevices() and stop() on the main thread;
 //          contactCallback on the driver's thread.
 // Owner:   the process (`MultitouchDeviceManager::shared()`); tests and tools create their
 //          own, one at a time, because all instances share the sink.
-// Errors:  never fatal. loadError() returns the text in Simplified Chinese, in both interface
-//          languages. After a failure start() does nothing.
+// Errors:  never fatal. The text of loadError() is in Simplified Chinese, whatever the language of
+//          the interface. After a failure, start() does nothing.
 #pragma once
 
 #include "core/observable.h"
@@ -29,7 +29,7 @@ struct TouchDriverPlatform {
     };
 
     std::string libraryPath;
-    // Resolves the two functions. `handle` is that of the loaded driver.
+    // Resolves the two functions in the loaded driver, whose handle from dlopen() is `handle`.
     std::function<ListAccess(void* handle)> listAccess;
 };
 
@@ -47,8 +47,8 @@ public:
     static void configureShared(TouchDriverPlatform platform);
     static MultitouchDeviceManager& shared();
 
-    // Replaces the sink for all reports; an empty sink drops them. If it is called during a report,
-    // that report still reaches the previous sink.
+    // Replaces the sink for all reports; an empty sink drops them. A report that is being delivered
+    // during the call may still reach the previous sink.
     static void setFrameSink(FrameSink sink);
 
     // The callback registered with every device. Always returns 0.
@@ -73,10 +73,11 @@ public:
 
     const std::optional<std::string>& loadError() const { return _loadError; }
 
-    // Notifies after each scan for devices, regardless of the result.
+    // Notifies after each lookForDevices(), regardless of the result.
     Observable& changes() const { return observers; }
 
-    // Returns a function that only some drivers export, or null. Used by platform code.
+    // Returns a function that only some drivers export, or null. Used by platform code and by the
+    // tools.
     void* optionalSymbol(const char* name) const;
 
 private:

@@ -5,8 +5,8 @@
 
 namespace glidemap {
 
-// The usual ratio of a pad's width to its height. Shapes and rotations are computed in a space whose
-// x axis is stretched by this factor, so that they have the right form on the physical pad.
+// The usual ratio of a pad's width to its height. Shapes and rotations are computed in a space
+// whose x axis is stretched by this factor, so that they have the right form on the physical pad.
 inline constexpr double padAspect = 1.35;
 
 struct PadPoint {

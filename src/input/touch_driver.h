@@ -50,14 +50,14 @@ using SetButtonCallback = void (*)(ButtonCallback callback);
 inline constexpr const char* setButtonCallbackSymbol = "GlidemapSetButtonCallback";
 
 // Optional, in the evdev driver: returns the number of touchpads that the last MTDeviceCreateList
-// found but could not open.
+// found but that this user may not read.
 using UnreadableTouchpadCount = std::int32_t (*)();
 
 inline constexpr const char* unreadableTouchpadCountSymbol = "GlidemapUnreadableTouchpadCount";
 
 // Optional, in the replay driver: passes one report to the callback of a started device, on the
-// caller's thread. For a player with its own clock. After a call to `enable`, creating the list
-// returns one device without a recording or a thread.
+// caller's thread. For a player with its own clock. After a call to EnablePushing, creating the
+// list returns one device without a recording or a thread.
 using EnablePushing = void (*)();
 using Push = void (*)(const MTTouch* records, std::int32_t count, double timestamp);
 

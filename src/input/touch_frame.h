@@ -31,7 +31,7 @@ struct TouchFrame {
     double timestamp = 0; // the time of the report
     std::vector<TouchPoint> touches;
 
-    // Returns the touching fingers, in order. Empty if no finger touches the pad.
+    // Returns the touching fingers, in the order of the report. Empty if no finger touches the pad.
     std::vector<TouchPoint> touching() const;
 };
 

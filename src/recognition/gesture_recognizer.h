@@ -1,9 +1,9 @@
 // The touch engine's interface to a recognizer: a callback for gestures and one call for each
 // frame.
 //
-// Thread:  process() on the engine's queue only, in the order of the reports; forget()
-//          while that queue is idle. The callback is set before the first frame and runs on the
-//          thread on which the recognizer reports.
+// Thread:  process() on the engine's queue only, in the order of the reports; forget() while that
+//          queue is idle. The callback is set before the first frame and runs on the engine's queue
+//          or on the thread of delayed work.
 // Owner:   the engine, shared with work that is still queued.
 #pragma once
 

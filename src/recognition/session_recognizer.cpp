@@ -18,8 +18,8 @@ namespace glidemap {
 
 namespace {
 
-// Seconds and normalised units. A tap may drift farther than a corner tap but less than a long
-// press, because a finger rolls more the longer it rests.
+// Seconds and normalised units. A tap may drift less than a long press, because a finger rolls more
+// the longer it rests.
 constexpr double maxTapDuration = 0.3;
 constexpr double maxTapDrift = 0.035;
 constexpr double doubleTapInterval = 0.45;
@@ -125,7 +125,7 @@ void SessionRecognizer::readFingers(const TouchFrame& frame) {
         fingers.push_back(touch);
         fingerIds.push_back(touch.id);
     }
-    // Drivers report the fingers in a stable order, usually sorted by id.
+    // Drivers usually report the fingers sorted by id, so this sort is rarely needed.
     if (!std::ranges::is_sorted(fingerIds)) {
         std::ranges::sort(fingerIds);
     }
@@ -140,8 +140,8 @@ void SessionRecognizer::follow(const TouchPoint& finger, double time) {
     }
 }
 
-// Ends the track of every finger that is missing from the frame. Each finger is removed from the
-// live fingers before its end is checked; the others that end in the same frame still count as
+// Ends the track of every finger that is missing from the frame. Removes each finger from the live
+// fingers before it checks for a hold and tap. Fingers that come later in the loop still count as
 // live.
 void SessionRecognizer::endLiveTracks(double time) {
     liveIndex.collectMissing(fingerIds, liftedFingers);
@@ -278,7 +278,7 @@ bool SessionRecognizer::allLiveTracksRest(double time) const {
 }
 
 // Called when a finger lifts: reports a short, still tap beside a resting finger. Ignores
-// `consumed`, because each further tap is reported while the other finger stays down.
+// `consumed`, because every further tap is reported as long as the resting finger stays down.
 void SessionRecognizer::checkFixAndTap(std::size_t endedIndex) {
     const Track& tap = tracks[endedIndex];
     if (!(tap.endTime - tap.startTime <= maxFixedTapDuration) ||

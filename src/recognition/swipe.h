@@ -4,7 +4,7 @@
 // tap. No finger moves against the others, and one axis clearly dominates.
 //
 // Units:   raw normalised positions; seconds.
-// Errors:  none; returns nullopt if the movement is not a swipe or if the catalogue has no
+// Errors:  none; returns nullopt if the movement is not a swipe, or if no gesture exists for a
 //          swipe with this number of fingers.
 #pragma once
 

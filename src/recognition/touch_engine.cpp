@@ -12,7 +12,7 @@ namespace glidemap {
 
 namespace {
 
-// Room for a whole hand, so that an array need not grow when it is reused.
+// Room for more than two hands, so that an array need not grow when it is reused.
 constexpr std::size_t usualTouches = 16;
 
 std::function<TouchEngine::Ports()>& sharedPorts() {
@@ -64,8 +64,8 @@ void TouchEngine::start() {
         });
     ports.deviceManager->start();
     // The device manager's start() does not scan again if an earlier start found no device. Do not
-    // scan while devices run: the trackpad framework creates new objects for each list, so running
-    // devices would look new.
+    // scan while devices run: macOS's trackpad framework creates new objects for each list, so
+    // running devices would look new.
     if (std::exchange(hasStarted, true) && !ports.deviceManager->isRunning()) {
         ports.deviceManager->lookForDevices();
     }

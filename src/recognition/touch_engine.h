@@ -107,7 +107,8 @@ private:
     mutable std::mutex touchCountLock;
     int _touchingCount = 0;
     FingerChanges fingerChanges; // guarded by touchCountLock, like the count
-    // The finger change after which all recognizers wait for the next change, or noChange.
+    // The number of the finger change after which all recognizers wait for the next one, or
+    // noChange.
     std::atomic<std::uint64_t> awaitedChange = noChange;
     std::atomic<double> lastFireTime = 0;
     bool hasStarted = false;

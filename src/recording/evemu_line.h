@@ -41,7 +41,7 @@ private:
     std::optional<std::string> addAxis(std::string_view fields);
 
     PadCapabilities _device;
-    unsigned propertyBits = 0; // of all P lines so far
+    unsigned propertyBits = 0; // number of bits in all P lines so far
 };
 
 // Parses an `E:` line. Returns an error message, or nullopt on success.

@@ -36,7 +36,7 @@ public:
     // Returns the line that follows the next `lines` lines, without consuming it.
     std::optional<std::string_view> lookAhead(std::size_t lines);
 
-    // The number of the line that next() returned last, from 1.
+    // The number of the line that next() most recently returned. The first line has the number 1.
     std::int64_t number() const { return _number; }
 
     RecordingError errorHere(std::string message) const {
@@ -56,7 +56,7 @@ private:
     std::string _name;
     std::vector<char> buffer;
     std::deque<std::string> ahead;
-    std::string taken; // the line that next() took from `ahead` last
+    std::string taken; // the line that next() most recently took from `ahead`
     std::int64_t _number = 0;
     bool atStart = true;
     std::optional<RecordingError> _error;

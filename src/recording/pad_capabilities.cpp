@@ -8,7 +8,7 @@ namespace glidemap {
 
 namespace {
 
-// Pads have less than a tenth of these slots. A description with more slots is invalid.
+// Real touchpads have fewer than a tenth of these slots. A description with more slots is invalid.
 constexpr std::int32_t maxSlot = 255;
 
 std::optional<AxisRange> axis(const PadCapabilities& device, std::uint16_t code) {

@@ -22,7 +22,7 @@ struct Report {
     std::vector<MTTouch> touches;
 };
 
-// A physical mouse button: 0 left, 1 right, 2 middle.
+// A physical button of the touchpad: 0 left, 1 right, 2 middle.
 struct ButtonRecord {
     double time = 0;
     std::int32_t button = 0;

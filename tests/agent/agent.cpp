@@ -1,8 +1,8 @@
 // glidemap-agent [--never-ask]: Glidemap without its interface, for tests and measurements.
 //
-// Prints "ready" when all services have started, then a line for each entry of the gesture log,
-// "twoFingerTap → Lock Screen @ Firefox". SIGTERM and SIGINT end it normally, with status 0. With
-// --never-ask it does not ask the user for missing access.
+// Prints "ready" when all services have started, then a line for each entry of the gesture log, for
+// example "twoFingerTap → Lock Screen @ Firefox". SIGTERM and SIGINT end it normally, with status
+// 0. With --never-ask it does not ask the user for missing access.
 #include "core/gesture_type.h"
 #include "headless_glidemap.h"
 #include "platform/qt/termination_signals.h"

@@ -32,7 +32,7 @@ const test::ServiceDescription logind{
     "<interface name='org.freedesktop.login1.Session'><method name='Lock'/>"
     "<property name='LockedHint' type='b' access='read'/></interface>"};
 
-// The session locks on request and reports it.
+// Makes the session lock on request and report it.
 void lockOnRequest(FakeService& manager) {
     manager.answer("Lock", [&manager] {
         manager.setAndAnnounce("LockedHint", true, "org.freedesktop.login1.Session",

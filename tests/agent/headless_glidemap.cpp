@@ -53,7 +53,8 @@ void HeadlessGlidemap::makeDispatcher() {
     toLog = dispatcher->changes().subscribe({}, [this] { notifyNewEntry(); });
 }
 
-// Changes of the master switch notify, too. Entries arrive one at a time.
+// The dispatcher also reports changes of the master switch, which add no entry. It reports each new
+// entry separately, so only the newest one must be checked.
 void HeadlessGlidemap::notifyNewEntry() {
     const auto& events = dispatcher->recentEvents();
     if (!events.empty() && events.front().id != lastNotified) {

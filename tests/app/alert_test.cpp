@@ -76,14 +76,14 @@ TEST_F(AlertTest, ReturnPressesTheFirstButtonAndEscapeTheLast) {
     for (const Row& row : {Row{Qt::Key_Return, true}, Row{Qt::Key_Escape, false}}) {
         Alert alert(question, lang);
         alert.show();
-        lang.setCode("zh"); // keeps the buttons and their roles
+        lang.setCode("zh"); // must keep the buttons and their roles
         QTest::keyClick(&alert, row.key);
         EXPECT_FALSE(alert.isVisible()) << row.key;
         EXPECT_EQ(alert.isFirstButtonChosen(), row.first) << row.key;
     }
 }
 
-// What alerts without a choice have in common: texts in both languages, and one button.
+// The properties of all alerts without a choice: texts in both languages, and one button.
 TEST_F(AlertTest, EachMessageExistsInBothLanguages) {
     for (AlertText (*text)(const Lang&) : {noStatusBarText, unansweredText, withoutLockText}) {
         lang.setCode("en");

@@ -88,7 +88,7 @@ TEST_F(AppDelegateTest, LaunchRunsItsStepsInOrder) {
                             "clicks on", "settings window", "activate Glidemap"));
 }
 
-TEST_F(AppDelegateTest, TerminationStopsTouchesThenClicksOnlyOnce) {
+TEST_F(AppDelegateTest, TerminationStopsTouchesAndClicksAndIsIdempotent) {
     launch();
     EXPECT_TRUE(stage->receivesTouches());
     stage->delegate->applicationWillTerminate();
@@ -122,7 +122,7 @@ TEST_F(AppDelegateTest, BackgroundSessionIgnoresTouchesAndClicks) {
     EXPECT_THAT(stage->takeNotes(), IsSupersetOf({"touches", "click tap", "clicks on"}));
 }
 
-TEST_F(AppDelegateTest, DeviceChangeRestartsTouches) {
+TEST_F(AppDelegateTest, DeviceChangeLooksForTouchDevicesAgain) {
     launch();
     stage->delegate->devicesMayHaveChanged();
     EXPECT_THAT(stage->takeNotes(), ElementsAre("touches"));
@@ -222,7 +222,7 @@ TEST_F(AppDelegateTest, CallbacksDoNothingAfterTheDelegateIsDestroyed) {
 
 // The status menu.
 
-TEST_F(AppDelegateTest, StatusMenuTitlesAreEmptyUntilItOpens) {
+TEST_F(AppDelegateTest, StatusMenuItemsHaveNoTitlesUntilTheMenuOpens) {
     launch();
     EXPECT_EQ(stage->titles(), (Texts{"", "-", "", "", "-", ""}));
     EXPECT_EQ(stage->statusItem->menu().actions().size(), 7);
@@ -250,7 +250,7 @@ TEST_F(AppDelegateTest, StatusMenuTitlesUseTheCurrentLanguage) {
     EXPECT_EQ(stage->titles(), chinese);
 }
 
-TEST_F(AppDelegateTest, NewerVersionIsOfferedWhenTheMenuOpensNext) {
+TEST_F(AppDelegateTest, NewerVersionIsOfferedTheNextTimeTheMenuOpens) {
     launch();
     stage->publish("1.3");
     EXPECT_FALSE(stage->item(4).isVisible());
@@ -297,7 +297,7 @@ TEST_F(AppDelegateTest, ShellIsNotifiedWhenGesturesAreSwitchedOnOrOff) {
     EXPECT_EQ(stage->shell->gestureStates.back(), false);
 }
 
-TEST_F(AppDelegateTest, TogglingTwiceRestoresTheState) {
+TEST_F(AppDelegateTest, MenuSwitchesGesturesOffAndOnAgain) {
     launch();
     stage->openMenu();
     EXPECT_TRUE(stage->item(0).isChecked());
@@ -313,7 +313,7 @@ TEST_F(AppDelegateTest, TogglingTwiceRestoresTheState) {
     EXPECT_EQ(masterEnabled(), true);
 }
 
-TEST_F(AppDelegateTest, CheckMarkShowsTheMasterSwitchOfTheLastRun) {
+TEST_F(AppDelegateTest, CheckMarkShowsTheMasterSwitchStateOfThePreviousRun) {
     stage->defaults->storedBooleans["masterEnabled"] = false;
     relaunch();
     stage->openMenu();
@@ -384,7 +384,7 @@ TEST_F(AppDelegateTest, MissingStatusBarIsReportedOnceAndTheNoticeClosesWhenABar
 }
 
 // The user may be typing in another program.
-TEST_F(AppDelegateTest, MissingStatusBarReportWaitsUntilTheWindowIsInFront) {
+TEST_F(AppDelegateTest, ReportOfAMissingStatusBarWaitsUntilTheWindowIsInFront) {
     launch();
     stage->window->close();
     stage->statusItem->onMissing();
@@ -397,7 +397,7 @@ TEST_F(AppDelegateTest, MissingStatusBarReportWaitsUntilTheWindowIsInFront) {
     EXPECT_EQ(notice(), nullptr) << "it is shown once";
 }
 
-TEST_F(AppDelegateTest, PendingReportIsDroppedWhenAStatusBarAppears) {
+TEST_F(AppDelegateTest, PendingReportOfAMissingStatusBarIsDroppedWhenABarAppears) {
     launch();
     stage->window->close();
     stage->statusItem->onMissing();
@@ -469,7 +469,7 @@ TEST_F(AppDelegateTest, EditMenuActsOnTheFocusedWidget) {
     other.setFocusPolicy(Qt::StrongFocus);
     other.show();
     other.setFocus();
-    choose(paste); // read-only
+    choose(paste); // a plain widget has no paste command
     EXPECT_EQ(field.text(), "");
 }
 
@@ -526,7 +526,7 @@ protected:
     const Fetched unreachable{"", "Host not found: the system's words"};
 };
 
-TEST_F(UpdateAlertTest, EachOutcomeHasItsTexts) {
+TEST_F(UpdateAlertTest, AlertTextsMatchTheOutcomeInEnglish) {
     launch();
     EXPECT_EQ(checkAnd(unreachable, "OK"),
               (Shown{"Update check failed",
@@ -541,7 +541,7 @@ TEST_F(UpdateAlertTest, EachOutcomeHasItsTexts) {
                      {"Download", "Later"}}));
 }
 
-TEST_F(UpdateAlertTest, EachOutcomeHasItsChineseTexts) {
+TEST_F(UpdateAlertTest, AlertTextsMatchTheOutcomeInChinese) {
     launch();
     stage->lang.setCode("zh");
     EXPECT_EQ(checkAnd(unreachable, "好"),
@@ -573,7 +573,7 @@ TEST_F(UpdateAlertTest, OpenAlertFollowsTheLanguage) {
               (Shown{"发现新版本", "Glidemap v1.3 已发布（当前 v1.2）。", {"前往下载", "稍后"}}));
 }
 
-TEST_F(UpdateAlertTest, UnknownRunningVersionShowsUpToDateWithoutARequest) {
+TEST_F(UpdateAlertTest, UnknownRunningVersionIsShownAsUpToDateWithoutARequest) {
     stage->runningVersion = std::nullopt;
     relaunch();
     EXPECT_EQ(checkAnd(unreachable, "OK"),

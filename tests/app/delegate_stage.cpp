@@ -21,8 +21,8 @@ QIcon anyIcon() {
 
 DelegateStage* DelegateStage::current = nullptr;
 
-// A complete driver. The manager queries the device count only on start, so each query records a
-// start.
+// Returns a complete driver. The manager queries the device count only when it starts, so each
+// query is noted as a start.
 TouchDriverPlatform DelegateStage::driver() {
     return {TEST_DRIVER, [](void*) {
                 return TouchDriverPlatform::ListAccess{

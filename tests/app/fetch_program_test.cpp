@@ -56,7 +56,7 @@ TEST_F(FetchProgramTest, ReturnsStandardOutputAsTheBody) {
     EXPECT_FALSE(fetched.transportError);
 }
 
-TEST_F(FetchProgramTest, FailureReturnsStandardErrorAsTheErrorWithTheBody) {
+TEST_F(FetchProgramTest, FailureReturnsTheBodyAndTheErrorMessageFromStandardError) {
     const Fetched fetched = fetchBy(script("printf half; echo 'cut off' >&2; exit 1"));
     EXPECT_EQ(fetched.body, "half");
     EXPECT_EQ(fetched.transportError, "cut off");

@@ -1,4 +1,4 @@
-// Checks against a real server.
+// Tests update checks with a real server.
 #include "app/https_fetch.h"
 #include "app/update_checker.h"
 #include "application.h"
@@ -60,7 +60,7 @@ protected:
         EXPECT_FALSE(error->text.empty());
     }
 
-    // A version that the checker must keep.
+    // Returns a checker that has already found this version.
     std::shared_ptr<UpdateChecker> checkerThatKnows(const std::string& version) {
         server.setAnswer(ok(manifest(version)));
         auto checker = checkerRunning("1.2");
@@ -127,7 +127,7 @@ TEST_F(HttpsCheckTest, InvalidManifestIsABadResponseAndKeepsTheKnownVersion) {
     }
 }
 
-TEST_F(HttpsCheckTest, FailureOfABackgroundCheckIsSilent) {
+TEST_F(HttpsCheckTest, FailureOfABackgroundCheckDoesNotNotifyObservers) {
     const auto checker = checkerThatKnows("1.3");
     server.setAnswer(ok(R"({"version": 2})"));
     const auto watch = checker->changes().subscribe([] { ADD_FAILURE() << "announced"; });
@@ -230,7 +230,7 @@ TEST_F(HttpsCheckTest, CheckCompletesAfterTheCheckerIsDestroyed) {
     expectNewer("1.2.1", results.front());
 }
 
-TEST_F(HttpsCheckTest, GigabyteBodyIsCutOffEarlyAndFails) {
+TEST_F(HttpsCheckTest, DownloadOfAGigabyteBodyIsStoppedEarlyAndTheCheckFails) {
     const auto checker = checkerThatKnows("1.3");
     constexpr qint64 gigabyte = 1'000'000'000;
     for (const std::string& length :

@@ -196,7 +196,7 @@ TEST_F(HttpsFetchTest, TrustsOnlySystemCertificateAuthoritiesByDefault) {
     EXPECT_TRUE(server.requests().empty());
 }
 
-TEST_F(HttpsFetchTest, ServerWithoutTlsFails) {
+TEST_F(HttpsFetchTest, FetchFromAServerWithoutTlsFails) {
     QTcpServer plain;
     ASSERT_TRUE(plain.listen(QHostAddress::LocalHost));
     QObject::connect(&plain, &QTcpServer::newConnection, &plain, [&] {
@@ -263,7 +263,7 @@ TEST_F(HttpsFetchTest, SlowEndlessServerHitsTheTotalTimeout) {
 
 // All letters together take longer than the silence timeout, but each pause is shorter. On a busy
 // machine the test repeats with longer times.
-TEST_F(HttpsFetchTest, SlowServerSucceedsIfItKeepsSending) {
+TEST_F(HttpsFetchTest, FetchFromASlowServerSucceedsIfTheServerKeepsSending) {
     HttpsFetchSetup setup = trusting();
     Fetched fetched;
     for (auto interval = 700ms; fetched.body != "xxxx" && 3 * interval <= test::maxTimeout;
@@ -319,7 +319,7 @@ TEST_F(HttpsFetchTest, EndlessResponseIsCutOff) {
         SCOPED_TRACE(row.what);
         const qint64 before = server.bytesTaken();
         HttpsFetchSetup setup = trusting();
-        setup.silence = 1s; // before the body the transfer has no size to check
+        setup.silence = 1s; // the only limit for an endless header
         server.setAnswer(test::pour(row.start, 1'000'000'000));
         expectNothing(fetch(setup));
         ASSERT_TRUE(Application::runUntil([&] { return server.connections() == 0; }));
@@ -327,7 +327,7 @@ TEST_F(HttpsFetchTest, EndlessResponseIsCutOff) {
     }
 }
 
-TEST_F(HttpsFetchTest, UnrequestedCompressionIsNotDecompressed) {
+TEST_F(HttpsFetchTest, BodyWithAnUnrequestedContentEncodingIsReturnedUnchanged) {
     server.setAnswer(respond("200 OK", "not really", "Content-Encoding: gzip\r\n"));
     EXPECT_EQ(fetch(trusting()).body, "not really");
 }

@@ -55,7 +55,7 @@ TEST_F(LoginItemManagerTest, RegistrationThatAwaitsApprovalIsOffWithoutAnError) 
     EXPECT_EQ(service.attempts, Attempts{"register"});
 }
 
-TEST_F(LoginItemManagerTest, RefusalShowsTheSystemErrorAndState) {
+TEST_F(LoginItemManagerTest, RefusalKeepsTheStateAndShowsTheSystemError) {
     service.refusal = "Permission denied";
     LoginItemManager manager(service);
     manager.setEnabled(true);
@@ -69,7 +69,7 @@ TEST_F(LoginItemManagerTest, RefusalShowsTheSystemErrorAndState) {
     EXPECT_EQ(service.attempts, (Attempts{"register", "unregister"}));
 }
 
-TEST_F(LoginItemManagerTest, ErrorIsNotTranslatedLater) {
+TEST_F(LoginItemManagerTest, ErrorTextIsNotTranslatedAfterALanguageChange) {
     service.refusal = "磁盘已满";
     LoginItemManager manager(service);
     {
@@ -92,7 +92,7 @@ TEST_F(LoginItemManagerTest, SuccessClearsTheErrorOfAnEarlierAttempt) {
     EXPECT_EQ(manager.lastError(), std::nullopt);
 }
 
-TEST_F(LoginItemManagerTest, RegistrationOfAnEarlierRunShowsAsOn) {
+TEST_F(LoginItemManagerTest, IsOnIfAnEarlierRunRegisteredTheLoginItem) {
     {
         LoginItemManager earlier(service);
         earlier.setEnabled(true);

@@ -59,7 +59,7 @@ TEST_F(StatusItemTest, IconFitsTheBarAndFollowsTheAppearance) {
     EXPECT_THAT(drawnFor, ElementsAre(Kind::embeds, Kind::embeds));
 }
 
-// A click that opens the menu is not reported.
+// Checks both activation reasons: a bar reports Context when it opens the menu itself.
 TEST_F(StatusItemTest, ClickIsReportedUnlessItOpensTheMenu) {
     for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {
         bar->become(Kind::none);
@@ -120,7 +120,7 @@ TEST_F(StatusItemTest, BarThatDrawsTheMenuShowsNoShortcuts) {
     }
 }
 
-TEST_F(StatusItemTest, BarThatStartsToDrawTheMenuGetsItsIconAndMenu) {
+TEST_F(StatusItemTest, BarThatStartsToDrawTheMenuGetsANewIconAndNoShortcuts) {
     const auto item = itemThatWaits(never);
     item->menu().addAction("one")->setShortcut(QKeySequence("Ctrl+Q"));
     bar->become(Kind::embeds);

@@ -162,7 +162,7 @@ TEST_F(UpdateCheckerTest, UnknownRunningVersionNotifiesNoObservers) {
     EXPECT_EQ(checker->latestVersion(), std::nullopt);
 }
 
-TEST_F(UpdateCheckerTest, ObserversAreNotifiedBeforeAndAfterASuccessAndBeforeTheCompletion) {
+TEST_F(UpdateCheckerTest, SuccessNotifiesObserversBeforeAndAfterTheChangeThenCallsTheCompletion) {
     const auto checker = running("1.2");
     const auto look = [&](const std::string& when) {
         return [this, when, &checker] {
@@ -180,7 +180,7 @@ TEST_F(UpdateCheckerTest, ObserversAreNotifiedBeforeAndAfterASuccessAndBeforeThe
                                "will: 1.3", "did: none", "none"}));
 }
 
-TEST_F(UpdateCheckerTest, LastCheckToEndWinsAndEachCompletionGetsItsOwnResult) {
+TEST_F(UpdateCheckerTest, ConcurrentChecksStoreTheVersionReceivedLastAndReportTheirOwnResults) {
     const auto checker = running("1.2");
     for (int check = 0; check < 3; ++check) {
         checker->check(note());
@@ -255,7 +255,7 @@ TEST_F(UpdateCheckerTest, TimerOfADestroyedCheckerDoesNothing) {
     EXPECT_TRUE(asked.empty());
 }
 
-TEST_F(UpdateCheckerTest, SecondStartCreatesASecondTimerAndReleasesOnlyTheFirst) {
+TEST_F(UpdateCheckerTest, SecondStartAddsATimerAndReleasesTheReferenceToTheFirstTimer) {
     const auto checker = running("1.2");
     checker->start();
     checker->start();
@@ -279,7 +279,7 @@ TEST_F(UpdateCheckerTest, VersionsAreComparedAsNumbers) {
     EXPECT_FALSE(UpdateChecker::isNewer("1.2.0", "1.2"));
 }
 
-// The real timer of the program, which the tests above replace.
+// Tests the real timer of the program. The tests above replace it.
 TEST(MainLoopTimerTest, TimerRepeatsAfterItsReferenceIsReleased) {
     const test::Application application;
     int ran = 0;

@@ -41,7 +41,7 @@ TEST(UpdateManifestTest, VersionIsReturnedUnchanged) {
     });
 }
 
-TEST(UpdateManifestTest, OtherKeysAreIgnored) {
+TEST(UpdateManifestTest, OnlyTheTopLevelVersionKeyIsRead) {
     expectVersions({
         {R"({"name": "x", "version": "1.0", "notes": null})", "1.0"},
         {R"({"Version": "2.0", "version ": "3.0", "version": "1.0"})", "1.0"},
@@ -53,7 +53,7 @@ TEST(UpdateManifestTest, OtherKeysAreIgnored) {
     });
 }
 
-TEST(UpdateManifestTest, LastDuplicateVersionWins) {
+TEST(UpdateManifestTest, LastOfSeveralVersionKeysIsUsed) {
     expectVersions({
         {R"({"version": "1.0", "version": "2.0"})", "2.0"},
         {R"({"version": 1, "version": "2.0"})", "2.0"},

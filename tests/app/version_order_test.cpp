@@ -95,7 +95,7 @@ std::string piecesOfZero(int count) {
     return version;
 }
 
-TEST(VersionOrderTest, MillionComponentsAreComparedToTheLast) {
+TEST(VersionOrderTest, AllOfAMillionComponentsAreCompared) {
     const std::string version = piecesOfZero(1'000'000);
     EXPECT_FALSE(isNewerVersion(version, ""));
     EXPECT_TRUE(isNewerVersion("0", version + "-1"));

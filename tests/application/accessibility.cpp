@@ -151,7 +151,8 @@ Accessibility::~Accessibility() {
     }
 }
 
-// Programs emit accessibility events only to registered listeners. An event ends a wait early.
+// Programs emit accessibility events only to registered listeners. On each event, waitUntil()
+// evaluates its condition at once.
 void Accessibility::connect(const std::string& address) {
     constexpr auto asClient =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |

@@ -56,7 +56,7 @@ public:
     // Invokes the control's action, as a screen reader does.
     bool act(const Control& control) const;
 
-    // Returns the control's shortcut, which works anywhere in its window; may be empty.
+    // Returns the keys that trigger the control's action; may be empty.
     std::string keysOf(const Control& control) const;
 
 private:

@@ -8,8 +8,8 @@ namespace glidemap::application {
 
 namespace {
 
-// English texts that a Chinese interface may contain: the entry for English in the language picker,
-// and the names of keys and commands.
+// English texts that a Chinese interface may contain: proper names, the entry for English in the
+// language picker, and the names of keys and commands.
 const std::regex& allowed() {
     static const std::regex words(
         "Glidemap|Mission Control|App|macOS|English|(⌃|⌥|⇧|⌘)+.|((Ctrl|Alt|Shift|Super)[ +])+.|"

@@ -66,7 +66,7 @@ void Hands::send(std::uint8_t type, std::uint8_t detail, int x, int y) const {
                         static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 0);
 }
 
-// Waits for a reply, which the server sends after all earlier requests.
+// Waits for a reply, which the server sends after it has handled all earlier requests.
 void Hands::settle() const {
     const Reply<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(
         display.connection(), xcb_get_input_focus(display.connection()), nullptr));

@@ -39,14 +39,15 @@ public:
     virtual Picture panel() const = 0;
     virtual Picture screen() const = 0;
 
-    // Starts this desktop's portal. Call this before `choose`.
+    // Starts this desktop's portal. Must be called before choose().
     virtual void startPortal() = 0;
     virtual void choose(ColorScheme scheme) const = 0;
 
     // Returns the items registered with the panel's watcher.
     std::vector<StatusHost::Item> items() const;
 
-    // Returns the command of a desktop program that keeps running.
+    // Returns the command of a program on this desktop, with a log file. `more` is added to the
+    // environment.
     desktops::Program::Command command(std::vector<std::string> words,
                                        const desktops::Environment& more = {}) const;
     std::unique_ptr<desktops::Program> start(std::vector<std::string> words,

@@ -1,4 +1,5 @@
-// Tests the status item in a real panel that supports both protocols.
+// Tests the status item in a real panel, which shows items from the message bus and also embeds
+// small windows (XEmbed).
 #include "application_test_base.h"
 #include "picture.h"
 #include "xfce_panel.h"
@@ -36,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(PanelTest, PanelShowsTheItemFromTheMessageBus) {
+TEST_F(PanelTest, PanelOnTheSameBusShowsTheItem) {
     Stage stage(Panel::absent);
     const XfcePanel panel(stage.display, stage.session);
     stage.session.waitForName("org.kde.StatusNotifierWatcher");

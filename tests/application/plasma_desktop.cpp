@@ -16,8 +16,9 @@ constexpr const char* daemonName = "org.kde.kded6";
 constexpr const char* socketName = "wayland-plasma";
 constexpr int thickness = 32;
 
-// One panel at the upper edge, which contains only the system tray. The tray adds only items of the
-// shell that it does not know, so all of them are listed as known.
+// One panel at the upper edge, which contains only the system tray. The tray adds those of the
+// shell's own items that it does not know yet. All of them are listed as known, so that it adds
+// none.
 constexpr const char* panelText = R"([Containments][1]
 activityId=
 formfactor=2

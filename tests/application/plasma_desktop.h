@@ -1,11 +1,11 @@
 // Plasma: its shell with a panel that has only the system tray, the daemon with the watcher, and
-// KDE's portal. The compositor is a window on the test's own X server, which takes its screenshots:
-// without a graphics card the compositor takes none.
+// KDE's portal. The compositor is a window on the test's own X server. The X server takes the
+// screenshots, because the compositor takes none without a graphics card.
 //
 // Units:   pixels from the compositor's top left corner.
 // Thread:  one.
 // Owner:   a test.
-// Errors:  as a PanelDesktop's.
+// Errors:  as for PanelDesktop.
 #pragma once
 
 #include "panel_desktop.h"

@@ -108,7 +108,7 @@ TEST_P(RealPanelTest, IconAppearsAndDisappearsWithTheProgram) {
     EXPECT_EQ(desktop->items().size(), 0U);
 }
 
-TEST_P(RealPanelTest, MenuFollowsTheMasterSwitchAndItsEntriesWork) {
+TEST_P(RealPanelTest, MenuEntriesWorkAndTheCheckMarkFollowsTheMasterSwitch) {
     desktop->startPanel();
     const auto glidemap = startGlidemap();
     EXPECT_TRUE(waitForMenu(entries("✓ Enable Gestures")));
@@ -129,7 +129,7 @@ TEST_P(RealPanelTest, MenuIsInTheInterfaceLanguage) {
     EXPECT_EQ(end(*glidemap), 0);
 }
 
-TEST_P(RealPanelTest, PanelStartedLaterOrRestartedGetsTheItem) {
+TEST_P(RealPanelTest, PanelThatStartsAfterGlidemapOrRestartsGetsTheItem) {
     const Picture bare = desktop->screen();
     const auto glidemap = startGlidemap();
     // The window appears after the program has searched for a panel.

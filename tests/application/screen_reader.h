@@ -21,7 +21,8 @@ public:
     explicit ScreenReader(const Stage& stage);
 
     // Waits until Orca has spoken these parts in this order, after everything that earlier calls
-    // have found. Versions of Orca differ in the names of roles and in how they group utterances.
+    // have found. Pass short parts, because versions of Orca differ in the names of roles and in
+    // how they group utterances.
     bool hears(const std::vector<std::string>& parts);
 
     // Returns everything that was spoken, one utterance per line.

@@ -58,7 +58,7 @@ TEST_F(ScreenReaderTest, ReadsARowAndItsState) {
     pressAndExpectToHear("Space", {"not checked"});
 }
 
-TEST_F(ScreenReaderTest, ReadsTheEditorAndARecording) {
+TEST_F(ScreenReaderTest, ReadsTheEditorAndARecordedShortcut) {
     open();
     expectToHear({"Launch at Login"});
     pressAndExpectToHear("Ctrl+N", {"Add Binding dialog", "Trackpad gesture", "combo box",

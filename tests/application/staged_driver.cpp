@@ -1,5 +1,5 @@
-// The replay driver for the end-to-end tests. It reads reports from the pipe named by
-// GLIDEMAP_STAGED_FINGERS instead of a file, so that tests decide when to make a gesture.
+// A driver for the end-to-end tests. It wraps the replay driver, but reads reports from the pipe
+// named by GLIDEMAP_STAGED_FINGERS instead of a file, so that tests decide when to make a gesture.
 //
 // Thread:  a separate thread reads the pipe and delivers its reports until the process exits.
 // Errors:  without the replay driver there is no device.

@@ -67,7 +67,8 @@ TEST_F(StartupAndShutdownTest, EachTerminationSignalExitsCleanly) {
     }
 }
 
-// This checks only for the window, because the accessibility bus is found through the session bus.
+// Checks only for the window, because the accessibility bus cannot be found without the session
+// bus.
 TEST_F(StartupAndShutdownTest, UnresponsiveBusDelaysNeitherStartupNorExit) {
     Stage stage;
     const test::SilentSocket bus;
@@ -75,7 +76,7 @@ TEST_F(StartupAndShutdownTest, UnresponsiveBusDelaysNeitherStartupNorExit) {
     command.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.address();
     command.environment["DBUS_SYSTEM_BUS_ADDRESS"] = bus.address();
     for (const bool isWaylandToo : {false, true}) {
-        if (isWaylandToo) { // here the bus provides the virtual desktops
+        if (isWaylandToo) { // on Wayland, virtual desktops come from the bus
             command.environment["WAYLAND_DISPLAY"] = "none";
             command.environment["QT_QPA_PLATFORM"] = "xcb";
         }
@@ -140,7 +141,7 @@ TEST_F(StartupAndShutdownTest, ClosingTheWindowKeepsTheProgramRunning) {
     EXPECT_TRUE(glidemap.waitForWindow());
 }
 
-TEST_F(StartupAndShutdownTest, LossOfTheDisplayExitsWithoutACrash) {
+TEST_F(StartupAndShutdownTest, ProgramExitsWithoutACrashWhenTheDisplayIsLost) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -210,7 +211,7 @@ TEST_F(StartupAndShutdownTest, FirstWindowCompletesTheStartupNotification) {
     EXPECT_EQ(alert.waitForEnd(), 1);
 }
 
-TEST_F(StartupAndShutdownTest, FailureToListenIsReportedAndTheProgramRuns) {
+TEST_F(StartupAndShutdownTest, ReportsThatItCannotListenForASecondLaunchAndKeepsRunning) {
     Stage stage;
     auto command = stage.command();
     const std::filesystem::path runtime = command.environment["XDG_RUNTIME_DIR"];
@@ -222,7 +223,7 @@ TEST_F(StartupAndShutdownTest, FailureToListenIsReportedAndTheProgramRuns) {
     EXPECT_EQ(glidemap.end(SIGTERM), 0);
 }
 
-TEST_F(StartupAndShutdownTest, RejectsUnknownOptionsAndCombinations) {
+TEST_F(StartupAndShutdownTest, RejectsUnknownOptionsAndInvalidCombinations) {
     struct Row {
         std::vector<std::string> options;
         int status;

@@ -67,7 +67,7 @@ TEST_F(StatusItemTest, QuitExitsCleanly) {
     EXPECT_EQ(glidemap.waitForEnd(), 0);
 }
 
-TEST_F(StatusItemTest, PanelStartedLaterGetsTheItem) {
+TEST_F(StatusItemTest, PanelThatStartsAfterGlidemapGetsTheItem) {
     Stage stage(Panel::absent);
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());

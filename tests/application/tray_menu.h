@@ -39,8 +39,8 @@ private:
     std::string path;
 };
 
-// "✓ Enable Gestures", "—", "Settings… [Control+x]"; parentheses mark a disabled entry, as in
-// "(Download…)".
+// Returns each entry as a text: "✓ Enable Gestures", "—", "Settings… [Control+x]". Parentheses mark
+// a disabled entry, as in "(Download…)".
 std::vector<std::string> describe(const std::vector<MenuEntry>& entries);
 
 } // namespace glidemap::application

@@ -1,4 +1,4 @@
-// A GVariant that is released with the last reference to it.
+// A reference to a GVariant, which is released automatically.
 #pragma once
 
 #include <gio/gio.h>
@@ -14,7 +14,7 @@ struct GiveBackVariant {
 
 using Variant = std::unique_ptr<GVariant, GiveBackVariant>;
 
-// Returns the child of a tuple or an array, unwrapped from a variant.
+// Returns a child of a tuple or an array. If the child is a variant, returns the value in it.
 inline Variant childOf(const Variant& container, std::size_t index) {
     Variant child(g_variant_get_child_value(container.get(), index));
     if (g_variant_is_of_type(child.get(), G_VARIANT_TYPE_VARIANT) != FALSE) {

@@ -20,7 +20,7 @@ gboolean lookAgain(gpointer late) {
     return G_SOURCE_REMOVE;
 }
 
-// Waits for an event and processes all pending ones.
+// Waits for an event, at most for lookAgainAfter, and processes all pending events.
 void takeNews() {
     bool late = false;
     const guint timer = g_timeout_add(lookAgainAfter, lookAgain, &late);

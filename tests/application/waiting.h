@@ -1,6 +1,6 @@
 // Waits for a condition in another process.
 //
-// Thread:  the test's thread. Events of its default main context are processed meanwhile.
+// Thread:  the test's thread. Events of GLib's default main context are processed meanwhile.
 // Errors:  returns false if the condition stays false.
 #pragma once
 

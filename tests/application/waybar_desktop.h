@@ -2,7 +2,7 @@
 //
 // Thread:  one.
 // Owner:   a test.
-// Errors:  as a PanelDesktop's.
+// Errors:  as for PanelDesktop.
 #pragma once
 
 #include "desktops/sway.h"
@@ -16,7 +16,7 @@ namespace glidemap::application {
 
 class WaybarDesktop : public PanelDesktop {
 public:
-    // The name of a missing program; empty if all are installed.
+    // Returns the name of a missing program; empty if all are installed.
     static std::string missing();
 
     desktops::Environment environment() const override;

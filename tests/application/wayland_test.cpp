@@ -22,7 +22,7 @@ using desktops::Sway;
 
 constexpr const char* busLauncher = "/usr/libexec/at-spi-bus-launcher";
 
-// The leaves of sway's tree are its windows.
+// In sway's tree, only windows have an app id.
 void collectWindows(const nlohmann::json& node, std::vector<nlohmann::json>& windows) {
     if (node.contains("app_id")) {
         windows.push_back(node);
@@ -108,7 +108,7 @@ TEST_F(WaylandTest, WindowHasTheDesktopEntryIdentifierAndShowsTheSettings) {
     EXPECT_EQ(glidemap.finish(), 0);
 }
 
-TEST_F(WaylandTest, LossOfTheCompositorExitsWithoutACrash) {
+TEST_F(WaylandTest, ProgramExitsWithoutACrashWhenTheCompositorIsLost) {
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }));
     sway.kill();
@@ -117,7 +117,7 @@ TEST_F(WaylandTest, LossOfTheCompositorExitsWithoutACrash) {
         << test::contentOf(home.path() / "glidemap.log");
 }
 
-TEST_F(WaylandTest, SecondLaunchShowsTheWindowAgain) {
+TEST_F(WaylandTest, SecondLaunchReopensTheClosedWindow) {
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }));
     sway.command("[app_id=org.glidemap.Glidemap] kill");

@@ -11,7 +11,7 @@ namespace {
 
 using nlohmann::json;
 
-// The window includes the gesture in the names of a row's controls.
+// The accessible names of a row's controls contain these names of the gesture.
 constexpr const char* newRow = "Three-Finger Swipe Up";
 constexpr const char* newRowInChinese = "三指上滑";
 
@@ -22,7 +22,7 @@ protected:
         ASSERT_TRUE(glidemap->waitForWindow());
     }
 
-    // The file's content without the identifiers, which are random.
+    // Returns the file's content without the identifiers, which are random.
     json savedBindings() const {
         json bindings = json::parse(test::contentOf(stage->bindingsFile()), nullptr, false);
         for (json& binding : bindings) {
@@ -169,7 +169,7 @@ protected:
     std::unique_ptr<RunningGlidemap> glidemap;
 };
 
-TEST_F(EndToEndTest, NewBindingsWorkAtOnceAndAfterARestart) {
+TEST_F(EndToEndTest, NewBindingsWorkImmediatelyAndSurviveARestart) {
     stage = std::make_unique<Stage>();
     launch();
     drawACircle();

@@ -59,8 +59,8 @@ XDisplay::XDisplay(const desktops::RuntimeFolder& folder, WindowManager manager)
 }
 
 // A window manager announces itself long before it manages windows, and does not focus windows that
-// exist when it starts. Events that it has already read wait until another one arrives. So this
-// repeats a request until the window manager handles it.
+// exist when it starts. It may leave events that it has already read unhandled until another one
+// arrives. So this repeats a request until the window manager responds.
 bool XDisplay::waitForWindowManager() const {
     const std::uint32_t window = createWindow({0, 0, 1, 1});
     const bool answers = waitUntil([&] {
@@ -118,7 +118,7 @@ std::vector<ManagedWindow> XDisplay::windows() const {
     std::vector<ManagedWindow> all;
     for (const std::uint32_t id : numbers(_root, "_NET_CLIENT_LIST")) {
         const std::vector<std::uint32_t> process = numbers(id, "_NET_WM_PID");
-        const std::string names = property(id, "WM_CLASS"); // both end with a null character
+        const std::string names = property(id, "WM_CLASS"); // two names, each with a null character
         all.push_back({id, property(id, "_NET_WM_NAME"),
                        names.substr(std::min(names.find('\0') + 1, names.size())).c_str(),
                        process.empty() ? 0 : process.front(), contentOf(id)});
@@ -224,7 +224,7 @@ void XDisplay::ask(std::uint32_t window, const char* message, std::uint32_t deta
         xcb_get_input_focus_reply(_connection, xcb_get_input_focus(_connection), nullptr));
 }
 
-// The time of the server, from an event about a change without effect.
+// Returns the server's time. A change without effect causes an event, which contains the time.
 std::uint32_t XDisplay::currentTime() const {
     const std::uint32_t window = createWindow({0, 0, 1, 1});
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
@@ -248,8 +248,8 @@ std::uint32_t XDisplay::currentTime() const {
     return time;
 }
 
-// With the time, as a task bar does. Without it Cinnamon assumes the time at which it reads the
-// request, and refuses a request of the program that is older than that.
+// Sends the server's time, as a task bar does. Without it, Cinnamon uses the time at which it reads
+// this request, and then refuses requests of the program with an earlier time.
 void XDisplay::activate(const ManagedWindow& window) const {
     ask(window.id, "_NET_ACTIVE_WINDOW", fromTaskBar, currentTime());
 }

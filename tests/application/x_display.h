@@ -1,4 +1,4 @@
-// An X server without a screen, with a window manager.
+// An X server that draws to memory (Xvfb), with a window manager.
 //
 // Units:   pixels from the top left corner.
 // Thread:  one.
@@ -62,7 +62,7 @@ public:
     xcb_connection_t* connection() const { return _connection; }
     std::uint32_t root() const { return _root; }
 
-    // Returns the windows in creation order.
+    // Returns the windows in the order in which they first appeared.
     std::vector<ManagedWindow> windows() const;
     std::optional<ManagedWindow> windowTitled(const std::string& title) const;
     std::optional<std::uint32_t> activeWindow() const;
@@ -81,7 +81,8 @@ public:
     void kill() const { server->kill(); }
 
     // Returns whether all windows are visible, except minimised windows and windows on other
-    // workspaces. Some window managers list a window before they show it, and focus it only then.
+    // workspaces. Some window managers list a window before they show it, and focus it only after
+    // that.
     bool showsAllWindows() const;
 
     // Activates the window as a task bar does.

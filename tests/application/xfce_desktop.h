@@ -2,7 +2,7 @@
 //
 // Thread:  one.
 // Owner:   a test.
-// Errors:  as a PanelDesktop's.
+// Errors:  as for PanelDesktop.
 #pragma once
 
 #include "panel_desktop.h"

@@ -32,7 +32,7 @@ protected:
     fs::path file = folder / "file";
 };
 
-TEST_F(AtomicWriteTest, CreatesOnlyTheFileWithOwnerOnlyPermissions) {
+TEST_F(AtomicWriteTest, CreatesAFileForTheOwnerOnlyAndLeavesNoTemporaryFile) {
     EXPECT_FALSE(writeAtomically(file, "content"));
     EXPECT_EQ(contentOf(file), "content");
     EXPECT_EQ(modeOf(file), 0600U);
@@ -227,8 +227,8 @@ TEST_F(AtomicWriteTest, ReaderAlwaysFindsCompleteContent) {
     reader.join();
 }
 
-// Either writer may fail occasionally if the other one holds the lock at every attempt; neither
-// ever installs a file that the other has only partly written.
+// A writer may fail occasionally if the other writer holds the lock at every attempt. Neither
+// installs a file that the other writer has only partly written.
 TEST_F(AtomicWriteTest, ConcurrentWritersDoNotMixContent) {
     const std::string contents[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
     ASSERT_FALSE(writeAtomically(file, contents[0]));

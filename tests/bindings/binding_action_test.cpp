@@ -38,7 +38,7 @@ TEST(BindingActionTest, IsShownInTheCurrentLanguage) {
     }
 }
 
-TEST(BindingActionTest, IsShownInTheSharedLanguageByDefault) {
+TEST(BindingActionTest, IsShownInTheProgramLanguageByDefault) {
     EXPECT_EQ(displayString(BindingAction(LockScreen{})), "Lock Screen");
     const kit::InLanguage chinese("zh");
     EXPECT_EQ(displayString(BindingAction(LockScreen{})), "锁定屏幕");

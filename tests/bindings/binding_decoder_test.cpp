@@ -172,7 +172,7 @@ std::string withUnknown(const std::string& value) {
     return in({.enabled = R"("enabled": true, "unknown": )" + value});
 }
 
-// Every value is valid JSON. A value that the decoder ignores may have any type.
+// The decoder ignores the values of unknown keys, so any valid JSON value is accepted there.
 INSTANTIATE_TEST_SUITE_P(
     UnknownValues, DecodedBindingsTest,
     testing::Values(
@@ -426,7 +426,7 @@ INSTANTIATE_TEST_SUITE_P(
         Unreadable{"null instead of the array", "null", "not an array"},
         Unreadable{"a string instead of the array", "\"[]\"", "not an array"}));
 
-// The text between the location and the end comes from the parser.
+// Only the start of the reason is compared, because the rest comes from the parser.
 struct NoJson {
     const char* name;
     std::string text;

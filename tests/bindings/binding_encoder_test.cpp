@@ -67,7 +67,7 @@ TEST(BindingEncoderTest, ApplicationIsEncodedWithIdentifierAndName) {
 )");
 }
 
-TEST(BindingEncoderTest, OtherActionsAreEncodedAsTheirKindOnly) {
+TEST(BindingEncoderTest, ActionsWithoutParametersAreEncodedAsTheirKindOnly) {
     EXPECT_EQ(encodeBindings({binding(LockScreen{}), binding(MissionControl{})}), R"([
   {
     "action": {
@@ -124,7 +124,7 @@ TEST(BindingEncoderTest, EncodedBindingsRoundTripWithTheirIdentifiers) {
 }
 
 // Some programs take their names from arbitrary sources, so a name may be invalid UTF-8.
-TEST(BindingEncoderTest, InvalidUtf8InOneBindingKeepsTheOtherBindings) {
+TEST(BindingEncoderTest, InvalidUtf8InOneBindingDoesNotAffectOtherBindings) {
     const GestureBinding good = binding(KeyShortcut{1, 2});
     for (const char* bytes : {"\xFF", "a\xC3", "\xC3(", "\xED\xA0\x80", "\xC0\x80", "\xF8\x88"}) {
         const GestureBinding bad = binding(LaunchApp{bytes, bytes}, AppScope{bytes, bytes});

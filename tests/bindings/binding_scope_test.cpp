@@ -23,7 +23,7 @@ TEST(BindingScopeTest, IsShownAsGlobalOrAsTheApplicationName) {
     EXPECT_EQ(displayString(BindingScope(AppScope{"org.example.Notes", "Notes"}), lang), "Notes");
 }
 
-TEST(BindingScopeTest, IsShownInTheSharedLanguageByDefault) {
+TEST(BindingScopeTest, IsShownInTheProgramLanguageByDefault) {
     const kit::InLanguage chinese("zh");
     EXPECT_EQ(displayString(BindingScope(GlobalScope{})), "全局");
 }

@@ -70,12 +70,12 @@ TEST_F(BindingStoreTest, FirstLaunchCreatesTheFoldersAndWritesTheDefaults) {
     EXPECT_EQ(namesIn(deeper / "Glidemap"), std::vector<std::string>{"bindings.json"});
 }
 
-TEST_F(BindingStoreTest, DefaultsHaveNewIdentifiersEachTime) {
+TEST_F(BindingStoreTest, EachCallOfDefaultBindingsReturnsNewIdentifiers) {
     EXPECT_NE(defaultBindings().front().id, defaultBindings().front().id);
     expectDefaults(defaultBindings());
 }
 
-TEST_F(BindingStoreTest, NextLaunchLoadsTheSameList) {
+TEST_F(BindingStoreTest, NextLaunchLoadsTheDefaultsWrittenByTheFirstLaunch) {
     const BindingList first = *support.launch().bindings();
     EXPECT_EQ(*support.launch().bindings(), first);
 }
@@ -184,7 +184,7 @@ TEST_F(BindingStoreTest, AssigningTheSameListNotifiesAndSaves) {
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, ObserverMayChangeTheListAgain) {
+TEST_F(BindingStoreTest, ObserverMayChangeTheListDuringItsNotification) {
     BindingStore store = support.launch();
     const BindingList last = oneBinding(GestureType::pinchOut);
     bool changed = false;
@@ -234,7 +234,7 @@ TEST_F(BindingStoreTest, FailedSaveKeepsItsErrorUntilASaveSucceeds) {
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, SuccessfulSaveIsNotRepeated) {
+TEST_F(BindingStoreTest, SaveIfLastSaveFailedDoesNothingAfterASuccessfulSave) {
     BindingStore store = support.launch();
     fs::remove(support.file());
     store.saveIfLastSaveFailed();
@@ -351,7 +351,7 @@ TEST_F(BindingStoreTest, FindsDoubleTapsWithEachFingerCount) {
     }
 }
 
-TEST_F(BindingStoreTest, DoubleTapForOneApplicationCountsInAllApplications) {
+TEST_F(BindingStoreTest, FindsADoubleTapThatIsBoundForOnlyOneApplication) {
     BindingStore store = support.launch();
     BindingList list = oneBinding(GestureType::twoFingerDoubleTap);
     list.front().scope = AppScope{"a", "A"};
@@ -370,7 +370,7 @@ TEST_F(BindingStoreTest, IgnoresADisabledDoubleTap) {
     EXPECT_TRUE(store.doubleTapBindingExists(2));
 }
 
-TEST_F(BindingStoreTest, OtherGesturesAreNotDoubleTaps) {
+TEST_F(BindingStoreTest, FindsNoDoubleTapIfOnlyOtherGesturesAreBound) {
     BindingStore store = support.launch();
     BindingList list;
     for (const GestureType gesture : allGestureTypes) {

@@ -89,7 +89,7 @@ TEST(BindingStoreThreadsTest, ReaderSeesOnlyCompleteAssignedLists) {
     }
 }
 
-// A list that the engine holds costs the main thread nothing.
+// A list that the engine still holds does not delay the main thread.
 TEST(BindingStoreThreadsTest, ReaderThatKeepsItsListDoesNotBlockTheWriter) {
     const SupportFolder support;
     BindingStore store = support.launch();

@@ -136,7 +136,7 @@ TEST(IndexedBindingsTest, PrefersTheFirstEnabledApplicationBindingOverTheFirstGl
     }
 }
 
-TEST(IndexedBindingsTest, MatchReturnsAnElementOfTheMovedList) {
+TEST(IndexedBindingsTest, MatchReturnsAnElementOfItsOwnListAfterAMove) {
     IndexedBindings made({global(swipe, 1), forApp("a", tap, 2), global(tap, 3)});
     const IndexedBindings bindings(std::move(made));
     EXPECT_EQ(bindings.match(tap, "a"), &bindings.list()[1]);
@@ -148,7 +148,7 @@ TEST(IndexedBindingsTest, KeepsTheListUnchanged) {
     EXPECT_EQ(IndexedBindings(list).list(), list);
 }
 
-TEST(IndexedBindingsTest, FindsAnEnabledGestureInEveryScope) {
+TEST(IndexedBindingsTest, HasEnabledFindsAnEnabledBindingInAnyScope) {
     const IndexedBindings bindings(
         {global(tap, 1), forApp("a", swipe, 2), disabled(global(GestureType::pinchIn, 3))});
     EXPECT_TRUE(bindings.hasEnabled(tap));

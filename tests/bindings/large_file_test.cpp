@@ -12,7 +12,7 @@
 namespace glidemap {
 namespace {
 
-// Without optimisation, or with a sanitizer, the full size would take minutes.
+// In a debug build, or with a sanitizer, the full size would take minutes.
 #if defined(NDEBUG)
 constexpr std::size_t fileSize = 100'000'000;
 #else
@@ -40,8 +40,8 @@ struct Row {
 // The parser's message repeats the last token and writes unprintable characters as eight characters
 // each.
 constexpr std::size_t maxMemoryPerTokenByte = 8;
-// The message about a number is built from two copies of it. libc++'s strings grow to 8.05 times the
-// length in all, libstdc++'s to less than 8.
+// The message about a number is built from two copies of the number. With libc++, the strings take
+// 8.05 times the number's length in all; with libstdc++, less than 8 times.
 constexpr std::size_t maxMemoryPerNumberByte = 9;
 // While the message grows, both its old and its new buffer count.
 constexpr std::size_t maxMemoryPerEscapedByte = 24;
@@ -80,8 +80,8 @@ std::string textOf(const Row& row) {
     const std::size_t times = row.size / (row.repeated.size() + row.repeatedAgain.size()) + 1;
     std::string text;
     text.reserve(row.size + 1'000);
-    // Doubles the text: this test is compiled without optimisation, and a hundred million appends
-    // would take seconds.
+    // Doubles the text: test code is compiled without optimisation in every build, and a hundred
+    // million appends would take seconds.
     const auto repeat = [&](std::string_view what) {
         const std::size_t start = text.size();
         const std::size_t end = start + times * what.size();

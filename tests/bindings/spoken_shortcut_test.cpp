@@ -16,7 +16,7 @@ std::string spoken(const KeyShortcut& shortcut, KeyboardKind kind, const char* c
     return spokenShortcut(shortcut, lang, kind);
 }
 
-TEST(SpokenShortcutTest, UsesTheKeyNamesOfTheKeyboard) {
+TEST(SpokenShortcutTest, UsesTheKeyNamesOfAppleAndPcKeyboards) {
     const KeyShortcut right{.keyCode = 124, .modifiers = modifier::option | modifier::command};
     EXPECT_EQ(spoken(right, KeyboardKind::apple), "Option Command Right Arrow");
     EXPECT_EQ(spoken(right, KeyboardKind::apple, "zh"), "Option Command 右箭头");

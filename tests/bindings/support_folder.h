@@ -19,8 +19,8 @@ public:
     std::filesystem::path folder() const { return path() / "Glidemap"; }
     std::filesystem::path file() const { return folder() / "bindings.json"; }
 
-    // Creates a store, as another launch of the program does.
     BindingStore::SupportFolder asked() const;
+    // Creates a store, as another launch of the program does.
     BindingStore launch() const { return BindingStore(asked()); }
 
     // Writes the file before a launch.

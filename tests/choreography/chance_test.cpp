@@ -36,7 +36,7 @@ TEST(ChanceTest, ChoicesAreUniformWithinTheirRange) {
     EXPECT_NEAR(sum / times, 4, 0.05);
 }
 
-TEST(ChanceTest, OneInReturnsTrueWithTheRequestedFrequency) {
+TEST(ChanceTest, OneInEightIsTrueForAboutAnEighthOfTheCalls) {
     Chance chance(2);
     int hits = 0;
     for (int count = 0; count < 8000; ++count) {

@@ -62,7 +62,8 @@ std::map<std::int32_t, ContactStory> contactsOf(const Performance& performance) 
     return contacts;
 }
 
-// One letter per run of equal phases: "h" hovering, "d" down, "t" touching, "g" gone.
+// Returns a letter for each state: "h" hovering, "d" down, "t" touching, "g" gone. Repeated "h" and
+// repeated "t" are merged.
 std::string outline(const ContactStory& story) {
     std::string text;
     for (const std::int32_t state : story.states) {
@@ -86,7 +87,7 @@ protected:
     }
 };
 
-TEST_P(PerformanceTest, StartsAtZeroAndEndsWithoutTouches) {
+TEST_P(PerformanceTest, StartsAtTimeZeroAndEndsWithoutTouches) {
     forEverySeed([](const Performance& performance) {
         ASSERT_FALSE(performance.empty());
         EXPECT_EQ(performance.front().time, 0);
@@ -163,7 +164,7 @@ INSTANTIATE_TEST_SUITE_P(AllPerformableGestures, PerformanceTest,
                          testing::ValuesIn(performableGestures()),
                          [](const auto& row) { return std::string(rawValue(row.param)); });
 
-// Returns the minimum and maximum of a value over many performances.
+// The minimum and maximum of a value over many performances.
 struct Range {
     double low = 1e9;
     double high = -1e9;
@@ -187,7 +188,7 @@ TEST(PerformTest, FortyFourGesturesCanBePerformed) {
     EXPECT_EQ(performableGestures().size(), 44U);
 }
 
-TEST(PerformTest, GesturesWithoutContactsAreEmpty) {
+TEST(PerformTest, ClicksAndTheAnyDirectionCircleHaveEmptyPerformances) {
     for (const GestureType gesture :
          {GestureType::drawCircle, GestureType::twoFingerClick, GestureType::threeFingerClick,
           GestureType::fourFingerClick}) {
@@ -219,7 +220,8 @@ TEST(PerformTest, FingersLandAndLiftUnevenly) {
         landing.add(down.high - down.low);
         lifting.add(up.high - up.low);
     }
-    // Durations are those that the pad sees: it reports an event up to one report late.
+    // The durations are measured in the reports, and the pad may report a landing or a lift up to
+    // one report interval late.
     EXPECT_EQ(landing.low, 0);
     EXPECT_GE(landing.high, 0.020);
     EXPECT_LE(landing.high, 0.030 + 0.010);

@@ -52,7 +52,7 @@ std::vector<GestureType> recognise(const Performance& performance, bool doubleTa
 
 class RecognisedPerformanceTest : public testing::TestWithParam<GestureType> {};
 
-TEST_P(RecognisedPerformanceTest, EverySeedIsRecognisedAsTheIntendedGestureOnly) {
+TEST_P(RecognisedPerformanceTest, PerformanceOfEverySeedIsRecognisedAsTheIntendedGestureOnly) {
     const bool isDoubleTap = category(GetParam()) == GestureCategory::doubleTap;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
         ASSERT_THAT(recognise(perform(GetParam(), seed), isDoubleTap), ElementsAre(GetParam()))
@@ -79,7 +79,7 @@ TEST(DoubleTapPerformanceTest, UnboundDoubleTapIsReportedAsTapAndDoubleTap) {
                 ElementsAre(GestureType::threeFingerTap, GestureType::threeFingerDoubleTap));
 }
 
-TEST(DoubleTapPerformanceTest, SingleTapIsStillReportedWhenItsDoubleTapIsBound) {
+TEST(DoubleTapPerformanceTest, SingleTapIsReportedEvenIfTheDoubleTapIsBound) {
     EXPECT_THAT(recognise(perform(GestureType::twoFingerTap, 5), true),
                 ElementsAre(GestureType::twoFingerTap));
 }

@@ -188,7 +188,7 @@ TEST(GestureTypeTest, RawValuesMatchTheStoredFormat) {
     }
 }
 
-TEST(GestureTypeTest, EveryGestureIsInItsCategory) {
+TEST(GestureTypeTest, EveryGestureHasTheExpectedCategory) {
     for (const CatalogueRow& row : catalogue) {
         EXPECT_EQ(category(row.gesture), row.category) << row.rawValue;
     }
@@ -247,7 +247,7 @@ TEST(GestureTypeTest, RawValuesAreMatchedExactly) {
     }
 }
 
-TEST(GestureTypeTest, ClicksWithMoreThanTwoFingersShareADetail) {
+TEST(GestureTypeTest, ClicksWithMoreThanTwoFingersHaveTheSameDetailText) {
     EXPECT_EQ(detail(twoFingerClick),
               "Physical click with two fingers (intercepts the system right-click menu)");
     EXPECT_EQ(detail(threeFingerClick), "Physical click with multiple fingers (intercepts the "
@@ -255,7 +255,7 @@ TEST(GestureTypeTest, ClicksWithMoreThanTwoFingersShareADetail) {
     EXPECT_EQ(detail(fourFingerClick), detail(threeFingerClick));
 }
 
-TEST(GestureTypeTest, SwipesWithMoreThanTwoFingersShareADetail) {
+TEST(GestureTypeTest, SwipesWithMoreThanTwoFingersHaveTheSameDetailText) {
     EXPECT_EQ(detail(threeFingerSwipeUp), detail(fiveFingerSwipeDown));
     EXPECT_EQ(detail(threeFingerSwipeUp),
               "Quick multi-finger swipe. If it clashes with a system gesture, disable that gesture "

@@ -95,7 +95,7 @@ TEST_F(LogTest, WritesOneLineWithTimeAndTopic) {
                              "/dev/input/event5 after 2 attempts, 0 left, -7\n"));
 }
 
-TEST_F(LogTest, WritesTheNumbersAtTheirLimits) {
+TEST_F(LogTest, WritesTheSmallestAndLargestIntegers) {
     logLine("limits", std::numeric_limits<std::int64_t>::min(), " ",
             std::numeric_limits<std::uint64_t>::max());
     EXPECT_THAT(standardError.text(),
@@ -161,7 +161,7 @@ TEST_F(LogTest, DoesNotInterleaveLinesOfSeveralThreads) {
     EXPECT_EQ(count, 2 * linesEach);
 }
 
-TEST_F(LogTest, EnablingTheLogAlsoEnablesTheLogsOfLibrariesLoadedLater) {
+TEST_F(LogTest, EnablingTheLogSetsTheEnvironmentVariableForLibrariesLoadedLater) {
     const test::InEnvironment restored("GLIDEMAP_LOG", nullptr);
     log_detail::on = false;
     enableLog();

@@ -93,8 +93,9 @@ int lockOf(const fs::path& path, int flags = O_RDONLY) {
     return held;
 }
 
-// Counts this process's descriptors of the file. Compares paths, because fstat() on another
-// thread's descriptor would be a data race with that thread's open() and close().
+// Counts this process's descriptors of the file. Uses stat() with the descriptors' paths, because
+// fstat() on another thread's descriptor would be a data race with that thread's open() and
+// close().
 int timesOpen(const fs::path& wantedPath) {
     constexpr int moreThanThereAre = 256;
     struct stat wanted {};

@@ -25,8 +25,8 @@ public:
 
     void clear() const;
 
-    // Install into the user's folder, and into the system's folder. Entries in the user's folder
-    // take precedence.
+    // install() writes an entry to the user's folder, installForAll() to the system's folder.
+    // Entries in the user's folder take precedence.
     std::filesystem::path install(const std::string& identifier, const std::string& keys) const;
     std::filesystem::path installForAll(const std::string& identifier,
                                         const std::string& keys) const;

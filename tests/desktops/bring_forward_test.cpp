@@ -250,7 +250,7 @@ TEST_P(BringForwardTest, ProgramInATerminalComesForward) {
     expectStarts(seen, "inside", GetParam().processes == Processes::known ? 1 : 4);
 }
 
-// A second process would pass its request to the first and exit.
+// A second process would pass its request to the first process and exit.
 TEST_P(BringForwardTest, SingleInstanceApplicationComesForwardWithoutASecondProcess) {
     const Leash leash(folder.path() / "leash");
     const auto alone = folder.path() / "alone";

@@ -29,10 +29,11 @@ std::function<std::optional<std::string>()> needs(std::initializer_list<const ch
 const Terminal foot{"foot", "foot"};
 const Terminal xterm{"xterm", "xterm -e"};
 
-// foot divides by the size of the screen in millimetres. KWin's screen in the tests has none.
+// For KWin, whose screen in the tests has no size in millimetres: foot would divide by that size.
 const Terminal konsole{"konsole", "env QT_QPA_PLATFORM=wayland konsole -e"};
 
-// Cinnamon 6.4 does not start without a screen.
+// Returns what is missing for Cinnamon. Only Cinnamon 5 is accepted: Cinnamon 6.4 does not start on
+// an X server without a real screen, such as Xvfb.
 std::optional<std::string> missingForCinnamon() {
     if (const auto missing = needs({"Xvfb", "cinnamon", "cinnamon-screensaver"})()) {
         return missing;

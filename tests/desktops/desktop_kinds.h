@@ -25,8 +25,8 @@ enum class Minimizing { works, none };
 enum class Workspaces { several, one };
 // Whether the desktop reports the process that owns a window.
 enum class Processes { known, unknown };
-// What shows a launched program that the user requested the launch: nothing, a startup notification
-// ID, or an activation token.
+// The proof of the user's request that the desktop passes to a launched program: none, a startup
+// notification ID, or an activation token.
 enum class LaunchTokenKind { none, startupID, token };
 
 // A terminal with one process per window.

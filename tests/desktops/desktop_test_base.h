@@ -17,7 +17,7 @@
 
 namespace glidemap::desktops {
 
-// Only the variables that locate the desktop and its buses.
+// Returns only the variables that locate the desktop and its buses.
 inline std::map<std::string, std::string> sessionVariablesIn(const Environment& desktop) {
     std::map<std::string, std::string> values;
     for (const char* const name : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS", "DISPLAY",

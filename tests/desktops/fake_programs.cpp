@@ -9,7 +9,7 @@ namespace glidemap::test {
 
 namespace fs = std::filesystem;
 
-// Starts a shell with that process name. The shell waits for the end of its standard input.
+// Starts a shell whose process name is `name`. The shell waits for the end of its standard input.
 void FakePrograms::start(const std::string& name, const std::vector<std::string>& arguments,
                          const desktops::Environment& environment) {
     const fs::path program = daemons.path() / name;

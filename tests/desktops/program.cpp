@@ -49,7 +49,7 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     return pointers;
 }
 
-// The steps between fork and exec, which must not allocate.
+// The arguments of become(), which runs between fork and exec and must not allocate.
 struct Start {
     int input;
     int output;

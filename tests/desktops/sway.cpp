@@ -8,8 +8,9 @@ namespace glidemap::desktops {
 
 namespace {
 
-// sway runs the command when clients can connect. The command writes to sway's output. A test that
-// needs the bar starts it itself, on the test's bus, which belongs to another user.
+// sway runs the command when clients can connect. The command writes to sway's output. The bar's
+// command does nothing: a test that needs the bar starts it on the test's bus, which belongs to
+// another user than sway.
 constexpr const char* config = R"(xwayland disable
 seat seat0 fallback true
 bar {

@@ -128,7 +128,7 @@ public:
                        "global.display.get_current_time_roundtrip())");
     }
 
-    // Requests a token as GNOME's dash does, with the time of a click.
+    // Requests a token as GNOME's dash does on a click, with the current time.
     std::string activationToken() const override {
         const std::string quoted =
             shell.evaluate("global.create_app_launch_context(global.display.get_current_time_"

@@ -1,4 +1,4 @@
-// The Wayland desktops of the table.
+// The Wayland desktops of README.md's table.
 //
 // Thread:  one.
 // Errors:  as for Desktop.

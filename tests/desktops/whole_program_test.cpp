@@ -93,7 +93,7 @@ TEST_P(ProgramTest, SecondLaunchExitsAndBringsTheWindowForward) {
     expectEnd(glidemap);
 }
 
-TEST_P(ProgramTest, MissingStatusBarAlertDoesNotStealTheKeyboardFocus) {
+TEST_P(ProgramTest, AlertAboutAMissingStatusBarDoesNotStealTheKeyboardFocus) {
     if (GetParam().statusBar == StatusBar::shown) {
         GTEST_SKIP() << "this desktop has a status bar";
     }

@@ -1,4 +1,4 @@
-// Activates a window on a wlroots compositor, as a task bar does.
+// Activates or minimises a window on a wlroots compositor, as a task bar does.
 //
 // Thread:  any.
 // Errors:  a window that the compositor does not list fails the test.

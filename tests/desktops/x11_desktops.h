@@ -1,4 +1,4 @@
-// The X11 desktops of the table.
+// The X11 desktops of README.md's table.
 //
 // Thread:  one.
 // Errors:  as for Desktop.

@@ -19,8 +19,8 @@ public:
     // Connects to the server without creating a window.
     explicit XClient(const XServer& server);
 
-    // These set a property of the window, or of the root window after useRoot(): to cardinals, to
-    // atoms by their names, or to text, in which "\0" is a null character.
+    // The next four functions set a property of the window, or of the root window after useRoot():
+    // to cardinals, to atoms by their names, or to text, in which "\0" is a null character.
     void setNumbers(const std::string& property, const std::string& numbers);
     void setAtoms(const std::string& property, const std::string& names);
     void setText(const std::string& property, const std::string& text);

@@ -70,7 +70,7 @@ TEST_F(ClickMonitorTest, StartCreatesAndEnablesTheTapOnce) {
     EXPECT_THAT(tap->takeNotes(), IsEmpty());
 }
 
-TEST_F(ClickMonitorTest, DoesNotRunWithoutPermissionAndCanBeRetried) {
+TEST_F(ClickMonitorTest, StartFailsWithoutPermissionAndCanBeRetried) {
     tap->isPermitted = false;
     monitor->start();
     EXPECT_FALSE(monitor->isRunning());
@@ -97,7 +97,7 @@ TEST_F(ClickMonitorTest, StopDisablesAndRemovesTheTapOnce) {
     EXPECT_THAT(tap->takeNotes(), ElementsAre("create", "enable"));
 }
 
-TEST_F(ClickMonitorTest, DestructorRemovesTheTapAndLaterEventsPass) {
+TEST_F(ClickMonitorTest, EventsPassAfterTheDestructorHasRemovedTheTap) {
     monitor->start();
     tap->takeNotes();
     monitor.reset();
@@ -109,7 +109,7 @@ TEST_F(ClickMonitorTest, DestructorRemovesTheTapAndLaterEventsPass) {
     EXPECT_THAT(offered, IsEmpty());
 }
 
-TEST_F(ClickMonitorTest, DestructorDoesNotCallATapThatIsNotRunning) {
+TEST_F(ClickMonitorTest, DestructorDoesNotCallTheTapAfterAStop) {
     monitor->start();
     monitor->stop();
     tap->takeNotes();
@@ -118,7 +118,7 @@ TEST_F(ClickMonitorTest, DestructorDoesNotCallATapThatIsNotRunning) {
 }
 
 // Every event type, finger count and callback result.
-TEST_F(ClickMonitorTest, OnlyPressesWithTwoToFourFingersAreOfferedAndDroppedIfConsumed) {
+TEST_F(ClickMonitorTest, OffersOnlyPressesWithTwoToFourFingersAndDropsTheConsumedOnes) {
     enum class Answer { consumed, rejected, withoutCallback };
     for (const ClickEventType type : {leftMouseDown, leftMouseUp, rightMouseDown, rightMouseUp,
                                       tapDisabledByTimeout, tapDisabledByUserInput, other}) {

@@ -46,7 +46,7 @@ inline GestureBinding binding(GestureType gesture, BindingAction action,
     return {.gesture = gesture, .action = std::move(action), .scope = std::move(scope)};
 }
 
-// Types a key without modifiers, so that the key identifies the binding.
+// Returns a binding that types a key without modifiers. The key identifies the binding.
 inline GestureBinding typing(std::uint16_t keyCode, GestureType gesture,
                              BindingScope scope = GlobalScope{}) {
     return binding(gesture, KeyShortcut{keyCode, 0}, std::move(scope));

@@ -27,8 +27,9 @@ constexpr int gestureThreads = 2;
 const Application editor = {editorID, editorName};
 const Application other = {"org.example.Other", "Other"};
 
-// Returns one of two lists, which alternate. The key shows which application a binding is for: 1
-// and 3 (S, F) are for the editor, 0 and 2 (A, D) for all others.
+// Returns one of the two lists between which the main thread alternates; `first` is 0 or 2. The key
+// shows which application a binding is for: 1 and 3 (S, F) are for the editor, 0 and 2 (A, D) for
+// all others.
 BindingList bindings(std::uint16_t first) {
     const BindingScope inEditor = AppScope{editorID, editorName};
     const auto inEditorKey = static_cast<std::uint16_t>(first + 1);
@@ -110,7 +111,8 @@ TEST_F(DispatchThreadsTest, EveryAcceptedGestureRunsAndIsLoggedOnce) {
     }
     work([this] { click(); });
 
-    // On a busy machine the threads could finish before the switch is turned on again.
+    // Waits for an accepted gesture. The first turn below turns the master switch off, and on a
+    // busy machine the threads could finish before a later turn turns it on again.
     while (handled == 0) {
         std::this_thread::yield();
     }

@@ -161,7 +161,7 @@ TEST(GestureDispatcherTest, LockActionRunsOnALockedScreenWithoutLogging) {
     EXPECT_THAT(stage.logged(), IsEmpty());
 }
 
-TEST(GestureDispatcherTest, ActionsQueuedBeforeLockingDoNotRunAfterwards) {
+TEST(GestureDispatcherTest, ActionsQueuedBeforeTheScreenLocksDoNotRunOnTheLockedScreen) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, true));
     EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
@@ -202,7 +202,7 @@ TEST(GestureDispatcherTest, UsesTheApplicationThatWasFrontmostWhenTheGestureArri
                                             Logged{twoFingerTap, "Shortcut D", editorName}));
 }
 
-TEST(GestureDispatcherTest, FrontmostReturnsTheAvailableWorkspaceValues) {
+TEST(GestureDispatcherTest, FrontmostApplicationMayLackAnIdentifierOrAName) {
     const Application rows[] = {
         {nullopt, nullopt}, {editorID, nullopt}, {nullopt, editorName}, {editorID, editorName}};
     for (const Application& row : rows) {
@@ -314,7 +314,7 @@ TEST(EventLogTest, KeepsTheTwentyNewestGesturesNewestFirst) {
     EXPECT_EQ(stage.logged(), expected);
 }
 
-TEST(EventLogTest, IsAlsoTrimmedAfterClicks) {
+TEST(EventLogTest, ClickRemovesTheOldestOfTwentyEntries) {
     DispatchStage stage({typing(1, twoFingerClick)});
     for (int count = 0; count < 20; ++count) {
         stage.dispatcher->handle(pinchIn, true);
@@ -339,7 +339,7 @@ TEST(EventLogTest, EveryEntryHasAUniqueIdentifier) {
     EXPECT_NE(entries[0].id, entries[2].id);
 }
 
-TEST(EventLogTest, GestureIsDatedWhenRecognisedAndClickWhenRun) {
+TEST(EventLogTest, GestureIsDatedWhenItIsRecognisedAndClickWhenItsActionRuns) {
     DispatchStage stage({typing(1, twoFingerClick)});
     stage.now = WallTime(100s);
     stage.dispatcher->handle(pinchIn, true);
@@ -370,7 +370,7 @@ TEST(EventLogTest, DefaultClockIsTheSystemClock) {
     EXPECT_LE(date, after.time_since_epoch());
 }
 
-TEST(EventLogTest, IsWrittenInTheCurrentLanguageAndNotTranslatedLater) {
+TEST(EventLogTest, EntryIsWrittenInTheCurrentLanguageAndNeverTranslated) {
     DispatchStage stage(
         {binding(twoFingerTap, LockScreen{}), binding(twoFingerClick, LockScreen{})});
     stage.dispatcher->handle(twoFingerTap, true);

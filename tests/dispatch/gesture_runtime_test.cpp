@@ -75,7 +75,7 @@ TEST_F(GestureRuntimeTest, StartsWhenTheSessionBecomesActive) {
     EXPECT_EQ(recognised(), std::vector{fourFingerTap});
 }
 
-TEST_F(GestureRuntimeTest, NotificationWithoutAChangeIsIgnored) {
+TEST_F(GestureRuntimeTest, SessionNotificationWithoutAChangeIsIgnored) {
     runtime->start();
     tapPort->takeNotes();
     session->setActive(true);
@@ -155,7 +155,7 @@ TEST_F(GestureRuntimeTest, SessionChangesBeforeStartAndAfterStopAreIgnored) {
     EXPECT_THAT(recognised(), IsEmpty());
 }
 
-TEST_F(GestureRuntimeTest, ClickMonitoringIsRetriedWhenAccessChangesUnlessInactive) {
+TEST_F(GestureRuntimeTest, AccessChangeRetriesClickMonitoringOnlyInTheActiveSession) {
     tapPort->isPermitted = false;
     runtime->start();
     EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create (refused)"));

@@ -9,7 +9,7 @@ namespace {
 
 using Table = std::map<std::uint16_t, std::string_view>;
 
-// The table, written a second time and grouped by kind of key instead of by code.
+// The table of key names, written a second time and grouped by kind of key instead of by code.
 const Table expected = {
     {0, "A"},     {11, "B"},     {8, "C"},     {2, "D"},     {14, "E"},     {3, "F"},
     {5, "G"},     {4, "H"},      {34, "I"},    {38, "J"},    {40, "K"},     {37, "L"},

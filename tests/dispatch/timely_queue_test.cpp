@@ -40,14 +40,14 @@ TEST_F(TimelyQueueTest, RunsATaskThatWaitedForUpToTwoSeconds) {
     }
 }
 
-TEST_F(TimelyQueueTest, DropsATaskThatWaitedLonger) {
+TEST_F(TimelyQueueTest, DropsATaskThatWaitedLongerThanTwoSeconds) {
     submit("task");
     now += 2001ms;
     mainQueue->runAll();
     EXPECT_THAT(ran, IsEmpty());
 }
 
-TEST_F(TimelyQueueTest, RunsALateTaskSubmittedWithIfLateRun) {
+TEST_F(TimelyQueueTest, RunsALateTaskThatMustNotBeDropped) {
     submit("task", IfLate::run);
     now += 1h;
     mainQueue->runAll();
@@ -90,7 +90,7 @@ TEST_F(TimelyQueueTest, IsNotStalledAfterTheWaitingTaskHasStarted) {
     EXPECT_FALSE(queue.isStalled());
 }
 
-TEST_F(TimelyQueueTest, TaskThatRunsForLongDoesNotStallTheQueue) {
+TEST_F(TimelyQueueTest, QueueIsNotStalledWhileALongTaskRuns) {
     bool stalledMeanwhile = true;
     queue.submit(IfLate::drop, [&] {
         now += 1min; // as in an alert's nested event loop

@@ -12,7 +12,7 @@
 //     had a hold-and-tap or a long press;
 //   - no gesture is recognised outside a session, except single taps that delayed work reports, at
 //     most as many as were held back;
-//   - the gestures that the engine delivers are at least a quarter second apart;
+//   - the gestures that the engine delivers are at least a quarter of a second apart;
 //   - after the input, a clean tap is recognised as a tap.
 #include "fuzz_input.h"
 #include "input/multitouch_device_manager.h"
@@ -79,7 +79,8 @@ public:
         checkFrameOf(records);
     }
 
-    // Sends a report whose count is invalid: it has no records, or the count is too large.
+    // The next two functions send an invalid report: one without records, and one whose count is
+    // too large.
     void reportWithoutRecords(std::int32_t count) {
         MultitouchDeviceManager::contactCallback(nullptr, nullptr, count, time.now(), 0);
         checkFrameOf({});
@@ -320,7 +321,7 @@ private:
                 "afterwards a clean tap is recognised as a tap");
     }
 
-    // Durations around the recognizer's limits, and invalid ones.
+    // Durations around the recognizer's limits, and negative durations.
     static constexpr double limits[] = {0,    0.004, 0.008, 0.15, 0.2, 0.25, 0.3,  0.4,
                                         0.45, 0.6,   0.8,   1.5,  3,   60,   -0.1, -1e6};
 

@@ -13,7 +13,7 @@
 //   - the clone has the touchpad's fingers at the same positions, and holds no button that is
 //     released on the touchpad;
 //   - while the touchpad is not grabbed, its clone holds no finger and no button;
-//   - if no finger is down, the last report is empty;
+//   - if no finger is down, the last report has no touching contact;
 //   - if the filter is off and no finger is down, the touchpad is not grabbed;
 //   - in the end, no touchpad is grabbed and no clone exists.
 #include "drivers/evdev/touchpad_driver.h"
@@ -364,7 +364,8 @@ private:
         case 2:
             return system.setGrabbedByOthers((choice & 4) != 0);
         default:
-            // Frames sent before this time are still pending.
+            // Sets the time of the next grab or ungrab. Frames that were sent earlier may still be
+            // pending.
             return system.setTime(clock + choice / 1000.0);
         }
     }

@@ -93,7 +93,7 @@ TEST(MTTouchTest, RecordsArePackedBackToBack) {
     EXPECT_EQ(records[2].identifier, 3);
 }
 
-TEST(MTTouchTest, OnlyMakeTouchAndTouchingCountAsTouching) {
+TEST(MTTouchTest, OnlyTheStatesMakeTouchAndTouchingCountAsTouching) {
     const struct {
         std::int32_t state;
         bool touching;
@@ -123,7 +123,7 @@ TEST(MTTouchTest, OnlyMakeTouchAndTouchingCountAsTouching) {
     for (const auto& [state, touching] : rows) {
         EXPECT_EQ(isTouchingState(state), touching) << state;
     }
-    // This is also evaluated at compile time, when undefined behaviour is an error.
+    // This is also evaluated at compile time, where undefined behaviour is an error.
     static_assert(!isTouchingState(-1) && !isTouchingState(8) && !isTouchingState(31));
 }
 

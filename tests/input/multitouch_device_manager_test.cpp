@@ -224,14 +224,14 @@ TEST_F(MultitouchDeviceManagerTest, DoesNotLookForDevicesAfterAStopWithoutDevice
     driver.attach(1);
     manager.lookForDevices();
     EXPECT_EQ(driver.calls(), "create list");
-    manager.start(); // does nothing after an error, but requests devices again
+    manager.start(); // starts nothing after an error, but allows lookForDevices() again
     manager.lookForDevices();
     EXPECT_TRUE(manager.isRunning());
     manager.stop();
     driver.attach(0);
 }
 
-TEST_F(MultitouchDeviceManagerTest, DoesNotLookForDevicesAfterAnotherError) {
+TEST_F(MultitouchDeviceManagerTest, DoesNotLookForDevicesIfTheDriverIsUnusable) {
     for (const char* name : {"without-start", "without-list-access"}) {
         MultitouchDeviceManager manager(testDriver(name));
         const TestDriverLibrary driver(manager);
@@ -296,7 +296,7 @@ TEST_F(MultitouchDeviceManagerTest, ReportWithoutRecordsIsForwardedAsEmpty) {
                                                  {nullptr, {}, 6}}));
 }
 
-TEST_F(MultitouchDeviceManagerTest, ReportWithAnImplausibleCountIsDropped) {
+TEST_F(MultitouchDeviceManagerTest, ReportWithMoreThan65536RecordsIsDropped) {
     const std::vector<MTTouch> most(65'536, kit::record(1, 0, 0));
     callBack(most.data(), 65'536);
     ASSERT_EQ(forwarded.size(), 1U);

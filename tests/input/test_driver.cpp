@@ -1,5 +1,6 @@
-// A touch driver that records its calls and has no touchpad. It is compiled once for each kind of
-// incomplete driver; CMakeLists.txt lists what each definition excludes.
+// A touch driver that records its calls and has no touchpad. It is compiled several times:
+// CMakeLists.txt lists the variants and their definitions, which omit functions or change the
+// device list.
 #include "input/touch_driver.h"
 
 #include <algorithm>

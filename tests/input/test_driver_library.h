@@ -20,7 +20,8 @@ public:
     // Returns the calls since the last reset, in order.
     std::string calls() const { return readCalls(); }
 
-    // Returns the result of the first device's callback, or -1 if none is registered.
+    // Passes a report to the first registered callback and returns its result, or -1 if no callback
+    // is registered.
     int report(const MTTouch* records, int count, double timestamp) const {
         return sendReport(records, count, timestamp);
     }

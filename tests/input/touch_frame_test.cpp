@@ -23,7 +23,7 @@ MTTouch recordInState(std::int32_t state) {
 TEST(TouchFrameTest, FingerKeepsItsIdentifierAndItsPositionAsDouble) {
     const TouchPoint point = touchPoint(kit::record(-12, 0.1, 0.9));
     EXPECT_EQ(point, (TouchPoint{-12, static_cast<double>(0.1F), static_cast<double>(0.9F), true}));
-    EXPECT_NE(point.x, 0.1); // the decimal digits of the float are not preserved
+    EXPECT_NE(point.x, 0.1); // 0.1F as a double is not 0.1
 }
 
 TEST(TouchFrameTest, PositionsAreNotClamped) {
@@ -46,7 +46,7 @@ TEST(TouchFrameTest, HoveringContactIsPresentButNotTouching) {
     }
 }
 
-TEST(TouchFrameTest, TouchingKeepsTheOrderAndLeavesTheFrameUnchanged) {
+TEST(TouchFrameTest, TouchingFingersAreReturnedInReportOrderAndTheFrameIsUnchanged) {
     const TouchFrame frame = frameOf({kit::record(3, 0.3, 0), recordInState(2),
                                       kit::record(1, 0.1, 0, MTTouchState::makeTouch),
                                       recordInState(7), kit::record(2, 0.2, 0)});

@@ -23,8 +23,8 @@ public:
     EngineStage& operator=(const EngineStage&) = delete;
     ~EngineStage();
 
-    // Advances time to the frame's timestamp and passes its records to the callback; recognition
-    // waits for run().
+    // Advances time to the frame's timestamp and passes the frame's records to the callback.
+    // Recognition waits for run().
     void submit(const TouchFrame& frame);
     void run() { time.runSubmitted(); }
     void play(std::span<const TouchFrame> frames);

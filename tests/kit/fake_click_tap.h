@@ -30,7 +30,7 @@ public:
     // Also works after remove(), because a system may deliver a late event.
     Verdict offer(const ClickEvent& event) { return callback(event); }
 
-    // Returns the calls since the last time.
+    // Returns the calls since the previous call of this function.
     std::vector<std::string> takeNotes() { return std::exchange(notes, {}); }
 
     bool isPermitted = true;

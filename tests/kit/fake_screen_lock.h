@@ -1,4 +1,5 @@
-// A fake system lock, which may be missing and which refuses when the test requests it.
+// A fake of the system's screen lock. It may be missing, and it refuses when the test calls
+// `refuse`.
 //
 // Thread:  the test's main thread.
 #pragma once

@@ -20,7 +20,7 @@ Widget& find(const QWidget& within, const char* name) {
     return *found;
 }
 
-// Returns all widgets of this type, in order of creation.
+// Returns all widgets of this type, parents before their children.
 template <class Widget>
 std::vector<Widget*> findAll(const QWidget& within) {
     std::vector<Widget*> found;

@@ -1,4 +1,5 @@
-// Holds the pipe from which a launched program reads: the program exits with the test, or earlier.
+// A named pipe from which a launched program reads. When the test ends, the pipe closes, so that
+// the program cannot outlive the test.
 //
 // Thread:  the test's.
 // Owner:   a test.

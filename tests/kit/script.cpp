@@ -101,7 +101,8 @@ Script Script::moveFinger(std::size_t index, double dx, double dy, double second
 Script Script::moveAll(std::vector<Spot> to, double seconds) const {
     const std::string words = call("moveAll", to, seconds);
     const Motion motion = [to = std::move(to)](std::size_t finger, Spot from, double fraction) {
-        const Spot target = to.at(finger); // the last step has no rounding error
+        const Spot target = to.at(finger);
+        // The last step is the exact target, without a rounding error.
         return fraction == 1 ? target
                              : Spot{from.x + (target.x - from.x) * fraction,
                                     from.y + (target.y - from.y) * fraction};

@@ -8,15 +8,15 @@
 //
 // When frames are sent. Every verb moves the hand from one time to another. down(), add(), lift(),
 // up() and report() send one frame, at the end of the previous verb. If that time has already been
-// reported, the frame is sent one interval later. hold() and until() send frames inside their time
-// and leave its end to the next verb. In down().hold(0.3).up(), the frame of `up()` is sent 0.3 s
-// after that of down(). A move ends with its own frame, at the finger's destination.
+// reported, the frame is sent one interval later. hold() and until() send frames during their time;
+// the frame at its end belongs to the next verb. In down().hold(0.3).up(), the frame of `up()` is
+// sent 0.3 s after that of down(). A move ends with its own frame, at the finger's destination.
 //
-// Exact times. The first frame is at 0, and a time is the sum of the verbs' durations; the frames
-// between count from the start of their verb. A difference to 0 is exact, so
+// Exact times. The first frame is at 0, and a time is the sum of the verbs' durations; the times of
+// frames within a verb count from its start. A difference to 0 is exact, so
 // fingers(2).down().until(limit).up() lasts exactly `limit`, and so does until(justAbove(limit)).
 // If a limit is measured from a later time, startingAt() puts that time at 0:
-// fingers(2).startingAt(-0.1).down().until(0).up() ends there.
+// fingers(2).startingAt(-0.1).down().until(0).up() ends exactly at 0.
 //
 // Exact distances. The square root of a square is exact. A finger that starts at 0 on one axis and
 // moves along it by d has therefore moved by exactly d.
@@ -68,7 +68,7 @@ public:
 
     // Waits while no finger touches.
     Script wait(double seconds) const;
-    // Appends all of `next` with shifted times; see `until` for exact times.
+    // Appends all of `next` with shifted times; see "Exact times" above.
     Script then(const Script& next) const;
 
     std::vector<TouchFrame> frames() const { return performed.frames(); }
@@ -94,7 +94,7 @@ private:
 Script fingers(int count);
 Script fingersAt(std::vector<Spot> spots);
 
-// Formats a number as a person would write it, with all its digits only if they matter.
+// Returns the number as a person would write it, with all digits only if they matter.
 std::string written(double number);
 
 // Return the next representable values below and above a limit.

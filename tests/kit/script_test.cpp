@@ -26,14 +26,14 @@ TEST(ScriptTest, FingersLandSideBySideAndLiftTogether) {
     EXPECT_EQ(frames[1].touches, Touches());
 }
 
-TEST(ScriptTest, HoldReportsFramesUpToButNotAtItsEnd) {
+TEST(ScriptTest, HoldReportsFramesBeforeItsEndButNotAtTheEnd) {
     EXPECT_EQ(timesOf(fingers(1).down().hold(0.02)), (std::vector<double>{0, 0.008, 0.016}));
     EXPECT_EQ(timesOf(fingers(1).down().hold(0.02).up()),
               (std::vector<double>{0, 0.008, 0.016, 0.02}));
     EXPECT_EQ(timesOf(fingers(1).down().hold(0.016).up()), (std::vector<double>{0, 0.008, 0.016}));
 }
 
-TEST(ScriptTest, UntilEndsAHoldAtExactlyTheGivenTime) {
+TEST(ScriptTest, VerbUntilHoldsToExactlyTheGivenTime) {
     for (const double limit : {0.3, 0.8, 1.5, justBelow(0.3), justAbove(0.8)}) {
         for (const double rate : {60.0, 125.0, 250.0}) {
             EXPECT_EQ(timesOf(fingers(2).down().until(limit).up(), rate).back(), limit);

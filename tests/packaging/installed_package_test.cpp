@@ -105,7 +105,7 @@ void needInstallation() {
     }
 }
 
-TEST(InstalledPackage, SeatGetsAccessToExistingAndLaterTouchpads) {
+TEST(InstalledPackage, SeatGetsAccessToExistingAndNewlyConnectedTouchpads) {
     const VirtualPad pad(ordinaryPad());
     EXPECT_FALSE(isForTheSeat(pad.node()));
     install();

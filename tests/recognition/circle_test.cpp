@@ -43,8 +43,8 @@ Path pathOf(const Loop& loop) {
     return path;
 }
 
-// Returns a loop of the four compass points, in the order of the letters. Its mean is the origin if
-// opposite letters are equally frequent, and no radius is rounded.
+// Returns a loop of the four compass points, in the order of the letters. The points' mean is the
+// origin if opposite letters are equally frequent, and no radius is rounded.
 Path compass(std::string_view letters, double eastWest, double northSouth) {
     Path path;
     for (const char letter : letters) {
@@ -64,7 +64,7 @@ TEST(CircleTest, DirectionSelectsTheGesture) {
     EXPECT_EQ(circleOf(pathOf({.sweep = -2 * pi}), second), drawCircleClockwise);
 }
 
-TEST(CircleTest, NeverReturnsTheCircleForAnyDirection) {
+TEST(CircleTest, NeverReturnsTheAnyDirectionCircle) {
     for (int sweep = -20; sweep <= 20; ++sweep) {
         EXPECT_NE(circleOf(pathOf({.sweep = sweep / 2.0}), second), drawCircle);
     }
@@ -78,7 +78,7 @@ TEST(CircleTest, RequiresTwelvePoints) {
     EXPECT_EQ(circleOf(pathOf({.points = 2000}), second), drawCircleCounterclockwise);
 }
 
-TEST(CircleTest, TakesFrom150MillisecondsTo3Seconds) {
+TEST(CircleTest, AcceptsOnlyDurationsFrom150MillisecondsTo3Seconds) {
     const Path path = pathOf({});
     EXPECT_EQ(circleOf(path, justBelow(0.15)), std::nullopt);
     EXPECT_EQ(circleOf(path, 0.15), drawCircleCounterclockwise);
@@ -99,7 +99,7 @@ TEST(CircleTest, MeasuresThePathOnTheStretchedPad) {
     EXPECT_NEAR(sweptAngle(centre, path), 2 * pi, 1e-12);
 }
 
-TEST(CircleTest, DeviationIncludesAllRadii) {
+TEST(CircleTest, RadiusDeviationIncludesAllPointsOfThePath) {
     const Path path = compass("ENNNWWWSSSEE", 0.125, 0.375);
     EXPECT_EQ(centreOf(path), (PadPoint{0, 0}));
     EXPECT_EQ(radiiOf(path).mean, 0.25);
@@ -212,8 +212,8 @@ TEST(CircleTest, RejectsAGapBetweenTheEndsAboveTheMaximum) {
 
 TEST(CircleTest, AcceptsAGapBetweenTheEndsAtExactlyTheMaximum) {
     // 7, 24 and 25 are the sides of a right triangle, so the last point lies on the circle of
-    // radius 25. It is 30 units, or 1.2 radii, from the first point. With this unit, dividing by
-    // 1.35 and multiplying by it again is exact.
+    // radius 25. That point is 30 units, or 1.2 radii, from the first point. With this unit,
+    // dividing by 1.35 and multiplying by it again is exact.
     const double unit = 33 / 4096.0;
     const PadPoint last = {24 * unit / 1.35, 7 * unit};
     Path path = compass("NNN", 0, 25 * unit);
@@ -230,7 +230,7 @@ TEST(CircleTest, AcceptsMoreThanOneTurn) {
               drawCircleCounterclockwise);
 }
 
-TEST(CircleTest, RejectsAnArcThereAndBack) {
+TEST(CircleTest, RejectsAnArcTracedThereAndBack) {
     Path path = pathOf({.sweep = 5, .points = 30});
     Path back(path.rbegin(), path.rend());
     path.insert(path.end(), back.begin(), back.end());

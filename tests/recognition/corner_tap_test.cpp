@@ -73,7 +73,7 @@ TEST(CornerTapTest, RejectsADriftAboveTheMaximum) {
     EXPECT_EQ(drifting(justAbove(0.03)), std::nullopt);
 }
 
-TEST(CornerTapTest, MaximumDriftCountsEvenIfTheFingerReturns) {
+TEST(CornerTapTest, RejectsAFingerThatDriftsTooFarEvenIfItReturns) {
     EXPECT_EQ(cornerTapOf(trackThrough({{0, 0.1}, {0.031, 0.1}, {0, 0.1}}), 0.2), std::nullopt);
 }
 

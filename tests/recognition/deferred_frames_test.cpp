@@ -80,19 +80,19 @@ public:
     std::vector<ReportedGesture> reported;
 };
 
-TEST(DeferredFramesTest, OneFingerWakesTheQueueWhenItLandsAndLifts) {
+TEST(DeferredFramesTest, OneMovingFingerWakesTheQueueOnlyWhenItLandsAndLifts) {
     SleepyStage stage;
     const Script move = fingers(1).down().moveBy(0.4, 0.1, 2).up();
     ASSERT_GT(move.frames().size(), 100U);
     EXPECT_EQ(stage.wakeUpsOf(move), 2);
 }
 
-TEST(DeferredFramesTest, FiveFingersWakeTheQueueWhenTheyLandAndLift) {
+TEST(DeferredFramesTest, FiveFingersWakeTheQueueOnlyWhenTheyLandAndLift) {
     SleepyStage stage;
     EXPECT_EQ(stage.wakeUpsOf(fingers(5).down().hold(2).up()), 2);
 }
 
-TEST(DeferredFramesTest, HoveringContactsNeverWakeTheQueueTwice) {
+TEST(DeferredFramesTest, HoveringContactWakesTheQueueOnlyOnce) {
     SleepyStage stage;
     for (int index = 0; index < 100; ++index) {
         report({0.01 * index, {{1, 0.5, 0.5, false}}});
@@ -111,7 +111,7 @@ TEST(DeferredFramesTest, FingersThatMayMakeALongPressWakeTheQueueUntilTheyMove) 
     }
 }
 
-TEST(DeferredFramesTest, FingersWakeTheQueueWhenTheyLiftAfterALongPress) {
+TEST(DeferredFramesTest, FingersWakeTheQueueOnlyWhenTheyLiftAfterALongPress) {
     SleepyStage stage;
     stage.play(fingers(3).down().hold(1).frames());
     EXPECT_EQ(gesturesOf(stage.reported), std::vector{threeFingerLongPress});
@@ -124,7 +124,7 @@ struct DriftRow {
     bool waits;
 };
 
-TEST(DeferredFramesTest, RecognizerWaitsForFingersOnceDriftPreventsALongPress) {
+TEST(DeferredFramesTest, RecognizerWaitsForFingerChangesOnceDriftPreventsALongPress) {
     for (const DriftRow& row : {DriftRow{"below", 0.0449, false}, DriftRow{"at", 0.045, false},
                                 DriftRow{"above", 0.0451, true}}) {
         const VirtualTime time;
@@ -136,7 +136,7 @@ TEST(DeferredFramesTest, RecognizerWaitsForFingersOnceDriftPreventsALongPress) {
     }
 }
 
-TEST(DeferredFramesTest, RecognizerWaitsForFingersExceptWhenALongPressIsPossible) {
+TEST(DeferredFramesTest, RecognizerWaitsForFingerChangesUnlessALongPressIsPossible) {
     const VirtualTime time;
     const auto recognizer = SessionRecognizer::create(time.delayedWork());
     EXPECT_TRUE(recognizer->waitsForFingers());
@@ -150,7 +150,7 @@ TEST(DeferredFramesTest, RecognizerWaitsForFingersExceptWhenALongPressIsPossible
     EXPECT_TRUE(recognizer->waitsForFingers());
 }
 
-// Returns fingers that rest, move slowly or fast, land and lift at random, sometimes without a
+// Simulates fingers that rest, move slowly or fast, land and lift at random, sometimes without a
 // position.
 class RandomTouching {
 public:
@@ -206,7 +206,7 @@ private:
     double pace = 0.0005;
 };
 
-TEST(DeferredFramesTest, GesturesAndTheirTimesStayTheSame) {
+TEST(DeferredFramesTest, DeferringFramesChangesNeitherGesturesNorTheirTimes) {
     std::size_t gestures = 0;
     std::size_t frameCount = 0;
     int wakeUps = 0;

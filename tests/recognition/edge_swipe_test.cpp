@@ -69,7 +69,8 @@ TEST(EdgeSwipeTest, RejectsAnInwardDistanceBelowTheMinimum) {
         {{0.5, 0}, {0.5, justBelow(0.22)}, std::nullopt},
         {{0.5, 0}, {0.5, 0.22}, edgeSwipeFromBottom},
         {{0.5, 0}, {0.5, justAbove(0.22)}, edgeSwipeFromBottom},
-        // No double is exactly 0.22 below 1; 0.78 is the smallest double that is nearer.
+        // No double is exactly 0.22 below 1. 0.78 is the smallest double that is less than 0.22
+        // below 1.
         {{1, 0.5}, {0.78, 0.5}, std::nullopt},
         {{1, 0.5}, {justBelow(0.78), 0.5}, edgeSwipeFromRight},
         {{0.5, 1}, {0.5, 0.78}, std::nullopt},
@@ -117,7 +118,7 @@ TEST(EdgeSwipeTest, CornerStartUsesTheFirstEdgeThatTheFingerLeaves) {
     });
 }
 
-TEST(EdgeSwipeTest, RejectsOutwardAndMissingMovement) {
+TEST(EdgeSwipeTest, RejectsAFingerThatMovesOutwardsOrDoesNotMove) {
     expectRows({
         {{0.03, 0.5}, {0.0, 0.5}, std::nullopt},
         {{0.03, 0.5}, {0.03, 0.5}, std::nullopt},

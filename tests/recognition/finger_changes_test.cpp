@@ -47,7 +47,8 @@ TEST(FingerChangesTest, DifferentOrderIsAChange) {
     EXPECT_EQ(changes.countWith({finger(2), finger(1)}), 2U);
 }
 
-// The recognizer ignores a finger until it has a position, so the finger may appear to it later.
+// The recognizer ignores a finger until it has a position, so for the recognizer the finger lands
+// in a later report.
 TEST(FingerChangesTest, FingerWithoutAPositionIsAChangeInThatReportAndTheNext) {
     for (const double odd :
          {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {

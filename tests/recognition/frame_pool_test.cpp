@@ -33,7 +33,7 @@ TEST(FramePoolTest, DoesNotKeepOversizedArrays) {
     EXPECT_EQ(pool.take().capacity(), 0U);
 }
 
-TEST(FramePoolTest, DoesNotKeepSurplusArraysOfABusyQueue) {
+TEST(FramePoolTest, KeepsAtMost64Arrays) {
     FramePool pool;
     for (int array = 0; array < 1000; ++array) {
         pool.giveBack(arrayOf(5));

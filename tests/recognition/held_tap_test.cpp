@@ -24,7 +24,7 @@ TEST_F(HeldTapTest, CancelsTheHeldWorkItem) {
     EXPECT_EQ(item.use_count(), 1);
 }
 
-TEST_F(HeldTapTest, ReleasesTheOlderWorkItemWithoutCancellingIt) {
+TEST_F(HeldTapTest, HoldingANewerWorkItemReleasesTheOlderOneWithoutCancellingIt) {
     const auto older = makeItem();
     const auto newer = makeItem();
     held.hold(older);

@@ -46,7 +46,7 @@ TEST(LiveIndexTest, SettingAFingerAgainUpdatesItsTrack) {
     EXPECT_EQ(index.size(), 2U);
 }
 
-TEST(LiveIndexTest, RemovesOnlyTheNamedFinger) {
+TEST(LiveIndexTest, RemovesOnlyTheGivenFinger) {
     LiveIndex index = indexOf({5, 6, 7});
     index.remove(6);
     index.remove(6);
@@ -56,7 +56,7 @@ TEST(LiveIndexTest, RemovesOnlyTheNamedFinger) {
     EXPECT_EQ(index.size(), 0U);
 }
 
-TEST(LiveIndexTest, CollectsMissingFingers) {
+TEST(LiveIndexTest, CollectsLiveFingersThatAreNotInTheReport) {
     constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
     constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
     const struct {

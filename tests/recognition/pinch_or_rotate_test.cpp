@@ -94,14 +94,15 @@ TEST(PinchOrRotateTest, TurningFingersRotate) {
     EXPECT_EQ(otherMoves(polar(0.3, 0.2), polar(0.3, 0.8)), std::nullopt);
 }
 
-TEST(PinchOrRotateTest, VerticalFingersThatTurnAndSpreadSlightlyRotate) {
+TEST(PinchOrRotateTest, VerticalFingersThatTurnAndSpreadSlightlyMakeARotation) {
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 + 0.8)), rotateCounterclockwise);
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 - 0.8)), rotateClockwise);
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 + 0.6)), std::nullopt);
 }
 
 TEST(PinchOrRotateTest, RotationRequiresAMinimumAngle) {
-    // The rotation starts to the right, so that the library computes its angle.
+    // The moving finger starts directly to the right of the other one, at the angle 0, so the
+    // rotation's angle is exactly what std::atan2 returns.
     const auto turn = [](double y) {
         return std::atan2(y, 0.2 * 1.35);
     };

@@ -56,7 +56,7 @@ TEST(SessionDoubleTapsTest, BoundDoubleTapSuppressesItsSingleTap) {
     });
 }
 
-TEST(SessionDoubleTapsTest, TapsMustEndWithin450Milliseconds) {
+TEST(SessionDoubleTapsTest, SecondTapMustEndAtMost450MillisecondsAfterTheFirst) {
     expectRows(std::vector<Row>{
         {"below", pairEndingAt(justBelow(0.45)), {twoFingerTap, twoFingerDoubleTap}},
         {"at the limit", pairEndingAt(0.45), {twoFingerTap, twoFingerDoubleTap}},
@@ -91,7 +91,7 @@ TEST(SessionDoubleTapsTest, TapAfterADoubleTapIsASingleTap) {
     });
 }
 
-TEST(SessionDoubleTapsTest, OnlyTheLastTapCounts) {
+TEST(SessionDoubleTapsTest, TapWithAnotherFingerCountInBetweenPreventsADoubleTap) {
     const auto between = [](const Script& middle) {
         return tapOf(2).wait(0.05).then(middle).wait(0.05).then(tapOf(2));
     };
@@ -111,7 +111,7 @@ TEST(SessionDoubleTapsTest, HeldBackTapFires450MillisecondsAfterItsSession) {
     expectReportedGestures(tap, {{0, threeFingerTap}});
 }
 
-TEST(SessionDoubleTapsTest, SecondTapDoesNotCancelATapThatHasFired) {
+TEST(SessionDoubleTapsTest, DoubleTapDoesNotCancelASingleTapThatHasFired) {
     // The timer and the frame are due at the same time: the single tap fires first.
     expectReportedGestures(pairEndingAt(0.45), {{0.45, twoFingerTap}, {0.45, twoFingerDoubleTap}},
                            bound);
@@ -127,7 +127,7 @@ TEST(SessionDoubleTapsTest, HeldBackTapStillFiresAfterATapWithMoreFingers) {
 
 // When the older tap fires, it releases the tap that is currently held back, even if that is the
 // newer one. The double tap can then no longer cancel the newer tap.
-TEST(SessionDoubleTapsTest, OlderHeldBackTapReleasesTheNewerTapWhenItFires) {
+TEST(SessionDoubleTapsTest, NewerHeldBackTapCannotBeCancelledAfterTheOlderTapHasFired) {
     const auto taps = fingers(2)
                           .startingAt(-0.1)
                           .down()

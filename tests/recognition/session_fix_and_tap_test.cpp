@@ -84,7 +84,7 @@ TEST(SessionFixAndTapTest, RejectsATapDriftAboveTheMaximum) {
     });
 }
 
-TEST(SessionFixAndTapTest, OtherFingerMustHoldFor200Milliseconds) {
+TEST(SessionFixAndTapTest, HoldingFingerMustLandAtLeast200MillisecondsBeforeTheTap) {
     expectRows(std::vector<Row>{
         {"below", tapping(holding(0.5, 0.5, justAbove(-0.2)), 0.7, 0.5), {}},
         {"at the limit", tapping(holding(0.5, 0.5, -0.2), 0.7, 0.5), {fixAndTapRight}},
@@ -123,7 +123,7 @@ TEST(SessionFixAndTapTest, RejectsATapTooCloseToTheHoldingFinger) {
     });
 }
 
-TEST(SessionFixAndTapTest, EqualOffsetsCountAsHorizontal) {
+TEST(SessionFixAndTapTest, DiagonalTapCountsAsLeftOrRight) {
     const auto origin = holding(0, 0);
     expectRows(std::vector<Row>{
         {"as far up as right", tapping(origin, 0.25, 0.25), {fixAndTapRight}},
@@ -154,7 +154,7 @@ TEST(SessionFixAndTapTest, SideIsRelativeToTheCurrentPositionOfTheHoldingFinger)
     });
 }
 
-TEST(SessionFixAndTapTest, EveryFurtherTapIsReported) {
+TEST(SessionFixAndTapTest, EachOfSeveralTapsBesideARestingFingerIsReported) {
     const auto tapTwice = fingersAt({{0.5, 0.5}})
                               .down()
                               .hold(0.3)
@@ -174,7 +174,7 @@ TEST(SessionFixAndTapTest, EveryFurtherTapIsReported) {
     });
 }
 
-TEST(SessionFixAndTapTest, EndOfTheSessionReportsNoOtherGesture) {
+TEST(SessionFixAndTapTest, NoOtherGestureIsReportedWhenASessionWithAFixAndTapEnds) {
     expectRows(std::vector<Row>{
         {"short enough for a tap of two fingers",
          fingersAt({{0.5, 0.5}})
@@ -231,7 +231,7 @@ TEST(SessionFixAndTapTest, HoldAndTapSuppressesLongPress) {
     });
 }
 
-TEST(SessionFixAndTapTest, FingerMayHoldWhileSeveralFingersTap) {
+TEST(SessionFixAndTapTest, TwoFingersThatTapBesideARestingFingerReportTwoGestures) {
     const auto reported = gesturesOf(perform(fingersAt({{0.3, 0.5}})
                                                  .down()
                                                  .hold(0.3)
@@ -246,7 +246,7 @@ TEST(SessionFixAndTapTest, FingerMayHoldWhileSeveralFingersTap) {
 
 // If both fingers lift in one report, either track may end first. Only a finger that is still down
 // can be the holding finger.
-TEST(SessionFixAndTapTest, FingersThatLiftTogetherMakeAtMostOneGesture) {
+TEST(SessionFixAndTapTest, HoldingAndTappingFingersThatLiftTogetherMakeAtMostOneGesture) {
     auto frames = fingersAt({{0.5, 0.5}}).down().hold(0.3).addAt(0.7, 0.5).hold(0.1).up().frames();
     const auto tapLeavesLast = gesturesOf(perform(frames));
     for (TouchFrame& frame : frames) {

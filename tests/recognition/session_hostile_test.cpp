@@ -42,7 +42,7 @@ protected:
         }
     }
 
-    // Checks that a clean tap at `time` is recognised after any earlier input.
+    // Lifts all fingers at `time`, and checks that a later clean tap is recognised.
     void expectStillWorks(double time) {
         report(time, {});
         reported.clear();
@@ -73,7 +73,7 @@ TEST_F(SessionHostileTest, FingerWithoutAFinitePositionIsIgnored) {
     }
 }
 
-TEST_F(SessionHostileTest, FingerThatLosesItsPositionKeepsTheLastPosition) {
+TEST_F(SessionHostileTest, FingerWithANonFinitePositionKeepsItsLastFinitePosition) {
     for (const double odd : {nan, infinity, -infinity}) {
         report(0, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
         report(0.1, {{1, odd, 0.5, true}, {2, 0.4, odd, true}});
@@ -132,7 +132,7 @@ TEST_F(SessionHostileTest, ExtremeIdentifiersAreAccepted) {
     EXPECT_EQ(reported, Gestures{threeFingerTap});
 }
 
-TEST_F(SessionHostileTest, ManyRecordsOfOneFingerCountAsOneFinger) {
+TEST_F(SessionHostileTest, ThousandRecordsOfOneFingerInAReportMakeNoGesture) {
     const std::vector<TouchPoint> touches(1000, TouchPoint{7, 0.1, 0.1, true});
     for (int frame = 0; frame < 20; ++frame) {
         report(frame * 0.01, touches);
@@ -142,7 +142,7 @@ TEST_F(SessionHostileTest, ManyRecordsOfOneFingerCountAsOneFinger) {
     expectStillWorks(1);
 }
 
-TEST_F(SessionHostileTest, TenThousandContactsInAReportAreTrackedToTheirEnd) {
+TEST_F(SessionHostileTest, TenThousandContactsInAReportMakeNoGestureAndUseLimitedMemory) {
     std::vector<TouchPoint> touches;
     for (std::int32_t id = 0; id < 10'000; ++id) {
         touches.push_back({id, id / 10'000.0, 0.5, true});
@@ -184,7 +184,7 @@ TEST_F(SessionHostileTest, MemoryIsBoundedInASessionOfAMillionFrames) {
     expectStillWorks(time);
 }
 
-TEST_F(SessionHostileTest, ThousandsOfTapsBesideARestingFingerAllCount) {
+TEST_F(SessionHostileTest, ThousandsOfTapsBesideARestingFingerAreAllReported) {
     double time = 0;
     const TouchPoint resting = {1, 0.5, 0.5, true};
     std::int32_t id = 2;

@@ -89,7 +89,7 @@ TEST(SessionLongPressTest, FingerReportedTwicePreventsALongPress) {
     EXPECT_EQ(gesturesOf(perform(frames)), std::vector<GestureType>());
 }
 
-TEST(SessionLongPressTest, EndOfTheSessionReportsNoOtherGesture) {
+TEST(SessionLongPressTest, NoOtherGestureIsReportedWhenASessionWithALongPressEnds) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"spreading afterwards",
          fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().hold(0.85).spreadBy(2, 0.3).up(),

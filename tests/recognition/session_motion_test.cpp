@@ -176,7 +176,7 @@ TEST(SessionMotionTest, RejectsAPinchLongerThan1500Milliseconds) {
     });
 }
 
-TEST(SessionMotionTest, VerticalFingersThatSpreadPinch) {
+TEST(SessionMotionTest, FingersThatSpreadVerticallyPinch) {
     const auto pair = fingersAt({{0.5, 0}, {0.5, 0.2}}).down();
     expectRows(std::vector<Row>{
         {"to 0.35", pair.moveFinger(1, 0, 0.15, 0.3).up(), {pinchOut}},
@@ -198,7 +198,7 @@ TEST(SessionMotionTest, PinchTakesPrecedenceOverASwipe) {
     });
 }
 
-TEST(SessionMotionTest, FingersWithAThirdTrackDoNotPinch) {
+TEST(SessionMotionTest, TwoFingersDoNotPinchIfOneOfThemHasLiftedAndLandedAgain) {
     expectRows(std::vector<Row>{
         {"a finger slips off for a moment",
          verticalPair.hold(0.05).lift(1).addAt(0.5, 0.6).spreadBy(2, 0.3).up(),

@@ -25,7 +25,7 @@ TEST(SessionTapsTest, FingersThatLandAndLiftTogetherTap) {
     });
 }
 
-TEST(SessionTapsTest, MaximumNumberOfSimultaneousFingersCounts) {
+TEST(SessionTapsTest, FingerCountOfATapIsTheMaximumNumberOfSimultaneousFingers) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"a third finger arrives late",
          fingers(2).down().hold(0.1).add(1).hold(0.15).up(),
@@ -84,7 +84,7 @@ TEST(SessionTapsTest, TapIsReportedAtTheEndOfItsSession) {
                            {{0.25, threeFingerTap}});
 }
 
-TEST(SessionTapsTest, FiveFingersTapRepeatedlyWithoutADoubleTap) {
+TEST(SessionTapsTest, QuickTapsWithFiveFingersMakeNoDoubleTap) {
     const auto tap = fingers(5).down().hold(0.1).up();
     expectRowsInEveryVariant(std::vector<Row>{
         {"half a second apart", tap.wait(0.4).then(tap), {fiveFingerTap, fiveFingerTap}},

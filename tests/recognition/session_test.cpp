@@ -52,7 +52,7 @@ TEST(SessionTest, EmptyReportsBetweenSessionsAreIgnored) {
     EXPECT_EQ(gesturesOf(perform(Frames{})), Gestures());
 }
 
-TEST(SessionTest, StartsWithTheFirstFinger) {
+TEST(SessionTest, HoveringBeforeTheLandingDoesNotStartTheSession) {
     // Hovering before the landing does not count.
     const Frames frames = {
         frameAt(0, {hovering(1, 0.3, 0.5)}),
@@ -62,7 +62,7 @@ TEST(SessionTest, StartsWithTheFirstFinger) {
     EXPECT_EQ(gesturesOf(perform(frames)), Gestures{twoFingerTap});
 }
 
-TEST(SessionTest, StaysOpenWithoutAnEmptyReport) {
+TEST(SessionTest, RestingFingersKeepTheSessionOpenForMinutes) {
     const auto fingersRest = fingers(3).down().moveBy(0.3, 0, 0.3).hold(600);
     expectReportedGestures(fingersRest, {});
     expectReportedGestures(fingersRest.moveBy(-0.3, 0, 0.3).up(), {});
@@ -104,7 +104,7 @@ TEST(SessionTest, FingerReplacedByAnotherInOneReportMakesNoGesture) {
     EXPECT_EQ(gesturesOf(perform(corner(2))), Gestures());
 }
 
-TEST(SessionTest, MissingFingersEndBeforeOtherFingersAreMoved) {
+TEST(SessionTest, VanishedFingersEndBeforeOtherFingersAreMoved) {
     // In one report the tapping finger vanishes and the holding finger jumps away: at the end of
     // the tap, the holding finger was still down and had not moved.
     const Frames frames = {
@@ -116,13 +116,14 @@ TEST(SessionTest, MissingFingersEndBeforeOtherFingersAreMoved) {
     EXPECT_EQ(perform(frames), (std::vector<ReportedGesture>{{0.4, fixAndTapRight}}));
 }
 
-TEST(SessionTest, LastRecordOfAFingerInAReportCounts) {
+TEST(SessionTest, LastTouchingRecordOfAFingerInAReportSetsItsPosition) {
     const auto tapWith = [](TouchPoint second) {
         return Frames{frameAt(0, {finger(1, 0.1, 0.1)}),
                       frameAt(0.1, {finger(1, 0.1, 0.1), second}),
                       frameAt(0.15, {finger(1, 0.1, 0.1)}), frameAt(0.2)};
     };
-    // Two fingers are counted, but there is only one track.
+    // Two touching records of one finger are counted as two fingers, but make only one track. A
+    // hovering record is not counted.
     EXPECT_EQ(gesturesOf(perform(tapWith(finger(1, 0.11, 0.1)))), Gestures{twoFingerTap});
     EXPECT_EQ(gesturesOf(perform(tapWith(finger(1, 0.2, 0.1)))), Gestures());
     EXPECT_EQ(gesturesOf(perform(tapWith(hovering(1, 0.2, 0.1)))), Gestures{cornerTapBottomLeft});
@@ -140,7 +141,7 @@ TEST(SessionTest, MoreThanFiveFingersMakeNoGesture) {
     }
 }
 
-TEST(SessionTest, FrameWithTheSameTimestampIsProcessed) {
+TEST(SessionTest, FrameWithTheTimestampOfThePreviousFrameIsProcessed) {
     const Frames frames = {frameAt(1, {finger(1, 0.3, 0.5), finger(2, 0.4, 0.5)}), frameAt(1)};
     EXPECT_EQ(gesturesOf(perform(frames)), Gestures{twoFingerTap});
 }

@@ -44,13 +44,13 @@ TEST(SwipeTest, FingerCountAndDirectionSelectTheGesture) {
     }
 }
 
-TEST(SwipeTest, OtherFingerCountsDoNotSwipe) {
+TEST(SwipeTest, FewerThanTwoOrMoreThanFiveFingersDoNotSwipe) {
     for (const int fingers : {-1, 0, 1, 6, 7, 11, std::numeric_limits<int>::max()}) {
         EXPECT_EQ(swipeOf(Tracks(2, moved(0.3, 0)), fingers, quick), std::nullopt) << fingers;
     }
 }
 
-TEST(SwipeTest, UsesTheFingerCountOfTheSessionNotOfTheTracks) {
+TEST(SwipeTest, UsesTheSessionFingerCountNotTheNumberOfTracks) {
     EXPECT_EQ(swipeOf(Tracks(3, moved(0.3, 0)), 2, quick), twoFingerSwipeRight);
 }
 

@@ -50,7 +50,7 @@ TEST(TouchEngineTest, EmptyReportResetsTheFingerCountAndIsForwarded) {
     EXPECT_EQ(stage.reported, (ReportedGestures{{0.1, twoFingerTap}}));
 }
 
-TEST(TouchEngineTest, EveryTouchingRecordCounts) {
+TEST(TouchEngineTest, FingerCountIncludesEveryTouchingRecord) {
     EngineStage stage;
     report({record(7, 0.3, 0.5), record(7, 0.3, 0.5),
             record(8, std::numeric_limits<double>::quiet_NaN(), 0.5)},
@@ -110,7 +110,7 @@ TEST(TouchEngineTest, GesturesAreDeliveredAtLeast250MillisecondsApart) {
     }
 }
 
-TEST(TouchEngineTest, FirstGestureAlwaysPasses) {
+TEST(TouchEngineTest, FirstGestureIsNotDroppedByTheCooldown) {
     EngineStage stage;
     stage.recognise(pinchIn);
     EXPECT_EQ(stage.reported, (ReportedGestures{{0, pinchIn}}));
@@ -160,7 +160,7 @@ TEST(TouchEngineTest, CooldownStartsBeforeTheCallbackRuns) {
     EXPECT_EQ(stage.reported, (ReportedGestures{{0, twoFingerTap}}));
 }
 
-TEST(TouchEngineTest, QuickUnboundDoubleTapIsDropped) {
+TEST(TouchEngineTest, CooldownDropsAQuickUnboundDoubleTap) {
     EngineStage stage;
     const auto tap = fingers(2).down().hold(0.05).up();
     stage.play(tap.wait(0.15).then(tap)); // ends 0.2 s apart
@@ -286,7 +286,7 @@ TEST_F(TouchEngineDriverTest, RestartListsTheDevicesOnce) {
     engine->stop();
 }
 
-TEST_F(TouchEngineDriverTest, RestartFindsTheFirstDevice) {
+TEST_F(TouchEngineDriverTest, RestartFindsADeviceAttachedWhileStopped) {
     MultitouchDeviceManager growing(testDriver("growing-list"));
     const TestDriverLibrary library(growing);
     const auto other =
@@ -403,7 +403,7 @@ TEST(TouchEngineHostileTest, TenThousandContactsAreCounted) {
     EXPECT_EQ(gesturesOf(stage.reported), std::vector{twoFingerTap});
 }
 
-TEST(TouchEngineHostileTest, NonFinitePositionsDoNotDisturbOtherFingers) {
+TEST(TouchEngineHostileTest, GesturesAreRecognisedAfterNonFinitePositions) {
     EngineStage stage;
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinity = std::numeric_limits<double>::infinity();

@@ -75,7 +75,7 @@ TEST_F(TrackListTest, DropsOnlyEndedTracks) {
     EXPECT_EQ(tracks[live.find(3).value()].startTime, 33);
 }
 
-TEST_F(TrackListTest, DropsTracksRepeatedly) {
+TEST_F(TrackListTest, StaysWithinItsCapacityDuringThousandsOfTaps) {
     land(1);
     for (std::int32_t id = 1000; id < 5000; ++id) {
         land(id);
@@ -98,7 +98,7 @@ TEST_F(TrackListTest, FingerBeyondTheCapacityIsNotTracked) {
     EXPECT_EQ(tracks[live.find(300).value()].id, 300);
 }
 
-TEST_F(TrackListTest, StartsEmptyAfterASession) {
+TEST_F(TrackListTest, IsEmptyAndNotCrowdedAfterClear) {
     land(1);
     fillWithTaps();
     land(2);

@@ -35,7 +35,7 @@ TEST(TrackTest, StoresTheEndTime) {
     EXPECT_EQ(track.endTime, 3.5);
 }
 
-TEST(TrackTest, RestartKeepsNoStateOfTheOldFinger) {
+TEST(TrackTest, BeginDiscardsTheStateOfThePreviousFinger) {
     Track track = trackFrom({0.1, 0.1});
     track.moveTo({0.9, 0.9});
     track.end(3);

@@ -36,7 +36,7 @@ std::vector<path> collectedRecordings() {
     return result;
 }
 
-// Recordings of devices without slots, with their descriptions.
+// Recordings of devices without slots.
 const std::set<std::string> withoutSlots = {
     "AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.doubletap.events",
     "AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.tap.events",
@@ -44,7 +44,7 @@ const std::set<std::string> withoutSlots = {
     "bcm5974.three-finger-click.events",
 };
 
-// Counts in the recording's text, without interpreting the slots.
+// Counts in the recording's text. Slots are only used to count simultaneous fingers.
 struct Oracle {
     int landings = 0;      // tracking ids in the text
     int frames = 0;        // SYN_REPORT events

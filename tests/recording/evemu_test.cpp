@@ -46,7 +46,7 @@ ReadRecording readBeside(const std::string& name, const std::string& recording,
     return readRecordFile(folder.write(name, recording));
 }
 
-TEST(EvemuReader, ReadsARecordingWithItsOwnDescription) {
+TEST(EvemuReader, ReadsARecordingThatContainsTheDeviceDescription) {
     const ReadRecording recording = readRecords(head + down + up);
     EXPECT_EQ(recording.error, "");
     EXPECT_EQ(recording.device, "A # pad");
@@ -69,7 +69,7 @@ TEST(EvemuReader, SkipsCommentsAndBlankLines) {
     EXPECT_THAT(recording.records, ElementsAre("0.5: 1@0.25,0.75 state 3"));
 }
 
-TEST(EvemuReader, AcceptsAMissingFirstCommentAndResolutions) {
+TEST(EvemuReader, AcceptsAMissingFirstCommentAndMissingResolutions) {
     const std::string old = "N: pad\nA: 2f 0 4 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
     EXPECT_THAT(readRecords(old + down).records, ElementsAre("0.5: 1@0.25,0.75 state 3"));
 }
@@ -99,8 +99,8 @@ TEST(EvemuReader, ReadsAnEmptyRecordingWithoutEvents) {
 
 TEST(EvemuReader, SupportsTouchpadsThatReportABoundingBox) {
     const std::string semi = "N: pad\nP: 09 00\nA: 2f 0 1 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
-    // The touchpad only counts the second finger, so a touchpad with complete contacts would not
-    // report it.
+    // The second finger is only counted (14d, BTN_TOOL_DOUBLETAP) and has no slot. The reader adds
+    // it only for a touchpad that reports a bounding box.
     const std::string counted = "E: 0.5 3 39 7\nE: 0.5 1 14d 1\nE: 0.5 0 0 0\n";
     EXPECT_THAT(readRecords(semi + counted).records,
                 ElementsAre(testing::AllOf(HasSubstr("1@"), HasSubstr(", 2@"))));
@@ -108,7 +108,7 @@ TEST(EvemuReader, SupportsTouchpadsThatReportABoundingBox) {
                 ElementsAre(testing::AllOf(HasSubstr("1@"), testing::Not(HasSubstr(", 2@")))));
 }
 
-TEST(EvemuReader, IgnoresSlotsOutsideTheRange) {
+TEST(EvemuReader, IgnoresSlotsOutsideTheDescribedRange) {
     const std::string content = head + "E: 0.5 3 2f 5\nE: 0.5 3 39 7\nE: 0.5 0 0 0\n";
     EXPECT_THAT(readRecords(content).records, IsEmpty());
 }
@@ -124,7 +124,7 @@ std::string named(const std::string& name) {
     return "N: " + name + "\nA: 2f 0 4 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
 }
 
-TEST(EvemuReader, UsesTheDescriptionFileWithTheLongestCommonPrefix) {
+TEST(EvemuReader, UsesTheDescriptionWhoseFileNameIsTheLongestMatchingPrefix) {
     const std::vector<std::pair<std::string, std::string>> descriptions = {
         {"pad.desc", named("short")},       {"pad.new.desc", named("longer")},
         {"pad.newer.desc", named("other")}, {"pad.new.two.desc", named("too long")},
@@ -151,7 +151,7 @@ TEST(EvemuReader, RejectsARecordingWithoutADescription) {
               "pad.events: " + message);
 }
 
-TEST(EvemuReader, NamesTheMalformedDescriptionFile) {
+TEST(EvemuReader, ErrorNamesTheMalformedDescriptionFile) {
     EXPECT_THAT(readBeside("pad.events", down, {{"pad.desc", "N: pad\nA: 2f\n"}}).error,
                 testing::EndsWith(
                     "/pad.desc:2: an axis is not \"A: axis min max fuzz flat [resolution]\""));
@@ -219,7 +219,7 @@ TEST(EvemuReader, ReportsLocationAndReasonForAMalformedDescription) {
     }
 }
 
-TEST(EvemuReader, SurvivesAnImpossibleDescription) {
+TEST(EvemuReader, ReadsARecordingWithAnImpossibleDescriptionWithoutAnError) {
     const char* const heads[] = {
         "A: 2f 0 2147483647 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n",
         "A: 2f 0 -2147483648 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n",

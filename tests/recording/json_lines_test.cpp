@@ -206,7 +206,7 @@ const BadRow badRows[] = {
 
 class MalformedJsonLine : public testing::TestWithParam<BadRow> {};
 
-TEST_P(MalformedJsonLine, EndsTheRecordingWithLocationAndReason) {
+TEST_P(MalformedJsonLine, EndsTheRecordingWithAnErrorThatHasLocationAndReason) {
     const ReadRecording recording =
         readRecords("{\"t\":0}\n\n" + GetParam().line + "\n{\"t\":9}\n");
     EXPECT_THAT(recording.records, ElementsAre("0: time"));
@@ -231,7 +231,7 @@ TEST(JsonLinesReader, ReturnsTheDeviceAfterReadingTheHeader) {
     EXPECT_EQ(reader->device(), "Pad \u00e9");
 }
 
-TEST(JsonLinesReader, SetsEachContactsTimeToItsReportsTime) {
+TEST(JsonLinesReader, SetsTheTimeOfEachContactToTheTimeOfTheReport) {
     std::istringstream stream(R"({"touches":[[1,0,0,4],[2,0,0,4]],"t":2.5})");
     const auto reader = openRecording(stream, "file");
     Record record;
@@ -265,7 +265,7 @@ TEST(JsonLinesReader, ReadsLinesAsTheyArrive) {
     EXPECT_EQ(timeOf(record), 2);
 }
 
-TEST(JsonLinesReader, KeepsReturningTheError) {
+TEST(JsonLinesReader, ReadingAfterAMalformedLineFailsAgain) {
     std::istringstream stream("{}\n{\"t\":1}\n");
     const auto reader = openRecording(stream, "file");
     Record record;

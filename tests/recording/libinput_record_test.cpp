@@ -83,7 +83,7 @@ TEST(LibinputRecordReader, ReadsReportsAsTheTouchpadSentThem) {
                                                "12.508: button 0 down"));
 }
 
-// The first file was played into the kernel, and libinput recorded the second file from that touch.
+// The evemu file was played into the kernel, and `libinput record` wrote the YAML file meanwhile.
 TEST(LibinputRecordReader, ReadsTheSameReportsAsTheEvemuReader) {
     const std::filesystem::path data = GLIDEMAP_TEST_DATA;
     const auto evemu = readRecordFile(data / "two_fingers.swipe_with_click.events");
@@ -161,7 +161,7 @@ TEST(LibinputRecordReader, AcceptsAnyNumberOfComments) {
     EXPECT_EQ(recording.records.size(), 2U);
 }
 
-// The events are far longer than the limit for a single value.
+// Together, the events are far longer than the limit for a single value.
 TEST(LibinputRecordReader, AcceptsAnyNumberOfEvents) {
     std::string events = "  - evdev:\n";
     for (int index = 0; index < 10'000; ++index) {
@@ -262,7 +262,7 @@ TEST(LibinputRecordReader, StopsReadingAnEndlessScalar) {
 }
 
 // The reader processes a list element by element, so its length needs no limit.
-TEST(LibinputRecordReader, ReadsAnUnterminatedListToItsEnd) {
+TEST(LibinputRecordReader, ReadsAnUnterminatedListToTheEndOfTheFile) {
     const ReadRecording recording = readRecords("version: 1\nx: [[\n" + lines("a,", 100'000));
     EXPECT_EQ(recording.error, "file:100003: not valid YAML: did not find expected node content");
 }

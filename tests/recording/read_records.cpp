@@ -8,7 +8,7 @@ namespace glidemap::test {
 
 namespace {
 
-// Recordings may contain times since 1970, in microseconds.
+// Prints enough digits for times since 1970 with microseconds.
 std::string number(double value) {
     std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "%.16g", value);

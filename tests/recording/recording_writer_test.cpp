@@ -49,7 +49,7 @@ TEST(RecordingWriter, WritesOneLinePerRecord) {
 )");
 }
 
-TEST(RecordingWriter, OmitsAnUnknownDevice) {
+TEST(RecordingWriter, OmitsTheDeviceNameIfTheDeviceIsUnknown) {
     std::ostringstream stream;
     RecordingWriter(stream).writeHead("");
     EXPECT_EQ(stream.str(), "{\"glidemap-recording\":1}\n");
@@ -119,7 +119,7 @@ TEST(RecordingWriter, PreservesPositionsExactly) {
     }
 }
 
-TEST(RecordingWriter, RoundTripsThroughTheReader) {
+TEST(RecordingWriter, RecordsRoundTripThroughTheReader) {
     const Record records[] = {
         Report{0.008, {touch(1, 0.3F, 0.7F, 3), touch(5, 0.1234567F, 1e-9F, 7)}},
         ButtonRecord{0.5, 2, true},

@@ -22,7 +22,7 @@ public:
 
     void add(const Scene& scene, const Variant& variant);
 
-    // Shows each picture at scales 1 and 2.
+    // Writes the page, which shows each picture at scales 1 and 2.
     void writePage();
 
     int failures() const { return failed; }

@@ -115,7 +115,7 @@ QImage symbols() {
     return sheet.finished();
 }
 
-// As in launchers and in status bars.
+// The application's icon as in launchers, and the status item's icon as in status bars.
 QImage icons() {
     constexpr std::array sizes = {16, 22, 24, 32, 48, 64, 128, 256};
     Sheet sheet(QSize(760, 400));

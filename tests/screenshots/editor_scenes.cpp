@@ -23,7 +23,7 @@ using test::SettingsStage;
 
 using Arrangement = std::function<void(SettingsStage&)>;
 
-// Replaces the applications' own icons, which differ between machines.
+// Draws an icon in place of an application's own, which differs between machines. Returns its file.
 std::string drawIcon(const QTemporaryDir& folder, int hue) {
     QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
     icon.fill(Qt::transparent);
@@ -130,7 +130,7 @@ void holdModifiers(SettingsStage& stage) {
     stage.keys->onModifiers(modifier::option | modifier::command);
 }
 
-// A key of some keyboards that no shortcut can hold.
+// Some keyboards have keys that cannot be stored in a shortcut.
 void pressUnknownKey(SettingsStage& stage) {
     startRecording(stage);
     stage.keys->press({});
@@ -165,7 +165,7 @@ void warnOfClick(SettingsStage& stage) {
         ->setCurrentIndex(static_cast<int>(GestureType::twoFingerClick));
 }
 
-// As on KDE Plasma.
+// A gesture that the system itself uses, as on KDE Plasma.
 QImage pictureOfSystemGesture() {
     SettingsStage stage(BindingList{bound(GestureType::fourFingerSwipeUp, LockScreen{})});
     giveApplications(stage);

@@ -3,8 +3,8 @@
 //   glidemap-screenshots [--brief] [--only NAME] FOLDER
 //
 // Each state is rendered in both languages, light and dark, at one and at two pixels per point. The
-// program uses the real widgets with doubles of their services and needs no display. The same
-// program produces the same pictures. --brief limits it to a few pictures, --only to the scenes
+// program uses the real widgets with doubles of their services and needs no display. Two runs of
+// one build produce the same pictures. --brief limits it to a few pictures, --only to the scenes
 // whose name contains NAME. Fails if a picture cannot be written or is blank.
 //
 // A process has one scale for its lifetime, so a second process writes the pictures at scale 2.
@@ -57,7 +57,7 @@ std::vector<Scene> scenes(const Choice& choice) {
     return all;
 }
 
-// An offscreen display with room for every window at both scales.
+// Selects an offscreen display with room for every window at both scales.
 bool useDisplayInMemory(const QTemporaryDir& folder) {
     const std::string file = folder.filePath("display.json").toStdString();
     std::ofstream description(file);

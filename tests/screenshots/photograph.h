@@ -12,7 +12,7 @@ class QWidget;
 
 namespace glidemap::screenshots {
 
-// An empty picture of this size in points.
+// Returns an empty picture of this size in points.
 QImage canvas(const QSize& points);
 
 // Processes all pending events.
@@ -20,13 +20,13 @@ void settle();
 
 QImage photograph(QWidget& window);
 
-// Windows from bottom to top.
+// Returns one picture of the windows, which overlap as on the screen. The last one is on top.
 QImage photographTogether(const QList<QWidget*>& windows);
 
-// The window with all other open windows above it, the last opened on top.
+// Returns a picture of the window with all other open windows above it, and open lists on top.
 QImage photographWithAllAbove(QWidget& window);
 
-// Whether the picture has one colour, or almost.
+// Whether all pixels of the picture, or almost all, have the same colour.
 bool isBlank(const QImage& picture);
 
 } // namespace glidemap::screenshots

@@ -1,4 +1,5 @@
-// A subject of a picture: one state of one part of the interface, and the function that sets it up.
+// A subject of a picture: one state of one part of the interface, and the function that sets it up
+// and paints it.
 //
 // Thread:  the main thread, with a QApplication.
 // Errors:  a scene that cannot be set up returns a null picture.

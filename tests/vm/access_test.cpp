@@ -1,6 +1,6 @@
 // Tests access rights before and after the program that grants access has run, in a real kernel
-// with udev. This kernel has no login, so udev grants no access lists. The tests check which
-// devices udev tags for the seat's user.
+// with udev. No user is logged in, so no access lists are set. The tests check which devices udev
+// tags for the seat's user.
 
 #include "ordinary_pad.h"
 #include "platform/linux/access/input_trust.h"
@@ -216,7 +216,7 @@ TEST_F(GrantAccessTest, TagsOnlyTouchpadsAndUinputForTheSeat) {
     EXPECT_FALSE(isTaggedForTheSeat(ownKeyboardNode()));
 }
 
-TEST_F(GrantAccessTest, TagsATouchpadPluggedInLaterForTheSeat) {
+TEST_F(GrantAccessTest, TagsATouchpadPluggedInAfterTheGrantForTheSeat) {
     ASSERT_EQ(grantAccess().status, 0);
     const VirtualPad pad(ordinaryPad());
     EXPECT_TRUE(isTaggedForTheSeat(pad.node()));
@@ -254,7 +254,7 @@ private:
     const fs::path file = "/usr/lib/udev/rules.d/70-glidemap.rules";
 };
 
-TEST_F(GrantAccessTest, AppliesThePackagedRuleWithoutInstallingAnother) {
+TEST_F(GrantAccessTest, AppliesThePackagedRuleWithoutInstallingAnotherRule) {
     const VirtualPad pad(ordinaryPad());
     const PackageRule rule;
     EXPECT_FALSE(isTaggedForTheSeat(pad.node()));

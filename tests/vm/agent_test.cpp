@@ -338,7 +338,7 @@ TEST_F(AgentTest, FiltersAReconnectedTouchpadAgain) {
     EXPECT_EQ(std::ranges::count(again.events(), down(BTN_LEFT)), 0);
 }
 
-// ── a full disk ──
+// ── no reader, a grab by another program, a full disk ──
 
 TEST_F(AgentTest, LogsThatNoProgramReadsTheClone) {
     const InEnvironment log("GLIDEMAP_LOG", "1");

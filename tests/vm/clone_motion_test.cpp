@@ -174,7 +174,7 @@ TEST_P(CloneMotionTest, CloneHasTheTouchpadsCapabilities) {
     EXPECT_EQ(udevProperty(clone, "ID_INPUT_TOUCHPAD"), "1");
 }
 
-TEST_P(CloneMotionTest, CloneReaderReceivesTheSameEvents) {
+TEST_P(CloneMotionTest, CloneReaderReceivesTheSameEventsAsATouchpadReader) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const RecordedPad pad = recorded();
     Twins twins(shapeToday(pad));
@@ -188,7 +188,7 @@ TEST_P(CloneMotionTest, CloneReaderReceivesTheSameEvents) {
     EXPECT_TRUE(twins.forwarded.others.isQuiet());
 }
 
-TEST_P(CloneMotionTest, CloneOfAUsedTouchpadReportsTheSameState) {
+TEST_P(CloneMotionTest, CloneOfAUsedTouchpadReportsTheStateOfTheTouchpad) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const RecordedPad pad = recorded();
     Twins twins(shapeToday(pad));

@@ -34,7 +34,7 @@ protected:
     std::filesystem::path clone;
 };
 
-TEST_F(CloneReadersTest, CloneIsGrabbedIfOneOfTwoSimultaneousReadersCloses) {
+TEST_F(CloneReadersTest, TouchpadIsGrabbedEvenIfOneOfTwoSimultaneousReadersCloses) {
     filter.switchOn(true);
     clone = waitForClone();
     int reader = -1;
@@ -52,13 +52,14 @@ TEST_F(CloneReadersTest, CloneIsGrabbedIfOneOfTwoSimultaneousReadersCloses) {
 
 // If a notification of a close were lost, the driver would assume a reader, and no program would
 // receive the touchpad's events.
-TEST_F(CloneReadersTest, ProgramsThatCloseTheCloneTogetherDoNotCountAsReaders) {
+TEST_F(CloneReadersTest, TwoProgramsThatOpenAndCloseTheCloneDoNotCountAsReaders) {
     filter.switchOn(true);
     clone = waitForClone();
     {
         const Punctual beforeTheDriver;
         const int first = open();
-        close(::open(pad.node().c_str(), O_RDONLY | O_CLOEXEC)); // separates the two
+        // A notification of another node prevents the kernel from merging the two openings.
+        close(::open(pad.node().c_str(), O_RDONLY | O_CLOEXEC));
         const int second = open();
         close(first);
         close(second);
@@ -87,7 +88,7 @@ protected:
     driver::Device device = nullptr;
 };
 
-TEST_F(UnwatchedCloneTest, AfterAMissedReaderTheTouchpadWorksAndIsSoonTaken) {
+TEST_F(UnwatchedCloneTest, TouchpadWithAMissedReaderKeepsWorkingAndIsGrabbedOnARetry) {
     filter->switchOn(true);
     std::unique_ptr<EventReader> reader;
     {

@@ -77,7 +77,7 @@ TEST(CloneTest, OneFingerClickIsForwarded) {
     EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 1}, {up, 0, 1}}));
 }
 
-TEST(CloneTest, FiltersTheRightButtonLikeTheLeft) {
+TEST(CloneTest, FiltersTheRightButtonLikeTheLeftButton) {
     PadShape shape = ordinaryPad();
     shape.keys.insert(BTN_RIGHT);
     ForwardedPad forwarded(shape);
@@ -222,7 +222,7 @@ TEST(CloneTest, SwitchingOffUngrabsTheTouchpadOnceTheFingersLift) {
     EXPECT_EQ(forwarded.others.readUntil({EV_ABS, ABS_MT_TRACKING_ID, 9}).size(), 1U);
 }
 
-TEST(CloneTest, EventsArriveOnceWhenSwitchedOnAndOffRepeatedly) {
+TEST(CloneTest, EachEventArrivesOnceWhileTheFilterIsSwitchedOnAndOff) {
     ForwardedPad forwarded;
     for (std::int32_t round = 1; round <= 10; ++round) {
         const PadEvent landing{EV_ABS, ABS_MT_TRACKING_ID, round};
@@ -382,7 +382,7 @@ TEST(CloneTest, PassesAllClicksWithoutAccessToUinput) {
     EXPECT_TRUE(filter->asked().empty());
     EXPECT_TRUE(cloneNodes().empty());
 
-    // The right is granted, and the program switches the filter on again.
+    // The user gets access to uinput, and the program switches the filter on again.
     ASSERT_EQ(chmod("/dev/uinput", 0666), 0);
     filter->switchOn(true);
     session->waitUntilAsleep();

@@ -15,7 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(ContactsTest, ContactStatesAreMakeTouchThenTouchingThenLeft) {
+TEST(ContactsTest, EachContactIsMadeThenTouchesThenLeaves) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500), fingerMove(0, 1200, 500),
@@ -29,7 +29,7 @@ TEST(ContactsTest, ContactStatesAreMakeTouchThenTouchingThenLeft) {
 }
 
 // The kernel reports only changes, so it sends no position for this finger.
-TEST(ContactsTest, ReportsAFingerThatLandsAtItsSlotsLastPosition) {
+TEST(ContactsTest, ReportsAFingerThatLandsWhereTheSlotsPreviousFingerLifted) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500), fingerUp(0), fingerDown(0, 8, 1000, 500)});
@@ -146,7 +146,7 @@ TEST(ContactsTest, StoppedSessionReportsNothing) {
     ASSERT_EQ(last.size(), 1U);
     EXPECT_EQ(last[0].state, 3);
     EXPECT_EQ(last[0].x, seenX(3000));
-    EXPECT_EQ(again.seen().reports.size(), 1U); // the report of only one of the two sessions
+    EXPECT_EQ(again.seen().reports.size(), 1U); // the stopped session adds no report
 }
 
 TEST(ContactsTest, IgnoresDevicesOtherThanTouchpads) {

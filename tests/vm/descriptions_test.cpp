@@ -46,8 +46,8 @@ const Row rows[] = {
     {"touchpads/SynPS2 Synaptics TouchPad.lenovo-p50.desc", 2},
 };
 
-// Returns the position of a slot's contact along its axis. The first slot's contact is at the
-// beginning, and the last slot's at the end.
+// Returns the position of the slot's contact on each axis, as a share of the axis: from 0 for the
+// first slot to 1 for the last.
 float share(std::int32_t slot, std::int32_t slots) {
     return static_cast<float>(slot) / static_cast<float>(slots - 1);
 }
@@ -88,7 +88,7 @@ EventFrame allUp(const PadShape& shape) {
 
 class DescriptionTest : public testing::TestWithParam<Row> {};
 
-TEST_P(DescriptionTest, ReportsAFingerInEachSlotAtItsPosition) {
+TEST_P(DescriptionTest, DescribedTouchpadReportsAFingerInEachSlot) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const Row& row = GetParam();
     const PadShape shape = shapeToday(readRecordedPad(recordingsFolder() / row.file));
@@ -131,7 +131,7 @@ TEST_P(DescriptionTest, ReportsAFingerInEachSlotAtItsPosition) {
 INSTANTIATE_TEST_SUITE_P(Descriptions, DescriptionTest, testing::ValuesIn(rows),
                          [](const auto& instance) { return testName(instance.param.file); });
 
-TEST(DescriptionsTest, EachDescriptionHasATestRow) {
+TEST(DescriptionsTest, EachTouchpadDescriptionHasATestRow) {
     GLIDEMAP_NEEDS_RECORDINGS();
     std::set<std::string> named;
     for (const Row& row : rows) {

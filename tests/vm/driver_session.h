@@ -77,8 +77,8 @@ public:
     std::int32_t unreadableTouchpads() const;
     // Returns the connected touchpads.
     std::vector<driver::Device> devices() const;
-    // Returns a function that only this driver has. If it is missing, returns null and fails the
-    // test.
+    // Returns a function that only the evdev driver exports. If it is missing, returns null and
+    // fails the test.
     template <typename Function>
     Function symbol(const char* name) const {
         return reinterpret_cast<Function>(requiredSymbol(name));

@@ -34,8 +34,8 @@ class ForwardedPad {
 public:
     explicit ForwardedPad(PadShape shape = ordinaryPad());
 
-    // Returns when the driver has reacted and, if the driver has created a clone, the test reads
-    // it.
+    // Switches the filter on, waits for the clone and opens it. Returns when the clone is ready or
+    // has failed.
     void switchOn();
     // Opens a clone that the driver creates without a call to switchOn().
     void readNewClone();

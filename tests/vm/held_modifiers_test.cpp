@@ -85,8 +85,8 @@ protected:
         keyboard->post(events);
     }
 
-    // Types a key as the user, and returns all keys up to that one, which shows the modifiers held
-    // by then.
+    // Types B as the user, and returns all keys up to B. The last ones show which modifiers are
+    // held then.
     static Keys keysUntilUserTypesB() {
         press(KEY_B);
         release(KEY_B);
@@ -143,7 +143,7 @@ TEST_F(HeldModifiersTest, HeldShiftIsReleasedForTheShortcutAndPressedAgain) {
     EXPECT_EQ(keysUntilUserTypesB(), Keys{"-42 while 1"} + plainB);
 }
 
-TEST_F(HeldModifiersTest, ControlHeldForTheShortcutStaysHeldAfterwards) {
+TEST_F(HeldModifiersTest, ControlHeldByTheUserStaysHeldAfterAControlShortcut) {
     press(KEY_LEFTCTRL);
     keysUntilUserTypesB();
     post(t, control);
@@ -154,7 +154,7 @@ TEST_F(HeldModifiersTest, ControlHeldForTheShortcutStaysHeldAfterwards) {
     EXPECT_EQ(keysUntilUserTypesB(), Keys{"-29 while 4"} + plainB);
 }
 
-TEST_F(HeldModifiersTest, BothShortcutsAreCompleteWhileAModifierIsHeld) {
+TEST_F(HeldModifiersTest, TwoConsecutiveShortcutsAreCompleteWhileAModifierIsHeld) {
     press(KEY_RIGHTSHIFT);
     keysUntilUserTypesB();
     post(t, control);
@@ -168,7 +168,7 @@ TEST_F(HeldModifiersTest, BothShortcutsAreCompleteWhileAModifierIsHeld) {
 
 // The server's XTEST keyboard must not keep a key down either, because the next program that uses
 // XTEST would inherit the key.
-TEST_F(HeldModifiersTest, NoModifierIsStuckAfterwards) {
+TEST_F(HeldModifiersTest, NoModifierIsStuckAfterItsReleaseDuringAShortcut) {
     for (int round = 0; round < 20; ++round) {
         press(KEY_LEFTSHIFT);
         keysUntilUserTypesB();

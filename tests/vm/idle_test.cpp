@@ -89,8 +89,9 @@ TEST(IdleTest, DriverSleepsWhileATouchpadIsMissing) {
     pad.unplug();
     session.waitUntil("an empty report",
                       [&](const DriverSession::Seen& seen) { return seen.lastOf(device).empty(); });
-    // udev announces the removal slightly later and wakes the driver once more. The announcement of
-    // the next device follows it.
+    // udev announces the removal slightly later and wakes the driver once more. A device that is
+    // plugged in later is announced after the removal, and VirtualPad's constructor waits for that
+    // announcement.
     const VirtualPad next(notATouchpad(), "virtual/next");
     session.settle(staying);
     ASSERT_TRUE(session.waitUntilAsleep());

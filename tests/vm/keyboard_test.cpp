@@ -1,7 +1,7 @@
 // Tests the virtual keyboard in a real kernel. The tests read it as other programs do.
 //
-// The kernel drops a change to a key's current state. So a complete sequence of events shows that
-// each key was pressed and released.
+// The kernel drops an event that does not change the key's state. So a complete sequence of events
+// shows that each key was pressed and released.
 
 #include "device_reader.h"
 #include "dispatch/key_names.h"
@@ -67,8 +67,7 @@ AllSeen changes(std::initializer_list<std::pair<int, int>> all) {
     return expected;
 }
 
-// Returns the keyboard's node. The kernel creates it before the ioctl that creates the device
-// returns.
+// Returns the keyboard's node. It already exists when UI_DEV_CREATE returns.
 std::filesystem::path nodeOf(const std::filesystem::path& inSys) {
     return "/dev/input" / inSys.filename();
 }

@@ -185,7 +185,7 @@ protected:
     PadHand hand{pad};
 };
 
-TEST_F(LogindTest, TouchpadFollowsTheActiveSession) {
+TEST_F(LogindTest, ProgramUsesTheTouchpadOnlyWhileItsSessionIsActive) {
     const Process ourLeader({"/bin/sleep", "1000"});
     const Process otherLeader({"/bin/sleep", "1000"});
     const Session ours = seat->open(0, ourLeader);
@@ -196,7 +196,8 @@ TEST_F(LogindTest, TouchpadFollowsTheActiveSession) {
     const fs::path keyboard = waitForNode(keyboardName).value_or("/dev/null");
     const fs::path clone = waitForNode(pad.shape().name, pad.node()).value_or("/dev/null");
 
-    const Session other = seat->open(65534, otherLeader); // active: the seat has no consoles
+    // The new session is active immediately, because the seat has no consoles.
+    const Session other = seat->open(65534, otherLeader);
     ASSERT_FALSE(other.id.empty());
     EXPECT_TRUE(waitForNoNode(keyboard));
     EXPECT_TRUE(waitForNoNode(clone));

@@ -1,7 +1,7 @@
 // An invented modern touchpad and the events of its fingers, for tests that do not need a
 // particular touchpad.
 //
-// Units:   positions in the pad's own: x 0..4000, y 0..2000, growing downwards as on every
+// Units:   positions in units of the pad: x 0..4000, y 0..2000, growing downwards as on every
 //          touchpad.
 #pragma once
 

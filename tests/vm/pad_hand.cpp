@@ -12,7 +12,8 @@ namespace glidemap::vm {
 
 namespace {
 
-// The report interval of a touchpad. Programs assume another finger if a finger jumps.
+// The report interval of a touchpad, in seconds. A hand moves in small steps, because programs take
+// a jump for another finger.
 constexpr double betweenReports = 0.008;
 
 void append(EventFrame& frame, const EventFrame& more) {

@@ -1,7 +1,7 @@
 // A hand on the ordinary touchpad, which sends the events of a real touchpad: the contacts, the
 // number of fingers, and the button.
 //
-// Units:   positions in the pad's own; times in seconds of the monotonic clock.
+// Units:   positions in units of the pad; times in seconds of the monotonic clock.
 // Thread:  one.
 // Owner:   a test; the pad must outlive it.
 #pragma once
@@ -36,8 +36,8 @@ public:
     // touchpad separate gestures by the clock.
     PadHand& pause(double seconds);
 
-    // Waits until the clone forwards the touchpad. The clone's readers may already have received
-    // events of the marker button.
+    // Clicks the marker button until the clone forwards the touchpad. Other readers of the clone
+    // may therefore have received events of the marker button.
     void waitUntilTaken(DeviceReader& clone);
 
 private:

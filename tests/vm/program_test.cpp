@@ -69,8 +69,8 @@ protected:
         installGrantAccess();
     }
 
-    // The program has root run only a file that no user can write. A build folder below /tmp, or of
-    // another user, has none.
+    // The program runs the helper as root only if no ordinary user can replace it. A helper in a
+    // build folder below /tmp, or in another user's folder, is refused.
     static void installGrantAccess() {
         const fs::path installed = "/usr/libexec/glidemap/glidemap-grant-access";
         fs::create_directories(installed.parent_path());

@@ -146,7 +146,7 @@ TEST_F(RecordTest, ReplayOfTheRecordingRecognisesTheSameGesture) {
     EXPECT_EQ(std::ranges::count(replay.output(), '\n'), 1) << replay.output();
 }
 
-TEST_F(RecordTest, RecordsAButton) {
+TEST_F(RecordTest, RecordsThePressAndReleaseOfAButton) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
@@ -198,7 +198,7 @@ TEST_F(RecordTest, ExplainsHowToGrantAccess) {
     EXPECT_THAT(record.errors(), HasSubstr("udev"));
 }
 
-TEST_F(RecordTest, NamesAFileThatCannotBeCreated) {
+TEST_F(RecordTest, PrintsTheNameOfAFileThatCannotBeCreated) {
     const VirtualPad pad(ordinaryPad());
     const std::string path = "/run/no such folder/touch.jsonl";
     Process record({recordProgram(), "-o", path});

@@ -20,7 +20,7 @@ std::set<std::string> recordingsEndingIn(const std::string& ending);
 // Describes the recording's touchpad as a current kernel does.
 //
 // Many of the recordings are older than INPUT_PROP_POINTER, which the drivers of all these
-// touchpads set today. Only touchscreens lack it, but they have INPUT_PROP_DIRECT.
+// touchpads set today. Only touchscreens do not have it; they have INPUT_PROP_DIRECT instead.
 PadShape shapeToday(const RecordedPad& recorded);
 
 // Converts the file's name to letters that a test's name may contain.

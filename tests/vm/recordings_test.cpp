@@ -127,7 +127,7 @@ void expectSameReports(const std::vector<SeenContacts>& fromKernel,
 
 class RecordingTest : public testing::TestWithParam<Row> {};
 
-TEST_P(RecordingTest, ReportsMatchBetweenKernelAndFile) {
+TEST_P(RecordingTest, TouchpadAndRecordingFileYieldTheSameReports) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const Row& row = GetParam();
     const std::filesystem::path path = recordingsFolder() / row.file;

@@ -77,9 +77,9 @@ protected:
     }
 
     // Returns when the program has read the new state. The program queries the session after each
-    // announcement. The fake accepts the second query after its reply to the first query. So the
-    // third announcement follows that reply, and the program sends the third query after it has
-    // read the reply.
+    // announcement, and the fake handles a query after its reply to the previous query. So the
+    // third announcement follows the reply to the first query. The program sends the third query
+    // only after it has read that reply.
     void setLocked(FakeService& manager, bool isLocked) {
         constexpr int rounds = 3;
         ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", readings)) << "the watch is set";
@@ -171,7 +171,7 @@ TEST_F(SessionTest, WaitsForAnActiveSessionOnStartup) {
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
 }
 
-TEST_F(SessionTest, TouchpadPluggedInWhileInactiveIsReadOnceActive) {
+TEST_F(SessionTest, TouchpadPluggedInDuringAnInactiveSessionIsReadOnActivation) {
     pad.unplug();
     FakeService manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT});
@@ -192,14 +192,14 @@ TEST_F(SessionTest, TouchpadPluggedInWhileInactiveIsReadOnceActive) {
 
 // The monotonic clock stops during sleep. Without special handling, a touch, a tap that waits for a
 // second tap, and a held button would continue after sleep.
-TEST_F(SessionTest, SleepEndsTouchesAndButtons) {
+TEST_F(SessionTest, SleepEndsTouchesAndButtonPresses) {
     FakeService manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT, bindingJson("twoFingerDoubleTap", shortcutJson(1, 0)),
                         bindingJson("twoFingerTap", shortcutJson(2, 0)),
                         bindingJson("threeFingerLongPress", shortcutJson(3, 0))});
     Agent agent;
     ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", readings)) << "the watch is set";
-    DeviceReader keys(keyboardNode()); // a desktop would have to set up another keyboard
+    DeviceReader keys(keyboardNode()); // stays open: the keyboard must survive sleep
     for (int turn = 0; turn < 3; ++turn) {
         const std::filesystem::path clone = cloneNode();
         DeviceReader reader(clone);

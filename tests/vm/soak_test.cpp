@@ -4,7 +4,7 @@
 // a desktop.
 //
 //   start ─ a minute ─▶ measured ─ … every few actions it must recognise, forward, hold no key … ─▶
-//   measured again: as many descriptors and threads, no more memory ─▶ ended: nothing is left
+//   measured again: as many descriptors and threads, hardly more memory ─▶ ended: nothing is left
 //
 // GLIDEMAP_SOAK_SECONDS sets the duration (600), GLIDEMAP_SOAK_SEED the random actions. The test
 // prints both.

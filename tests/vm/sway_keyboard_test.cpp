@@ -102,8 +102,8 @@ protected:
         EXPECT_EQ(nextTyped(), "typed Shift B");
     }
 
-    // sway reads its socket and the keyboards in any order, so the first shortcuts may come too
-    // early.
+    // sway reads its socket and the keyboards in any order. So it may handle the first shortcuts
+    // before the command that separates our keyboard.
     bool becomesPlain(UinputKeyboard& keyboard) {
         const Deadline deadline;
         while (!deadline.passed()) {

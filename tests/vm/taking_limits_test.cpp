@@ -24,7 +24,7 @@
 namespace glidemap::vm {
 namespace {
 
-class TakingLimitsTest : public testing::Test {
+class GrabLimitsTest : public testing::Test {
 protected:
     // Expects that the driver does not grab the touchpad.
     void expectThatItIsLetAlone(const std::string& obstacle) {
@@ -56,7 +56,7 @@ void control(const char* option) {
     EXPECT_EQ(udevadm.waitForEnd(), 0) << option;
 }
 
-TEST_F(TakingLimitsTest, DoesNotGrabWhileUdevIsStopped) {
+TEST_F(GrabLimitsTest, DoesNotGrabWhileUdevIsStopped) {
     control("--stop-exec-queue");
     expectThatItIsLetAlone("udev has not announced the touchpad's clone as a touchpad");
     control("--start-exec-queue");
@@ -70,7 +70,7 @@ TEST_F(TakingLimitsTest, DoesNotGrabWhileUdevIsStopped) {
     EXPECT_TRUE(others.isQuiet());
 }
 
-TEST_F(TakingLimitsTest, DoesNotGrabWhileNoProgramOpensTheClone) {
+TEST_F(GrabLimitsTest, DoesNotGrabWhileNoProgramOpensTheClone) {
     expectThatItIsLetAlone("no program has opened the touchpad's clone");
 }
 
@@ -121,8 +121,8 @@ private:
     std::vector<int> files;
 };
 
-TEST_F(TakingLimitsTest, DoesNotGrabWithoutAnEventNodeForTheClone) {
-    control("--stop-exec-queue"); // keeps udev from processing all those devices
+TEST_F(GrabLimitsTest, DoesNotGrabWithoutAnEventNodeForTheClone) {
+    control("--stop-exec-queue"); // keeps udev from processing the many keyboards
     const UsedUpNodes keyboards;
     expectThatItIsLetAlone("the kernel has made no event node for the touchpad's clone");
 }

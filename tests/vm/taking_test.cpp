@@ -40,7 +40,7 @@ struct Received {
     double scrolled = 0; // downwards
 };
 
-class TakingTest : public testing::Test {
+class GrabTest : public testing::Test {
 protected:
     void SetUp() override {
         if (!std::filesystem::exists("/usr/bin/libinput")) {
@@ -115,12 +115,13 @@ protected:
     int clicks = 0;
 };
 
-// Tolerates a difference of a tenth of the motion, which is one report.
+// Tolerates a small difference, but not a lost or duplicated report, which would be a tenth of the
+// motion.
 void expectNear(double received, double expected, const std::string& what) {
     EXPECT_NEAR(received, expected, std::abs(expected) * 0.04) << what;
 }
 
-TEST_F(TakingTest, NeitherLosesNorDuplicatesEventsInTheFirstSecond) {
+TEST_F(GrabTest, NoEventIsLostOrDuplicatedInTheFirstSecondAfterTheStart) {
     constexpr int starts = 50;
     point();
     scroll();
@@ -148,7 +149,7 @@ TEST_F(TakingTest, NeitherLosesNorDuplicatesEventsInTheFirstSecond) {
     }
 }
 
-TEST_F(TakingTest, NeitherLosesNorDuplicatesEventsWhileTheFilterIsSwitchedOnAndOff) {
+TEST_F(GrabTest, NoEventIsLostOrDuplicatedWhileTheFilterIsSwitchedOnAndOff) {
     constexpr int switches = 200;
     point();
     scroll();
@@ -160,7 +161,7 @@ TEST_F(TakingTest, NeitherLosesNorDuplicatesEventsWhileTheFilterIsSwitchedOnAndO
         std::mt19937 moments(7);
         for (int count = 0; count < switches; ++count) {
             filter.switchOn(count % 2 == 0);
-            // Randomises these times, like those of the hand.
+            // The pauses are random, like those of the hand.
             const double pause = std::uniform_real_distribution(0.0, 0.4)(moments);
             letTimePassUntil(monotonicNow() + pause);
         }

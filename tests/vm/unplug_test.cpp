@@ -80,7 +80,8 @@ TEST(UnplugTest, AnotherTouchpadDoesNotReplaceAMissingTouchpad) {
 
     VirtualPad other(otherPad());
     pad.plugIn();
-    // The driver then also knows the other touchpad, which was plugged in earlier.
+    // When the driver reads the returned touchpad, it has also seen the other one, which was
+    // plugged in earlier.
     ASSERT_TRUE(session.waitUntilReading(pad));
     EXPECT_FALSE(hasOpen("self", other.node()));
     other.write(fingerDown(0, 7, 3000, 500));
@@ -108,7 +109,7 @@ TEST(UnplugTest, TouchpadsOfTheSameModelAreIdentifiedByTheirPorts) {
     EXPECT_EQ(session.settle(right), rightDevice);
 }
 
-TEST(UnplugTest, UnpluggingATouchpadDoesNotAffectAnother) {
+TEST(UnplugTest, UnpluggingATouchpadDoesNotAffectAnotherTouchpad) {
     VirtualPad going(ordinaryPad());
     VirtualPad staying(otherPad());
     DriverSession session;

@@ -29,7 +29,7 @@ public:
     void write(const EventFrame& frame, std::int64_t time = 0);
 
     // Presses and releases a button that every touchpad has and no recording uses. A reader that
-    // has received it has read all earlier events.
+    // has received the click has read all earlier events.
     void clickMarker();
 
     void unplug();

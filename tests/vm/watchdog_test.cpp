@@ -113,7 +113,7 @@ TEST_F(WatchdogTest, NextCloneDoesNotRepeatOldEvents) {
     expectForwarding();
 }
 
-TEST_F(WatchdogTest, StaysOffIfTheFilterDoesNotSwitchItselfOnAgain) {
+TEST_F(WatchdogTest, ForwardingStaysOffUnlessTheFilterIsSwitchedOnAgain) {
     hangInFilter(false);
     forwarded.pad.write(clickOfTwo());
     forwarded.filter.waitForAsked(1);

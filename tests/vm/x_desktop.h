@@ -26,8 +26,9 @@ public:
 
     bool isRunning() const { return running; }
 
-    // Waits until the server has opened the current device, because an earlier device may have had
-    // the same node. The server has configured the device when it replies to the next request.
+    // Waits until the server has opened the device that has this node now; an earlier device may
+    // have had the same node. The server may still be configuring the device, but has finished when
+    // it replies to the caller's next request.
     bool waitForDevice(const std::string& node) const;
 
 private:

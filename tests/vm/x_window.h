@@ -30,8 +30,8 @@ std::string describe(const XInput& input);
 
 class XWindow {
 public:
-    // Covers most of the screen. `className` identifies its application to the desktop. Returns
-    // when it has the focus.
+    // Covers most of the screen. `className` identifies the window's application to the desktop.
+    // Returns when the window has the focus.
     explicit XWindow(const std::string& className);
     XWindow(const XWindow&) = delete;
     XWindow& operator=(const XWindow&) = delete;

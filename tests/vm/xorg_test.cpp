@@ -112,8 +112,8 @@ protected:
     }
 
     // Moves, scrolls and clicks, and ends with a tap, which shows that all earlier events have
-    // arrived. Returns the buttons in order. The desktop receives wheel events while the fingers
-    // move, so their number varies.
+    // arrived. Returns the buttons in order. A repeated press and release is listed once, because
+    // the number of wheel events varies.
     std::vector<std::string> pointAndTap() {
         window->forget();
         PadHand hand(*pad);
@@ -203,7 +203,7 @@ TEST_F(XorgTest, ApplicationBindingAppliesWhileTheApplicationIsFrontmost) {
     EXPECT_TRUE(agent.waitForLog("fourFingerTap → Shortcut T @ Another Program"));
 }
 
-// The user holds Shift with one hand while the other makes the gesture.
+// The user holds Shift with one hand and makes the gesture with the other hand.
 TEST_F(XorgTest, HeldModifierDoesNotJoinTheShortcutAndDoesNotGetStuck) {
     home.writeBindings({bindingJson("fourFingerTap", shortcutJson(17, control))});
     VirtualPad keyboard(plainKeyboard(), "virtual/keyboard");

@@ -11,7 +11,8 @@ class Interruption {
 public:
     Interruption();
 
-    // Returns on SIGINT, SIGTERM or SIGHUP, or after fail(), even if fail() was called before.
+    // Returns on SIGINT, SIGTERM or SIGHUP, or after fail(), even if fail() was called before
+    // wait().
     void wait() const;
 
     void fail() const;

@@ -1,7 +1,7 @@
 // Writes records in order, on its own thread: a slow disk must not block the touch driver.
 //
 // Thread:  report() and button() on the driver's thread; finish() once, on another thread, after
-//          the last call to the others.
+//          the last call of report() and button().
 // Owner:   the caller, who also owns the stream; only the recorder may use the stream until
 //          finish().
 // Errors:  the first failed write calls onFailure once, on the recorder's thread; later records are

@@ -82,7 +82,8 @@ std::string Touchpads::names() const {
     return names;
 }
 
-// A device may have several callbacks. The recorder's runs before the device manager's.
+// A device may have several callbacks. The recorder registers first, so its callback runs before
+// the device manager's.
 void Touchpads::listen(Recorder& recorder) {
     listening = &recorder;
     const auto addCallback =

@@ -36,7 +36,7 @@ public:
     std::string names() const;
 
     // Passes all events of the touchpads to the recorder, from their start on. The recorder must
-    // exist until they are stopped.
+    // exist until the touchpads are stopped.
     void listen(Recorder& recorder);
 
 private:

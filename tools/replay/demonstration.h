@@ -22,7 +22,7 @@ Status demonstrate(const Options& options, ReplayDriver& driver, Printer& printe
                    Statistics& statistics);
 
 // Creates FOLDER/recording.jsonl for the replay driver, and FOLDER/Glidemap/bindings.json. The
-// bindings are harmless, so that no performance locks the screen. Keeps existing bindings.
+// bindings are disabled, so that no performance locks the screen. Keeps an existing bindings file.
 std::optional<std::string> writeDemonstration(const std::filesystem::path& folder,
                                               std::uint64_t seed);
 

@@ -96,7 +96,7 @@ private:
     bool isEnabled = false;
 };
 
-// Has no stored settings. Writes are lost at the end of the run.
+// Has no stored settings and ignores writes.
 class SimulatedUserDefaults : public UserDefaults {
 public:
     std::optional<std::string> string(std::string_view /*key*/) const override { return {}; }
@@ -193,7 +193,8 @@ void SimulatedDesktop::activate(const FrontmostRecord& frontmost) {
                                 : Application{});
 }
 
-// The dispatcher will find the same binding, because the bindings do not change in between.
+// Finds the binding in advance. The dispatcher will find the same one, because the bindings do not
+// change in between.
 Routing SimulatedDesktop::route(GestureType gesture) {
     Application frontmost = dispatcher->frontmost();
     routed = dispatcher->resolveBinding(gesture, frontmost.bundleID);

@@ -131,8 +131,8 @@ std::string recognitionJsonOf(const Recognised& recognised) {
     return openRecognition(recognised) + "}";
 }
 
-// Returns a human-readable line. Returns an empty text for keys, actions and buttons that are not
-// swallowed, because a gesture's line includes its action.
+// Returns a human-readable line. Returns an empty text for a button that is not swallowed, and for
+// keys and actions, which the gesture's line already contains.
 std::string textOf(const RunEvent& event) {
     return std::visit(Text(), event);
 }

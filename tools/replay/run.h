@@ -36,7 +36,7 @@ public:
 
     explicit Pace(Speed speed) : speed(speed) {}
 
-    // Waits until this time of the recording. Returns immediately for the first time and for a time
+    // Waits until this time of the recording. Returns immediately on the first call, and for a time
     // before the previous one, because a recording may go backwards.
     void waitUntil(double time);
 
@@ -69,7 +69,7 @@ public:
 
     void advanceTo(double time);
 
-    // Call this at the end of the input. Delayed taps fire.
+    // Call this at the end of the input. All taps that are still delayed then fire.
     void finish();
 
     double now() const { return time.now(); }

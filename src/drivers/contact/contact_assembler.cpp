@@ -13,7 +13,7 @@ namespace {
 constexpr std::int32_t maxSlots = 256;
 
 // A button may go down and up, or up and down, between two reports. If a broken device sends more
-// changes, only the final state is reported.
+// changes, pairs of opposite changes are left out.
 constexpr std::ptrdiff_t maxButtonChanges = 2;
 
 // Returns the number of fingers that a BTN_TOOL key announces, or 0 for other keys.

@@ -6,7 +6,7 @@
 //
 // Units:   as in the records. A stand-in may lie outside 0..1, because it stays at a fixed offset
 //          from its anchor.
-// Thread:  the assembler's.
+// Thread:  the assembler's thread.
 // Owner:   ContactAssembler.
 // Errors:  none.
 #pragma once

@@ -1,4 +1,4 @@
-// Reads the bit sets that sysfs shows for an input device: words as wide as the kernel's long, in
+// Reads the bit sets that sysfs shows for an input device: words as wide as this program's long, in
 // hexadecimal, the highest first, without leading zeros.
 //
 // Thread:  any; pure functions.

@@ -43,7 +43,7 @@ using SwitchClickFilter = void (*)(bool on);
 using CanFilterClicks = bool (*)();
 
 // Returns the reason why a touchpad's clicks are not filtered although the filter is on, in English
-// for a log. Returns null without such a reason. The text is never freed.
+// for a log. Returns null if no such reason exists. The text is never freed.
 using ClickFilterObstacle = const char* (*)(Device device);
 
 // A temporary reason, which disappears within two seconds.

@@ -1,5 +1,5 @@
-// The state that the forwarding of all touchpads shares: the click filter and its switch, the
-// watchdog, and the watch for new clones.
+// The state that all forwarded touchpads share: the click filter and its switch, the watchdog, and
+// the watch for new clones.
 //
 // Thread:  under the driver's lock; drops() and noticeStall() on the reader's thread.
 // Owner:   TouchpadDriver.

@@ -39,7 +39,7 @@ public:
     // Returns when to call look() again if nothing changes before.
     Moment nextLook() const;
 
-    // Returns the reason why the clone is not ready, for a log. Returns null if it is ready.
+    // Returns the reason why programs cannot read the clone yet, for a log, or null if they can.
     const char* obstacle() const { return reason; }
 
 private:

@@ -3,8 +3,8 @@
 //
 // The kernel drops an event that does not change a value. A finger that lands where the slot's last
 // contact ended therefore sends no position, and a clone that was created later does not have that
-// position. So whenever a finger lands, the writer adds the values that the clone lacks to the
-// frame.
+// position. So whenever a finger lands, the writer adds to the frame the values that the clone
+// lacks.
 //
 // While a dropped press is held, the writer marks the fingers as palms. Otherwise a program that
 // detects taps would take a short touch for a tap, because it does not see the button. Palms do not
@@ -36,7 +36,7 @@ public:
     bool forward(std::span<const InputEvent> frame, std::int32_t slotBefore, const PadState& source,
                  double time);
 
-    // Lifts all fingers and keys that the clone holds.
+    // Lifts all fingers and releases all keys that the clone holds down.
     bool releaseAll();
 
     bool isPressed(std::uint16_t key) const { return held.isPressed(key); }

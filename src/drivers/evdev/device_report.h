@@ -2,7 +2,7 @@
 // device that resembles a touchpad, with the reason if the driver does not use it. For
 // troubleshooting.
 //
-// Thread:  any; the driver delivers all lines before the function returns.
+// Thread:  any, one call at a time; the driver delivers all lines before the function returns.
 // Owner:   a line is valid only during the call that reports it.
 // Errors:  reported as a line.
 #pragma once

@@ -1,5 +1,5 @@
-// The driver's C interface: the touch driver's five symbols, two symbols that read its list, and
-// symbols that only this driver has. See input/touch_driver.h.
+// The driver's C interface: the touch driver's five symbols, two symbols that read its device list,
+// and symbols that only this driver has. See input/touch_driver.h.
 //
 // The first call creates the driver. The driver and its lists are never destroyed, because the
 // interface has no function to release them, and the driver's thread may outlive the program's
@@ -35,8 +35,8 @@ TouchpadDriver& touchpads() {
     return *driver;
 }
 
-// Reuses an earlier list of the same devices, because the program requests a list whenever a device
-// appears.
+// Reuses an earlier list of the same devices, because lists are never freed and the program
+// requests one whenever a device appears.
 driver::DeviceList keep(std::unique_ptr<const List> list) {
     static std::mutex mutex;
     static auto* lists = new std::vector<std::unique_ptr<const List>>;
@@ -50,7 +50,8 @@ driver::DeviceList keep(std::unique_ptr<const List> list) {
     return lists->back().get();
 }
 
-// Calls the function. Ignores exceptions, because allocation or the start of a thread may fail.
+// Calls the function and ignores its exceptions, because none may leave the C interface. Allocation
+// or the start of a thread may fail.
 template <typename Function>
 void withoutExceptions(Function function) noexcept {
     try {

@@ -3,8 +3,8 @@
 // touchpad from other programs, which use its clone instead.
 //
 // The kernel reports only changes, and other programs receive no events of a grabbed touchpad.
-// Before the driver releases it, it therefore restores the values that other programs received last
-// by writing them to the node. Without write permission, those programs may misread the next touch.
+// Before the driver releases the touchpad, it therefore writes to the node the values that other
+// programs received last. Without write permission, those programs may misread the next touch.
 //
 // Units:   event times in seconds of the monotonic clock.
 // Thread:  one at a time.

@@ -43,7 +43,8 @@ public:
         PadClone* clone = nullptr;
     };
 
-    // `onStall` is called on the watchdog's thread, after the touchpads were released.
+    // `onStall` is called after the touchpads were released: on the watchdog's thread after a
+    // stall, and on the caller's thread by resume().
     ForwardingWatchdog(WatchdogTime& itsTime, std::function<void()> onStall);
     ForwardingWatchdog(const ForwardingWatchdog&) = delete;
     ForwardingWatchdog& operator=(const ForwardingWatchdog&) = delete;

@@ -46,13 +46,14 @@ void PadInterception::add(const InputEvent& event) {
     source.apply(event);
 }
 
-// The filter is only called for changes.
+// Returns whether a button already is in the state that the event reports. The filter is called
+// only for changes.
 bool PadInterception::repeatsButton(const InputEvent& event) const {
     return isFilteredButton(event) && source.isPressed(event.code) == (event.value != 0);
 }
 
 // The clone has the touchpad's slots, and no touchpad has more contacts. An event for a slot beyond
-// them must not change the contact in the slot selected before.
+// these must not change the contact in the previously selected slot.
 bool PadInterception::needsMissingSlot(const InputEvent& event) const {
     if (event.type != EV_ABS) {
         return false;
@@ -92,8 +93,9 @@ void PadInterception::forwardFrame(double time) {
     }
 }
 
-// The touch began while the touchpad was being released, so no other program received its
-// beginning. Programs ignore the rest of such a touch, until the touchpad is grabbed again.
+// Called for a touch that began before the ungrab took effect. No other program received its
+// beginning, so they would ignore the rest of it. Grabs the touchpad again, so that the clone
+// forwards the touch.
 void PadInterception::grabAgain(double time) {
     if (writer.has_value() && (isForwarding() || grab())) {
         grabbedAt = time;
@@ -101,8 +103,8 @@ void PadInterception::grabAgain(double time) {
     }
 }
 
-// Forwards a release that the clone needs even if the filter drops it. Otherwise the button would
-// stay down.
+// If the clone received a press, its release is forwarded even if the filter drops it. Otherwise
+// the clone's button would stay down.
 void PadInterception::filterButtons() {
     std::array heldByClone{writer->isPressed(BTN_LEFT), writer->isPressed(BTN_RIGHT)};
     std::erase_if(frame, [&](const InputEvent& event) {
@@ -156,7 +158,8 @@ std::optional<PadInterception::Moment> PadInterception::nextLook() const {
     return isIntroducing() ? std::optional(introduction->nextLook()) : std::nullopt;
 }
 
-// Called before the touchpad is neutral, so that programs have time to open the clone.
+// The first attempt does not wait until the touchpad is neutral, so that programs can open the
+// clone in the meantime.
 void PadInterception::prepareClone() {
     leaveAt.reset();
     if (!writer.has_value()) {

@@ -45,8 +45,8 @@ public:
 
     // How long an unused clone exists, so that programs can read its last events.
     static constexpr std::chrono::seconds cloneRetention{1};
-    // The delay before the driver creates another clone after a failure. Each failure doubles it. The
-    // first delay is short, because the driver may have missed that a program opened the clone.
+    // The delay before the driver creates another clone after a failure. Each failure doubles it.
+    // The first delay is short, because the driver may have missed that a program opened the clone.
     static constexpr std::chrono::seconds firstPause{1};
     static constexpr std::chrono::seconds maxPause{600};
 
@@ -73,7 +73,7 @@ public:
     bool isIntroducing() const { return introduction.has_value(); }
 
     // Returns the reason why the touchpad is not grabbed although it should be, for a log. Returns
-    // null without such a reason.
+    // null if no such reason exists.
     const char* obstacle() const { return isIntroducing() ? driver::cloneIsNew : reason; }
 
     // Permanently releases the touchpad, even while a finger touches it.
@@ -112,7 +112,7 @@ private:
     std::optional<CloneWriter> writer; // exists before the touchpad is grabbed
     std::optional<CloneIntroduction> introduction;
     std::optional<double> grabbedAt;
-    std::optional<double> givenBackAt; // no other program received earlier events
+    std::optional<double> givenBackAt; // end of the last grab
     std::optional<Moment> leaveAt;     // when to remove the clone
     bool ended = false;
 

@@ -15,7 +15,8 @@
 
 namespace glidemap {
 
-// Idempotent. Both callbacks run on that thread, `grabAgain` when the process continues.
+// Idempotent. Both callbacks run on the thread above: `giveBack` before the process stops,
+// `grabAgain` when it continues.
 void watchStopSignals(std::function<void()> giveBack, std::function<void()> grabAgain);
 
 } // namespace glidemap

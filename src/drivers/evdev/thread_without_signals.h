@@ -10,7 +10,8 @@
 
 namespace glidemap {
 
-// A new thread inherits the signal mask of its creator.
+// Blocks all signals on the calling thread until the end of the scope, because a new thread
+// inherits its creator's signal mask.
 class SignalsBlocked {
 public:
     SignalsBlocked() {

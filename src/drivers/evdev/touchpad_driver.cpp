@@ -300,7 +300,8 @@ void TouchpadDriver::serve() {
     updateWatch();
 }
 
-// Search for all touchpads afterwards, because access may have been restored in the meantime.
+// Closes the touchpads that this user may not read any more. Then searches for them, because access
+// may have been restored in the meantime.
 void TouchpadDriver::withdrawUnreadable() {
     // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
     for (std::size_t index = 0; index < touchpads.size(); ++index) {

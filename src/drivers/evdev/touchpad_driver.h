@@ -2,7 +2,7 @@
 //
 //   caller                                 reader thread (while a touchpad is started)
 //   createList  ─ finds the touchpads      sleeps until a touchpad has events, a missing one may
-//   start, stop ─ wakes the reader ──────▶ have returned, or it is woken; on a time-out for a clone only
+//   start, stop ─ wakes the reader ──────▶ have returned, or it is woken
 //                                          └▶ contact callback, button callback, click filter,
 //                                             then the touchpad's clone is written
 //
@@ -57,7 +57,7 @@ public:
     const char* name(driver::Device device) const;
 
     // Returns the reason why the touchpad's clicks are not filtered although the filter is on, or
-    // null without such a reason.
+    // null if no such reason exists.
     const char* filterObstacle(driver::Device device) const;
 
     void addCallback(driver::Device device, driver::ContactCallback callback);
@@ -66,8 +66,8 @@ public:
     void setClickFilter(driver::FilterClick filter, void* context);
     void switchClickFilter(bool on);
     // Call this before the process is stopped. Releases all touchpads at once, even if another
-    // thread hangs. After the process continues, the state is the same as after a stall: the
-    // filter's function may switch it on again.
+    // thread hangs. If a touchpad was released, the filter is switched off when the process
+    // continues, as after a stall. The filter's function may switch it on again.
     void pause();
     void resume();
     void start(driver::Device device);

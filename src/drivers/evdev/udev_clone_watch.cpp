@@ -83,7 +83,7 @@ void UdevCloneWatch::separateNotifications(const std::string& name) {
                       openAndClose);
 }
 
-// Notifications of a node's own watch have no name.
+// A notification of a node's own watch has no name. It only separates the others and is ignored.
 void UdevCloneWatch::note(const inotify_event& change) {
     if ((change.mask & IN_Q_OVERFLOW) != 0) {
         seesOpening = false;

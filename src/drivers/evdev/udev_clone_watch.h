@@ -6,7 +6,7 @@
 // udev's database is not read: it may still contain the record of a removed device with the clone's
 // number.
 //
-// Thread:  the reader's.
+// Thread:  the reader's thread.
 // Errors:  none; if the folder cannot be watched, CloneStanding::isOpen is unknown.
 #pragma once
 

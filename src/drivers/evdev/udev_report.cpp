@@ -21,7 +21,8 @@ namespace {
 
 constexpr const char* uinputNode = "/dev/uinput";
 
-// Returns "may read it" or "may not read it (mode 0660, group input)".
+// Returns, for the verb "read", "this user may read it" or "this user may not read it (mode 0660,
+// group input)".
 std::string access(const char* node, int mode, const std::string& verb) {
     if (faccessat(AT_FDCWD, node, mode, AT_EACCESS) == 0) {
         return "this user may " + verb + " it";

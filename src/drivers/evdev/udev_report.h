@@ -1,7 +1,7 @@
 // Describes the devices that resemble touchpads in human-readable lines, from udev's data. Omits
 // serial numbers and addresses, because users publish these lines.
 //
-// Thread:  any. Opens no device except uinput, for writing, and creates no device.
+// Thread:  any, one call at a time. Neither opens nor creates a device.
 // Errors:  reported as a line.
 #pragma once
 

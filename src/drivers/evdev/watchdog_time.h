@@ -1,6 +1,6 @@
 // Port: the watchdog's clock and wait. Tests provide a clock that advances only on command.
 //
-// Thread:  now() on any; wait() on the watchdog's.
+// Thread:  now() on any thread; wait() on the watchdog's thread.
 #pragma once
 
 #include <chrono>

@@ -183,7 +183,7 @@ PlayingDevice::PlayingDevice(std::vector<Record> recorded, Repetition howOften)
     : records(std::move(recorded)), repetition(howOften) {}
 
 void PlayingDevice::start() {
-    const Gate gate = closeGate(); // delivers no record before `thread` is set
+    const Gate gate = closeGate(); // so that no record is delivered before `thread` is set
     if (current == nullptr) {
         current = std::make_shared<Run>(*this);
         current->begin();

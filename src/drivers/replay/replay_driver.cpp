@@ -74,8 +74,8 @@ ReplayDevice* replayDevice(driver::Device device) {
 
 #define GLIDEMAP_EXPORT extern "C" [[gnu::visibility("default")]]
 
-// A program that looks for new devices while it plays the recording must not start a second
-// playback.
+// Returns the newest list again while its device is in use. Otherwise a program that looks for new
+// devices during the playback would start a second one.
 GLIDEMAP_EXPORT driver::DeviceList MTDeviceCreateList() {
     if (!lists().empty() && isPlayed(*lists().back())) {
         return lists().back().get();

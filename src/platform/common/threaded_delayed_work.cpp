@@ -30,7 +30,8 @@ constexpr auto comesLater = [](const Waiting& a, const Waiting& b) {
 
 } // namespace
 
-// The thread shares this state, because it may outlive the owner until the current item returns.
+// The object shares this state with its thread. If an item destroys the object, the thread uses the
+// state until this item returns.
 struct ThreadedDelayedWork::State {
     std::function<void()> prepareThread;
     WorkWithin within = nullptr;

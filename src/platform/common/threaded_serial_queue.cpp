@@ -50,7 +50,8 @@ private:
 
 } // namespace
 
-// The thread shares this state, because it may outlive the queue until the current task returns.
+// The queue shares this state with its thread. If a task destroys the queue, the thread uses the
+// state until this task returns.
 struct ThreadedSerialQueue::State {
     std::function<void()> prepareThread;
     WorkWithin within = nullptr;
@@ -61,9 +62,9 @@ struct ThreadedSerialQueue::State {
     bool isWaiting = false; // the thread waits for tasks
     // stop() increments it. A thread runs only tasks of its own generation.
     std::uint64_t generation = 0;
+    static constexpr std::uint64_t noGeneration = ~std::uint64_t{0};
     // The generation whose task is running. If a task stops its own queue, the queue may be used
     // again before the task returns. The new thread then waits until that task is done.
-    static constexpr std::uint64_t noGeneration = ~std::uint64_t{0};
     std::uint64_t runner = noGeneration;
     std::thread thread;
 

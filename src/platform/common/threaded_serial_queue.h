@@ -25,7 +25,7 @@ public:
     static constexpr std::size_t capacity = 1024;
 
     // The number of deferred tasks that wakes a sleeping thread. A wake-up costs as much as thirty
-    // small tasks. At the end of a touch, that many tasks take only a few microseconds.
+    // small tasks. When a later task wakes the thread, it catches up within a few microseconds.
     static constexpr std::size_t maxDeferred = 32;
 
     // `prepareThread` runs on the new thread before its first task, to set its name and priority.

@@ -120,8 +120,7 @@ bool connectTo(int socket, const std::filesystem::path& file) {
 
 enum class Reply { given, none, unreachable };
 
-// Waits for the other process to reply. A disconnect without a reply means that this process is
-// exiting.
+// Waits for the first instance to reply. If it disconnects without a reply, it is exiting.
 Reply replyOn(int socket, Clock::time_point deadline) {
     std::string received;
     while (received.size() < answer.size()) {

@@ -8,7 +8,7 @@
 //   second:  finds the file locked, sends the first a request to show its window, and exits
 //
 // The kernel releases the lock when the process ends for any reason, so a killed instance does not
-// block later ones. The next instance removes its files.
+// block later ones. The next instance reuses its lock file and replaces its socket.
 //
 // Thread:  the main thread. claim() blocks while another instance starts, exits or replies; the
 //          other functions need an event loop and do not block.

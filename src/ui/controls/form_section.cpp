@@ -146,7 +146,7 @@ QWidget* FormSection::addToLastRow(QWidget* widget) {
     return row;
 }
 
-// The layout ignores hidden rows.
+// Includes the hidden rows, which the layout ignores.
 QSize FormSection::minimumSizeHint() const {
     QSize least = QWidget::minimumSizeHint();
     for (int index = 0; index < rows->count(); ++index) {

@@ -10,8 +10,8 @@
 
 namespace glidemap {
 
-// Prefers a single line, and wraps only if the notice is narrower than that. A plain QLabel with
-// word wrap already prefers two lines.
+// Prefers a single line, and wraps only if the notice is too narrow for it. A plain QLabel with
+// word wrap prefers two lines even where one fits.
 class Notice::Text : public StyledLabel {
 public:
     using StyledLabel::StyledLabel;

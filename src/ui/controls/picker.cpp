@@ -48,8 +48,8 @@ bool Picker::event(QEvent* event) {
     return QComboBox::event(event);
 }
 
-// When a key changes the choice of a closed list, Qt 6.4 reports only a changed name, which screen
-// readers ignore.
+// When a key changes the choice while the list is closed, Qt 6.4 reports only a changed name, which
+// screen readers ignore.
 void Picker::keyPressEvent(QKeyEvent* event) {
     const int before = currentIndex();
     QComboBox::keyPressEvent(event);

@@ -2,7 +2,7 @@
 // list is wide enough for its longest entry and the check mark. If the picker is too narrow for its
 // text, its tooltip shows the text.
 //
-// In a form row, the picker takes the available width, independent of its entries.
+// In a form row, the picker takes the available width, whatever its entries are.
 //
 // Units:   points.
 // Thread:  the main thread.

@@ -14,8 +14,8 @@ public:
     explicit PickerAccessible(Picker* shown)
         : QAccessibleWidget(shown, QAccessible::ComboBox), picker(*shown) {}
 
-    // Returns the choice as the name too, as Qt does on systems that associate a label with its
-    // control.
+    // Returns the choice also as the name, as Qt does on Linux, where the label is a separate
+    // relation.
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Name || kind == QAccessible::Value
                    ? choice()

@@ -47,7 +47,7 @@ QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
 } // namespace
 
 // Draws the card with its arrow and shadow, behind and around the popover. The drawing is cached as
-// a pixmap, because it is expensive and the animated content above it repaints often.
+// a pixmap, because drawing is expensive and the animated content above it repaints often.
 class Popover::Backdrop : public QWidget {
 public:
     explicit Backdrop(QWidget* parent) : QWidget(parent) {
@@ -148,7 +148,8 @@ void Popover::dismiss() {
 }
 
 // If a popover is hidden while it has the focus, Qt passes the focus to the next widget of the
-// focus chain, and that widget may be in destruction. Therefore, the focus moves explicitly.
+// focus chain, and that widget may be in the middle of its destruction. Therefore, the focus is
+// moved explicitly.
 void Popover::giveFocusBack() {
     if (anchor != nullptr) {
         anchor->setFocus(Qt::PopupFocusReason);
@@ -200,7 +201,7 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
 bool Popover::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        event->accept(); // the popover handles Escape instead of the window's shortcut
+        event->accept(); // Escape goes to the popover, not to a shortcut of the window
         return true;
     }
     if (event->type() == QEvent::LayoutRequest) {
@@ -226,8 +227,7 @@ void Popover::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-// Accepts the event. Otherwise the parent window would receive it and treat it as a click outside
-// the popover.
+// Accepts the event, so that it does not continue to the window below the popover.
 void Popover::mousePressEvent(QMouseEvent* event) {
     event->accept();
 }

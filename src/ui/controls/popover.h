@@ -1,12 +1,13 @@
 // A small card with an arrow that points to its anchor control. The popover closes when the user
 // clicks elsewhere or presses Escape. The anchor itself handles clicks on the anchor.
 //
-// The popover is below the anchor if there is room, otherwise above, and always within the anchor's
-// window. It is a child widget of that window, because not every desktop positions popup windows
-// correctly.
+// The popover is below the anchor if there is room, otherwise on the side with more room, and
+// always within the anchor's window. It is a child widget of that window, because not every desktop
+// positions popup windows correctly.
 //
 // Thread:  the main thread.
-// Owner:   the window that contains it. It is deleted together with the window, or when it closes.
+// Owner:   the window that contains it. The popover is deleted together with the window, or when it
+//          closes.
 // Errors:  none. It closes if its anchor is hidden or destroyed.
 #pragma once
 

@@ -1,5 +1,5 @@
-// Computes the position of a popover: below its anchor if there is room, otherwise above, and
-// always within the window.
+// Computes the position of a popover: below its anchor if there is room, otherwise on the side with
+// more room, and always within the window.
 //
 // Units:   points in the window.
 // Thread:  any.

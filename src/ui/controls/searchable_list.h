@@ -64,7 +64,7 @@ public:
     // Called when the user chooses an entry. The callback may destroy the list.
     std::function<void(int value)> onChoose;
 
-    // Called when an entry is marked by keys, by a search or by the pointer.
+    // Called when an entry is marked, and when the pointer moves over an entry.
     std::function<void(int value)> onBrowse;
 
     // Called when the user presses Tab (forward) or Shift+Tab (backward). The callback moves the

@@ -1,6 +1,5 @@
 // Animates a value towards a target. If the user prefers reduced motion, the value jumps instead.
 //
-// Units:   milliseconds.
 // Thread:  the main thread.
 // Owner:   the widget that it redraws.
 // Errors:  none.

@@ -85,7 +85,7 @@ void Switch::drawKnob(QPainter& painter, const QRectF& track) const {
     painter.setOpacity(isEnabled() ? 1 : 0.7);
     style::fillRounded(painter, shape.translated(0, 1), size / 2, QColor(0, 0, 0, 50));
     style::fillRounded(painter, shape, size / 2, style::color(Role::knob));
-    if (!Theme::shared().isDark()) { // a white knob needs a shadow on a light track
+    if (!Theme::shared().isDark()) { // a white knob needs an edge on a light track
         style::strokeRounded(painter, shape, size / 2, style::hairline(painter),
                              QColor(0, 0, 0, 45));
     }

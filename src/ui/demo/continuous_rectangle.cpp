@@ -9,10 +9,10 @@ namespace glidemap::demo {
 namespace {
 
 // Distances from the corner point along an edge, in radii. They describe the curve x³ + y³ = 1,
-// scaled so that it shares its midpoint with a circular corner of this radius. Where the curve
-// meets an edge, its curvature is zero. Two Bézier curves, mirrored at the diagonal, approximate
-// it. Three control points of each lie on the edge, so the curvature of the Bézier curve is zero
-// there, too.
+// scaled so that it shares its midpoint with a circular corner of radius 1. Where the curve meets
+// an edge, its curvature is zero. Two Bézier curves, mirrored at the diagonal, approximate the
+// curve. Three control points of each Bézier curve lie on an edge, so its curvature is zero there,
+// too.
 constexpr double leaves = 1.42;   // the curve leaves the edge here
 constexpr double pulls = 1.043;   // gives the midpoint the curvature of x³ + y³ = 1
 constexpr double points = 0.5858; // the tangent at the midpoint crosses the edge here

@@ -1,5 +1,5 @@
 // Computes when a demonstration draws its next frame. Frames follow the screen's refresh rate, so
-// that each picture stays for the same number of screen frames, and are limited to 40 per second.
+// that each picture stays for the same number of screen frames. There are at most 40 per second.
 //
 // Units:   the screen's rate in frames per second; times on a steady clock.
 // Thread:  any; pure functions.
@@ -12,8 +12,8 @@ namespace glidemap::demo {
 
 inline constexpr std::chrono::milliseconds minFrame{25};
 
-// Returns the smallest whole number of screen frames that lasts at least minFrame plus the timer's
-// delay.
+// Returns the duration of the smallest whole number of screen frames that lasts at least minFrame
+// plus the timer's delay.
 std::chrono::nanoseconds framePeriod(double screenRate);
 
 // Returns the time from `now` until the first multiple of `period` that is at least minFrame away.

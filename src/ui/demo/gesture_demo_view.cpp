@@ -96,7 +96,7 @@ double GestureDemoView::moment() const {
     return sinceTheLast < 0 ? sinceTheLast + demo::loopDuration : sinceTheLast;
 }
 
-// Also prevents animation while an invisible widget is rendered into an image.
+// Returns false for an invisible widget. Rendering it into an image must not start the animation.
 bool GestureDemoView::canBeSeen() const {
     const QWindow* const handle = window()->windowHandle();
     return isVisible() && !window()->isMinimized() && handle != nullptr && handle->isExposed() &&

@@ -1,4 +1,4 @@
-// Clicks and long presses: a click shows a ripple, and during a long press a ring fills.
+// Clicks and long presses: a click shows a ripple, and during a long press a ring fades in.
 #include "motions.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ std::optional<Ring> ripple(double t) {
     return std::nullopt;
 }
 
-// The ring pulses about once per second, and fades together with the fingers.
+// The ring fades in, pulses about once per second, and disappears together with the fingers.
 std::optional<Ring> holdRing(double t, double fingerOpacity) {
     const double held = smoothstep((t - 0.6) / 1.3);
     if (held > 0 && fingerOpacity > 0) {

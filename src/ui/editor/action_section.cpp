@@ -35,8 +35,7 @@ ActionSection::ActionSection(BindingDraft& draft, const Workspace& workspace,
 void ActionSection::addRows() {
     addRow(kindsLabel, kinds);
     recorderPlace = addWidget(recorder);
-    // The recorder and the row both reserve a margin for the focus ring, but only one of them is
-    // needed.
+    // The recorder and the row both reserve a margin for the focus ring, but one margin is enough.
     constexpr QMargins ring(0, style::ringMargin, style::ringMargin, style::ringMargin);
     recorderPlace->layout()->setContentsMargins(recorderPlace->layout()->contentsMargins() - ring);
     targetPlace = addRow(targetLabel, target);

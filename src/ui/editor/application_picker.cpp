@@ -107,7 +107,7 @@ void ApplicationPicker::pick(int index) {
     }
 }
 
-// "No application" looks like a placeholder.
+// The entry for no application looks like a placeholder.
 void ApplicationPicker::initStyleOption(QStyleOptionComboBox* option) const {
     Picker::initStyleOption(option);
     if (currentIndex() == 0) {

@@ -1,4 +1,4 @@
-// The values of the editor's fields, from which it creates the binding once they are complete.
+// The values of the editor's fields. Once they are complete, the draft creates the binding.
 //
 // A field that the chosen kinds do not use keeps its value but is not saved. Thus, nothing is lost
 // when the user switches to another kind and back.
@@ -21,8 +21,8 @@
 
 namespace glidemap {
 
-// The kinds of actions and scopes that a binding can have, in the order of the menus. Labels are
-// returned in the current interface language.
+// The kinds of actions and scopes that a binding can have, in the order of the menus. label()
+// returns a kind's text in the given language.
 enum class ActionKind : std::uint8_t { keyboardShortcut, lockScreen, missionControl, launchApp };
 
 inline constexpr std::array allActionKinds = {
@@ -62,8 +62,9 @@ struct BindingDraft {
     std::optional<BindingAction> action() const;
     std::optional<BindingScope> scope() const;
 
-    // Replaces the binding `edited` in the list by the draft, keeping its identifier and enabled
-    // state, and returns the list. Appends a new binding if `edited` is nullopt or not in the list.
+    // Replaces the binding `edited` in the list by the draft, except for its identifier and its
+    // enabled state, and returns the list. Appends a new binding if `edited` is nullopt or not in
+    // the list.
     std::optional<BindingList> writtenInto(BindingList list,
                                            const std::optional<Uuid>& edited) const;
 };

@@ -147,7 +147,7 @@ QWidget* BindingEditor::makeButtons() {
     return buttons;
 }
 
-// The store saves the list when it is assigned.
+// setBindings() also saves the list.
 void BindingEditor::save() {
     std::optional<BindingList> list = draft.writtenInto(
         *services.store.bindings(), existing ? std::optional(existing->id) : std::nullopt);

@@ -190,8 +190,8 @@ void GesturePicker::hideEvent(QHideEvent* event) {
     Picker::hideEvent(event);
 }
 
-// Return and Escape must reach the sheet, to save or cancel. QComboBox would search for other keys
-// as text.
+// Keys that are not handled here must reach the sheet, for example Return to save and Escape to
+// cancel. QComboBox would search its items for the text of such keys.
 void GesturePicker::keyPressEvent(QKeyEvent* event) {
     if (opens(event->key())) {
         showPopup();

@@ -2,7 +2,8 @@
 // records a shortcut.
 //
 // Thread:  the main thread.
-// Owner:   the key presses of the same platform. The destructor returns the keys to the desktop.
+// Owner:   the KeyPresses object of the same platform. The destructor returns the keys to the
+//          desktop.
 // Errors:  none; on a desktop that does not support it, nothing changes.
 #pragma once
 

@@ -77,7 +77,8 @@ bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
     }
 }
 
-// Depending on the window system, a modifier's own event may or may not include that modifier.
+// Sets the flag of a pressed or released modifier itself: depending on the window system, the
+// modifier's own event may or may not include it.
 void KeyMonitor::reportModifiers(const QKeyEvent& event) const {
     if (!running || !onModifiers || event.isAutoRepeat()) {
         return;

@@ -1,13 +1,13 @@
 // Captures every key press in the program before the program's windows receive it.
 //
 // The monitor also swallows the auto-repeats and the release of a captured press, even after it has
-// stopped. Otherwise a Return that is held slightly too long would press the default button.
-// Auto-repeats of keys that were pressed before the monitor started are swallowed without being
-// reported: one of them may be the key that started the recording.
+// stopped. Otherwise a Return that is held slightly too long would press the default button. While
+// it runs, it also swallows the auto-repeats of keys that were pressed before it started: one of
+// them may be the key that started the recording.
 //
 // Thread:  the main thread.
-// Owner:   the key presses that report its events. After its destruction, key events are delivered
-//          normally.
+// Owner:   ToolkitKeyPresses, which reports its events. After its destruction, key events are
+//          delivered normally.
 // Errors:  none. If another program received the release of a key, the monitor does not wait for
 //          it: the next press of that key is a new press.
 #pragma once

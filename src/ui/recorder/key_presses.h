@@ -1,8 +1,8 @@
 // Port: captures key presses in the program before the program's windows receive them.
 //
 // Thread:  the main thread.
-// Owner:   the program; shared with the shortcut recorders. Only one recorder uses it at a time,
-//          and must call abandon() before its destruction.
+// Owner:   the program; shared with the shortcut recorders. Only one recorder may use it at a time.
+//          A recorder must call abandon() before it is destroyed.
 // Errors:  a key without a virtual key code is captured, and reported without a code.
 #pragma once
 
@@ -44,8 +44,9 @@ public:
     // Like stop(), but no longer swallows the auto-repeats and releases of captured presses.
     virtual void abandon() { stop(); }
 
-    // Captures also the keys that the desktop reserves for itself, for this window, which must have
-    // the focus. With null, returns these keys to the desktop. Some platforms do not support this.
+    // Also captures the keys that the desktop reserves for itself. This window receives them, and
+    // must have the focus. With null, returns these keys to the desktop. Some platforms do not
+    // support this.
     virtual void captureDesktopKeys(QWindow* /*window*/) {}
 };
 

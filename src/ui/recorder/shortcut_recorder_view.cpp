@@ -22,8 +22,8 @@ namespace {
 
 constexpr std::uint16_t escape = 53;
 
-// The flags of a press that a shortcut stores. Caps Lock and flags that depend on the key are not
-// among them.
+// The modifier flags of a key press that are stored in a shortcut. Caps Lock and flags that depend
+// on the key are not among them.
 constexpr std::uint64_t storedModifiers =
     modifier::shift | modifier::control | modifier::option | modifier::command;
 
@@ -101,14 +101,14 @@ void ShortcutRecorderView::stopRecording() {
     retitle();
 }
 
-// The keys are captured only while this window is active, so that other programs receive them
-// normally.
+// Captures the keys that the desktop reserves for itself only while this window is active.
+// Elsewhere, these keys work normally.
 void ShortcutRecorderView::updateDesktopKeyCapture() {
     const bool mayCapture = recording && captureLimit.isActive() && isActiveWindow();
     keys->captureDesktopKeys(mayCapture ? window()->windowHandle() : nullptr);
 }
 
-// Nothing may still be captured after the editor has closed, not even the release of a captured
+// After the editor has closed, nothing may be captured any more, not even the release of a captured
 // key.
 void ShortcutRecorderView::releaseKeys() {
     recording = false;

@@ -3,8 +3,8 @@
 // second button lets the user choose a shortcut from a list instead.
 //
 // While recording in the active window, the row also captures the keys that the desktop reserves
-// for itself. This lasts at most thirty seconds, because a screen that locks itself needs the
-// keyboard.
+// for itself. This lasts at most thirty seconds, because a screen locker needs the keyboard for
+// itself.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -90,7 +90,7 @@ private:
     bool recording = false;
     // Whether the last pressed key has no virtual key code, so that it cannot be stored.
     bool refusedKey = false;
-    bool mayHaveCaptured = false; // start() was called since the last releaseKeys()
+    bool mayHaveCaptured = false; // keys->start() was called since the last releaseKeys()
     Subscription toLanguage;
 };
 

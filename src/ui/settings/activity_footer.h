@@ -1,5 +1,5 @@
-// The line at the bottom that shows the last recognised gesture. It shows that the trackpad works,
-// even before the first binding exists.
+// The line at the bottom of the settings window, which shows the last recognised gesture. It shows
+// that the trackpad works, even before the first binding exists.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -21,7 +21,7 @@ class ActivityFooter : public QWidget {
 public:
     explicit ActivityFooter(QWidget* parent = nullptr);
 
-    // Null if no gesture has been recognised yet.
+    // `newest` is null if no gesture has been recognised yet.
     void display(const GestureLogEntry* newest, const Lang& lang);
 
 protected:

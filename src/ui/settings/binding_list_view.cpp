@@ -22,8 +22,8 @@ constexpr int inset = 6; // keeps the rows off the card's round corners
 constexpr double cornerRadius = 10;
 constexpr int line = 1; // the width of the card's edge
 
-// The number of rows that exist beyond each end of the visible ones, so that Tab finds the next row
-// before it scrolls into view.
+// The number of rows that exist beyond each end of the visible ones. When Up or Down selects a row,
+// it must already exist: only an existing row is announced to assistive technology.
 constexpr std::size_t rowsAhead = 2;
 
 bool isByKeyboard(Qt::FocusReason reason) {
@@ -78,7 +78,7 @@ BindingListView::BindingListView(const Lang& lang, QWidget* parent)
     area->installEventFilter(this);
     area->viewport()->installEventFilter(this);
     auto* layout = new QVBoxLayout(this);
-    // The rows reach the card's left and right edge.
+    // The rows scroll up to the card's upper and lower edges.
     layout->setContentsMargins(inset, line, inset, line);
     layout->addWidget(area);
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
@@ -143,7 +143,8 @@ void BindingListView::setMuted(bool now) {
     }
 }
 
-// Creates the rows that are in view or nearby, and discards all others.
+// Creates the rows that are in view or nearby, and discards all others except the row with the
+// focus.
 void BindingListView::layOut() {
     if (bindings == nullptr) {
         return;
@@ -278,8 +279,8 @@ void BindingListView::focusInEvent(QFocusEvent* event) {
     }
 }
 
-// Qt announces the list's focus after the focus event, and Orca 47 reads only the last announcement.
-// So the announcement of the selected row must follow.
+// Qt announces the list's focus after the focus event, and Orca 47 reads only the last
+// announcement. So the selected row must be announced after the list.
 void BindingListView::announceFocusLater() {
     QMetaObject::invokeMethod(
         this,

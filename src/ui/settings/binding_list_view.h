@@ -55,7 +55,7 @@ public:
     // Returns the existing rows by their index in the list.
     const BindingRows::Rows& rows() const { return present.all(); }
 
-    // Called on requests of the user.
+    // Called at the user's request.
     std::function<void(const GestureBinding&, bool enabled)> onToggle;
     std::function<void(const GestureBinding&)> onEdit;
     std::function<void(const GestureBinding&)> onDelete;

@@ -294,7 +294,8 @@ bool BindingRow::movesFocus(int key, QAbstractButton* from) {
     return true;
 }
 
-// Return activates the focused control. The keys of the list are forwarded to the list.
+// Return clicks the focused button. On the check box, Return is left to the list, as are the keys
+// that move the selection.
 bool BindingRow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn && onFocusInside) {
         onFocusInside(static_cast<QFocusEvent*>(event)->reason());

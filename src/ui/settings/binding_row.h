@@ -33,7 +33,7 @@ class SymbolButton;
 
 class BindingRow : public QWidget {
 public:
-    // Called on requests of the user.
+    // Called at the user's request.
     struct Callbacks {
         std::function<void(bool enabled)> onToggle;
         std::function<void()> onEdit;
@@ -80,7 +80,7 @@ public:
     // Returns the accessible name of a row for this binding.
     static QString spokenName(const GestureBinding& binding, const Lang& lang);
 
-    // Returns the height of every row, which does not depend on the script.
+    // Returns the height of a row. It is the same for all scripts (writing systems).
     static int usualHeight();
 
 protected:

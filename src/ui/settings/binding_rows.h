@@ -25,7 +25,7 @@ public:
     // The rows, by their index in the list.
     using Rows = std::map<std::size_t, BindingRow*>;
 
-    // Called on requests of the user in a row.
+    // Called for the user's actions in a row.
     struct Callbacks {
         std::function<void(const GestureBinding&, bool enabled)> onToggle;
         std::function<void(const GestureBinding&)> onEdit;

@@ -33,9 +33,9 @@ void GesturePreview::setGesture(GestureType gesture, const Lang& lang) {
     name->setText(toQt(displayName(gesture, lang)));
     demo->setGesture(gesture);
     demo->setAccessibleName(name->text());
+    detail->setText(toQt(glidemap::detail(gesture, lang)));
     // The size hint of a label with word wrap is nearly square, so the height is computed from the
     // width.
-    detail->setText(toQt(glidemap::detail(gesture, lang)));
     for (QLabel* label : {name, detail}) {
         label->setFixedHeight(label->heightForWidth(demoSize.width()));
     }

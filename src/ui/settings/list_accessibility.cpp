@@ -58,7 +58,7 @@ private:
     const std::size_t index;
 };
 
-// Makes the items direct children of the list, and omits the widgets between them. Each binding has
+// Makes the items direct children of the list, and omits the widgets in between. Each binding has
 // an item, even without a row, so that positions and counts are correct.
 class AccessibleList : public QAccessibleWidget {
 public:

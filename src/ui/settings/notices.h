@@ -1,5 +1,5 @@
 // The notices above the list: a newer version, a missing permission, and errors of services. Each
-// notice is visible only while it applies, with a line below it.
+// notice is visible only while it applies, with a separator line below it.
 //
 // Thread:  the main thread.
 // Owner:   the settings view, which sets the content.
@@ -37,13 +37,13 @@ public:
 
     void display(const Content& content, const Lang& lang);
 
-    // Called on requests of the user.
+    // Called at the user's request.
     std::function<void()> onDownload;
     std::function<void()> onOpenSystemSettings;
     std::function<void()> onInstallHelper;
 
 private:
-    // A notice with the line below it.
+    // A notice with the separator line below it.
     struct Section {
         QWidget* whole;
         Notice* notice;

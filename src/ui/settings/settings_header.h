@@ -38,10 +38,10 @@ public:
     // Updates the texts and the chosen language.
     void retitle();
 
-    // Adds a second line to the tooltip, until the next retitle().
+    // Adds a second line to the tooltip of "Launch at Login", until the next retitle().
     void addLaunchHelp(const std::string& line);
 
-    // Called on requests of the user.
+    // Called at the user's request.
     std::function<void(bool on)> onLaunchAtLogin;
     std::function<void(bool on)> onEnabled;
     std::function<void()> onAddBinding;

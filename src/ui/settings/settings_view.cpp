@@ -27,7 +27,7 @@ constexpr int emptyStateDrawing = 64;
 
 } // namespace
 
-// Replaces the list while there are no bindings: a text, which wraps, and a button.
+// Replaces the list while there are no bindings: a drawing above a text, which wraps.
 class SettingsView::EmptyState : public QWidget {
 public:
     explicit EmptyState(QWidget* parent);
@@ -149,7 +149,8 @@ void SettingsView::observe() {
     }
 }
 
-// Called only after a language change: each accessible name that is set notifies screen readers.
+// Called only on creation, when the view is shown and after a language change: each accessible name
+// that is set notifies screen readers.
 void SettingsView::retitle() {
     header->retitle();
     if (services.notes != nullptr) {

@@ -16,7 +16,7 @@ struct WindowGeometry {
     int y = 0;
     int width = 0;
     int height = 0;
-    bool maximized = false; // the other values are then the size to restore
+    bool maximized = false; // the other values are then those to restore
 
     friend bool operator==(const WindowGeometry&, const WindowGeometry&) = default;
 };

@@ -18,8 +18,8 @@ QColor colorOf(Role role, ColorScheme scheme);
 // would look muddy in the text colour.
 QColor vividColorOf(Role role, ColorScheme scheme);
 
-// Does not set QPalette::AlternateBase, so it keeps the desktop's colour. None of our controls uses
-// it, and desktopSchemeOf() can still determine from it whether the desktop is dark.
+// Does not set QPalette::AlternateBase, which therefore keeps the desktop's colour. None of our
+// controls uses this colour, and desktopSchemeOf() determines from it whether the desktop is dark.
 QPalette paletteOf(ColorScheme scheme);
 
 // Returns the appearance that the desktop's colours in this palette imply.

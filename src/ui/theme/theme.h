@@ -8,7 +8,7 @@
 // Thread:  the main thread, during the life of the QApplication.
 // Owner:   the process (`Theme::shared()`).
 // Errors:  none. Settings that the desktop does not provide are derived from its palette; the
-//          defaults are a light appearance, and motion.
+//          defaults are the light appearance and full motion.
 #pragma once
 
 #include "core/observable.h"

@@ -52,7 +52,7 @@ void addInstalled(QStringList& families, const QString& family) {
     }
 }
 
-// QFontInfo would load the font in a size that is not used.
+// Does not use QFontInfo, which would load the font in a size that is not drawn.
 double pixelSizeOf(const QFont& font) {
     if (font.pixelSize() > 0) {
         return font.pixelSize();

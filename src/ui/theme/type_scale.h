@@ -12,11 +12,11 @@
 
 namespace glidemap {
 
-// Returns the desktop's font family, with a fallback to a font with the Chinese letterforms of
-// mainland China.
+// Returns the desktop's font with fallback families, the last of which has the Chinese letterforms
+// of mainland China.
 QFont interfaceFont(const QFont& desktop);
 
-// `base` must be an interface font. The returned size grows with a larger base font, but never
+// `base` must come from interfaceFont(). The returned size grows with a larger base font, but never
 // shrinks below a comfortable size.
 QFont scaledFont(const QFont& base, TextStyle style);
 

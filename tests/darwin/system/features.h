@@ -1,5 +1,5 @@
-// The C library of macOS declares all its functions in C++. To match it, this header selects POSIX
-// and BSD from musl, without GNU extensions.
+// The C library of macOS makes all its functions visible to C++ code. To match it, this header
+// selects the POSIX and BSD functions of musl, without GNU extensions.
 #pragma once
 
 #ifndef _BSD_SOURCE

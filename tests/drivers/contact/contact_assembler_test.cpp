@@ -17,7 +17,7 @@ void check(const std::vector<StoryRow>& rows) {
     }
 }
 
-TEST(ContactAssembler, ContactStatesAreMakeTouchThenTouchingThenLeft) {
+TEST(ContactAssembler, EachContactIsMadeThenTouchesThenLeaves) {
     check({
         {"one finger",
          padWithSlots(5),

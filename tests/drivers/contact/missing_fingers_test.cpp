@@ -120,7 +120,7 @@ TEST(MissingFingers, StandInsHaveMillimetrePositionsAndTheirAnchorsVelocity) {
     EXPECT_EQ(standIn.fingerID, 1); // the first number that is not a slot number
 }
 
-TEST(MissingFingers, StandInsLeaveWhenTheCountDropsOrAllContactsLeave) {
+TEST(MissingFingers, StandInsLeaveWhenTheFingerCountDropsOrAllContactsLeave) {
     check({
         {"the count drops",
          padWithSlots(2),
@@ -183,8 +183,8 @@ TEST(MissingFingers, StandInsKeepTheirPositionWhenTheirAnchorLeaves) {
     });
 }
 
-// The touchpad assigns slots, and the user lifts fingers. A finger that loses or gets a slot has
-// not been lifted.
+// The touchpad may take a slot from one finger and give it to another. A finger that loses its slot
+// has not been lifted, and a finger that gets a slot has not just landed.
 TEST(MissingFingers, FingersKeepTheirIdentifiersWhenTheTouchpadReassignsSlots) {
     check({
         {"the pad removes a slot, then assigns it again",
@@ -211,7 +211,7 @@ TEST(MissingFingers, FingersKeepTheirIdentifiersWhenTheTouchpadReassignsSlots) {
     });
 }
 
-TEST(MissingFingers, IgnoresMovedCornersWhenTheFingerCountChanges) {
+TEST(MissingFingers, IgnoresBoundingBoxCornersThatMoveWhenTheFingerCountChanges) {
     check({
         {"a second finger lands and the first becomes a corner",
          semiMultitouchPad(),

@@ -103,7 +103,8 @@ TEST_F(ClickFilterTest, GrabsAndUngrabsWithoutWaitingForAnEvent) {
     driver.switchClickFilter(false);
     EXPECT_TRUE(system().waitUntilGrabbed(false));
     while (system().journal().size() < 4) {
-        time.advance(PadInterception::cloneRetention); // repeated until the reader waits for it
+        // Repeated, because the reader may not be waiting yet.
+        time.advance(PadInterception::cloneRetention);
         std::this_thread::yield();
     }
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
@@ -141,7 +142,7 @@ TEST_F(ClickFilterTest, ButtonCallbackReceivesDroppedButtonChanges) {
     driver.setButtonCallback(nullptr);
 }
 
-TEST_F(ClickFilterTest, WaitsUntilAFingerThatTouchedBeforeTheStartLifts) {
+TEST_F(ClickFilterTest, GrabWaitsUntilAFingerThatTouchedBeforeTheStartHasLifted) {
     driver.stop(device);
     send(fingerDown);
     driver.start(device);
@@ -229,7 +230,7 @@ TEST_F(ClickFilterTest, FilterMayRestartTheTouchpadAndRemoveItself) {
     EXPECT_EQ(waitForAsked(0).size(), 1U);
 }
 
-// The program may destroy the context once the call has returned.
+// The program may destroy the old filter's context once setClickFilter() has returned.
 TEST_F(ClickFilterTest, ReplacedFilterIsNotCalledAgain) {
     struct Context {
         std::atomic<bool> alive = true;
@@ -297,7 +298,8 @@ TEST_F(ClickFilterTest, WatchdogUngrabsTheTouchpadWhenTheFilterHangs) {
     EXPECT_EQ(waitForAsked(2).size(), 2U);
 }
 
-// The reader may block before it has read any event, and on a touchpad that is not forwarded.
+// The reader may block before it has read any event, even for a touchpad that is not forwarded. The
+// watchdog must ungrab the forwarded touchpad anyway.
 TEST_F(ClickFilterTest, WatchdogUngrabsTheTouchpadWhenTheReaderWaitsForALock) {
     pads->plug("event2", "without");
     pads->stream("event2")->hasButtons = false;

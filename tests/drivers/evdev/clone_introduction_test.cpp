@@ -27,14 +27,14 @@ TEST(CloneIntroduction, WaitsForTheGracePeriodAfterAReaderOpensTheClone) {
     EXPECT_EQ(introduction.obstacle(), nullptr);
 }
 
-TEST(CloneIntroduction, WaitsLongerIfReadersAreUnknown) {
+TEST(CloneIntroduction, WaitsFor500MillisecondsIfReadersAreUnknown) {
     CloneIntroduction introduction(begin);
     introduction.look(unknown, begin);
     EXPECT_EQ(introduction.look(unknown, begin + milliseconds(499)), State::waiting);
     EXPECT_EQ(introduction.look(unknown, begin + milliseconds(500)), State::ready);
 }
 
-TEST(CloneIntroduction, FailsAfterTwoSecondsWithAReason) {
+TEST(CloneIntroduction, FailsWithAReasonAfterTwoSecondsWithoutAReader) {
     for (const CloneStanding& standing : {withoutNode, unannounced, closed}) {
         CloneIntroduction introduction(begin);
         EXPECT_EQ(introduction.look(standing, begin), State::waiting);
@@ -45,7 +45,7 @@ TEST(CloneIntroduction, FailsAfterTwoSecondsWithAReason) {
     }
 }
 
-TEST(CloneIntroduction, GivesALateReaderTheFullGracePeriod) {
+TEST(CloneIntroduction, ReaderThatOpensTheCloneLateGetsTheFullGracePeriod) {
     CloneIntroduction introduction(begin);
     introduction.look(closed, begin);
     EXPECT_EQ(introduction.look(open, begin + milliseconds(1999)), State::waiting);

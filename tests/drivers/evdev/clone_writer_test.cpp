@@ -82,7 +82,7 @@ TEST_F(CloneWriterTest, AddsValuesThatTheCloneLacksWhenAFingerLands) {
               (Texts{"3:57=5 3:54=201 3:53=100 3:58=30 3:0=100", "3:47=1 3:57=6 3:53=300"}));
 }
 
-TEST_F(CloneWriterTest, AddsValuesForEachFingerThatLandsInAFrame) {
+TEST_F(CloneWriterTest, AddsMissingValuesForEachFingerThatLandsInTheSameFrame) {
     before({{1, EV_ABS, ABS_MT_POSITION_X, 100},
             {1, EV_ABS, ABS_MT_SLOT, 1},
             {1, EV_ABS, ABS_MT_POSITION_X, 300},

@@ -43,7 +43,7 @@ TEST_F(DriverInterface, ListReturnsNullOutsideItsBounds) {
     const auto count = resolve<driver::ListCount>(driver::listCountSymbol);
     const auto valueAt = resolve<driver::ListValueAtIndex>(driver::listValueAtIndexSymbol);
     const driver::DeviceList list = resolve<driver::CreateList>(driver::createListSymbol)();
-    ASSERT_NE(list, nullptr); // without touchpads the list is empty
+    ASSERT_NE(list, nullptr); // without touchpads the list is empty, not null
     ASSERT_GE(count(list), 0);
     for (long index = 0; index < count(list); ++index) {
         EXPECT_NE(valueAt(list, index), nullptr);

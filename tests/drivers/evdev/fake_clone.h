@@ -1,4 +1,4 @@
-// The fake system's side of one touchpad: the grab, the access rights and the clone.
+// A fake of the system for one touchpad: its grab, its clone, and the user's right to create one.
 //
 // Thread:  any; the test's, the reader's and the watchdog's threads use it.
 #pragma once

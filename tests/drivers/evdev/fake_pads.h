@@ -32,7 +32,7 @@ public:
 
     int descriptor() const { return ready.descriptor(); }
 
-    // Returns the fake system's side of this touchpad.
+    // Returns the fake system, which holds this touchpad's grab and clone.
     const std::shared_ptr<FakeSystem>& system() const { return outside; }
     bool hasButtons = true;
 

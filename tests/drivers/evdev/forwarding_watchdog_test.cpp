@@ -129,7 +129,7 @@ TEST_F(ForwardingWatchdogTest, DoesNotUngrabAReleasedTouchpad) {
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
 }
 
-TEST_F(ForwardingWatchdogTest, WatchesATouchpadGrabbedDuringWork) {
+TEST_F(ForwardingWatchdogTest, WatchesATouchpadThatIsGrabbedWhileTheReaderWorks) {
     watchdog.work();
     EXPECT_TRUE(grab(one));
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));

@@ -99,7 +99,7 @@ TEST_F(PadInterceptionTest, GrabsAndUngrabsAnUntouchedTouchpadImmediately) {
     EXPECT_GE(wakes, 2);
 }
 
-TEST_F(PadInterceptionTest, HeldFingerOrKeyDelaysTheGrabAndTheUngrab) {
+TEST_F(PadInterceptionTest, RestingFingerOrHeldKeyDelaysTheGrabAndTheUngrab) {
     struct Row {
         const char* what;
         InputEvent hold;
@@ -163,7 +163,7 @@ TEST_F(PadInterceptionTest, FingersStayPalmsUntilTheReleaseWhenSwitchedOffDuring
 }
 
 // The contact was a palm until it lifted, so programs do not recognise a tap.
-TEST_F(PadInterceptionTest, EndLiftsPalmsDuringADroppedPress) {
+TEST_F(PadInterceptionTest, EndingTheInterceptionLiftsPalmsDuringADroppedPress) {
     switchOn();
     say({{fingerDown}, {leftDown}});
     interception->end();
@@ -188,7 +188,7 @@ TEST_F(PadInterceptionTest, MiddleButtonIsNotFiltered) {
     EXPECT_EQ(asked, Texts());
 }
 
-TEST_F(PadInterceptionTest, CallsTheFilterForEachChangeWithinAFrame) {
+TEST_F(PadInterceptionTest, CallsTheFilterForEachButtonChangeWithinAFrame) {
     switchOn();
     answer = [this](std::int32_t) {
         return asked.size() <= 2;
@@ -214,7 +214,7 @@ TEST_F(PadInterceptionTest, NeverDropsTheReleaseOfAForwardedPress) {
               (Texts{"clone", "grab", "1:272=1", "1:272=0", "1:272=1 1:272=0"}));
 }
 
-TEST_F(PadInterceptionTest, ForwardsUnfilteredWhenSwitchedOffDuringATouch) {
+TEST_F(PadInterceptionTest, ForwardsClicksUnfilteredWhenSwitchedOffDuringATouch) {
     switchOn();
     say({{fingerDown}});
     switchOn(false);
@@ -280,7 +280,7 @@ TEST_F(PadInterceptionTest, TapBeforeTheGrabIsNotForwarded) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5"}));
 }
 
-TEST_F(PadInterceptionTest, RetriesAFailedCloneOnlyWhenSwitchedOnAgain) {
+TEST_F(PadInterceptionTest, RetriesFailedCloneCreationOnlyWhenSwitchedOnAgain) {
     system().allowClones(false);
     switchOn();
     say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
@@ -317,7 +317,7 @@ TEST_F(PadInterceptionTest, FailedCloneWriteUngrabsTheTouchpadImmediately) {
     EXPECT_TRUE(system().isGrabbed());
 }
 
-TEST_F(PadInterceptionTest, EndLiftsFingersAndReleasesButtons) {
+TEST_F(PadInterceptionTest, EndingTheInterceptionLiftsFingersAndReleasesButtons) {
     answer = [](std::int32_t) {
         return false;
     };
@@ -331,7 +331,7 @@ TEST_F(PadInterceptionTest, EndLiftsFingersAndReleasesButtons) {
     EXPECT_FALSE(system().isGrabbed()) << "end() was called";
 }
 
-TEST_F(PadInterceptionTest, LostTouchpadEndsItsTouchesAndButtons) {
+TEST_F(PadInterceptionTest, LosingTheTouchpadEndsTouchesAndButtonPresses) {
     switchOn();
     say({{fingerDown}, {leftDown}});
     interception->lose();
@@ -437,7 +437,7 @@ TEST_F(PadInterceptionTest, ReaderThatClosesTheCloneRestartsTheGracePeriod) {
     EXPECT_TRUE(system().isGrabbed());
 }
 
-TEST_F(PadInterceptionTest, GracePeriodIsLongerWhenReadersAreUnknown) {
+TEST_F(PadInterceptionTest, UnknownReadersGetALongerGracePeriodThanADetectedReader) {
     system().setStanding({true, true, std::nullopt});
     switchOn();
     letPass(CloneIntroduction::graceOfUnknownReader - CloneIntroduction::graceOfReader -
@@ -447,8 +447,9 @@ TEST_F(PadInterceptionTest, GracePeriodIsLongerWhenReadersAreUnknown) {
     EXPECT_TRUE(system().isGrabbed());
 }
 
-// The interception uses no timer, because an unused touchpad needs no clone.
-TEST_F(PadInterceptionTest, RetriesAfterAPauseThatDoubles) {
+// The interception retries when the touchpad is used, not on a timer, because an unused touchpad
+// needs no clone.
+TEST_F(PadInterceptionTest, RetriesAnUnreadCloneAfterPausesThatDoubleUpToTenMinutes) {
     system().setStanding({true, true, false});
     switchOn();
     letPass(CloneIntroduction::patience);
@@ -481,7 +482,7 @@ TEST_F(PadInterceptionTest, ReusesTheRetainedCloneWhenSwitchedOnAgain) {
     EXPECT_FALSE(interception->nextLook().has_value());
 }
 
-// The finger landed between the last read and the release of the grab.
+// The finger landed between the last read and the ungrab, so other programs have not seen it.
 TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheUngrabIsForwarded) {
     system().setTime(10);
     switchOn();
@@ -536,7 +537,7 @@ TEST_F(PadInterceptionTest, CreatesNoCloneWhileTheWatchdogIsPaused) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy", "clone", "grab"}));
 }
 
-TEST_F(PadInterceptionTest, HungFilterStopsForwardingUntilSwitchedOnAgain) {
+TEST_F(PadInterceptionTest, ForwardingStopsAfterTheFilterHangsUntilSwitchedOnAgain) {
     switchOn();
     bool switchesOn = false;
     answer = [&](std::int32_t event) {

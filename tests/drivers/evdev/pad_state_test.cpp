@@ -53,7 +53,7 @@ TEST(PadState, IsNeutralWhileNoFingerIsDownAndNoKeyIsPressed) {
     }
 }
 
-TEST(PadState, TracksPerSlotAndSharedAxes) {
+TEST(PadState, TracksTheAxesOfEachSlotAndTheSharedAxes) {
     PadState state(2);
     apply(state, {{0, EV_ABS, ABS_MT_POSITION_X, 10},
                   {0, EV_ABS, ABS_MT_SLOT, 1},
@@ -72,7 +72,7 @@ TEST(PadState, TracksPerSlotAndSharedAxes) {
     EXPECT_EQ(state.axis(ABS_Y), 0);
 }
 
-TEST(PadState, DetectsAKeyThatIsUpInAnotherState) {
+TEST(PadState, DetectsAKeyThatIsDownHereButUpInAnotherState) {
     PadState pad(1);
     PadState clone(1);
     apply(clone, {{0, EV_KEY, BTN_TOUCH, 1}});

@@ -59,7 +59,7 @@ TEST(ReplayDriver, DeliversNoReportEarly) {
     }
 }
 
-TEST(ReplayDriver, SetsTheTimeOfContactsToTheirReportsTime) {
+TEST(ReplayDriver, SetsTheTimeOfEachContactToTheTimeOfTheReport) {
     ReplaySession session;
     session.setRecording(tap);
     session.start();
@@ -140,7 +140,7 @@ TEST(ReplayDriver, AdvancesTimeForSkippedRecords) {
     EXPECT_GE(deliveries[0].timestamp, before + 0.02);
 }
 
-TEST(ReplayDriver, PlaysRecordingsInOtherFormats) {
+TEST(ReplayDriver, PlaysAnEvemuRecording) {
     ReplaySession session;
     session.setRecording("N: pad\nA: 2f 0 1 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n"
                          "E: 1338280591.5 3 39 7\nE: 1338280591.5 0 0 0\n");
@@ -269,8 +269,8 @@ TEST(ReplayDriver, EmptyRecordingReturnsADeviceWithoutTouches) {
     EXPECT_EQ(session.deliveryCount(), 0U);
 }
 
-// Loads a copy of the driver, which the loader treats as another library. So the mode does not
-// affect other tests.
+// Loads a copy of the driver, which the loader treats as another library. So enabling pushed
+// reports does not affect other tests.
 class PushedReports : public testing::Test {
 protected:
     PushedReports() {

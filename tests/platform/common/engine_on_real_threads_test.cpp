@@ -148,9 +148,9 @@ TEST_F(EngineOnRealThreads, CanBeDestroyedWithQueuedWork) {
         tap(2);
         tap(3);
         tap(5);
-        engine = makeEngine(); // destroys the engine without a stop
+        engine = makeEngine(); // destroys the previous engine without a stop
     }
-    tap(5); // the sink ignores reports after the engine's destruction
+    tap(5); // ignored, because the engine that received reports is destroyed
 }
 
 // Runs tasks on request, even after stop(), to simulate driver reports that arrive late.

@@ -15,7 +15,7 @@ TEST(SteadyUptimeClock, UptimeNeverDecreases) {
     }
 }
 
-// The cooldown accepts the first gesture because the uptime exceeds the cooldown.
+// The engine accepts the first gesture only because the uptime exceeds the cooldown.
 TEST(SteadyUptimeClock, UptimeStartsAtSystemBoot) {
     EXPECT_GT(SteadyUptimeClock().uptime(), 1.0);
 }

@@ -19,7 +19,7 @@ std::shared_ptr<WorkItem> item(std::function<void()> work) {
     return std::make_shared<WorkItem>(std::move(work));
 }
 
-// Waits until an item scheduled now for `delay` has run, and so all items due before it.
+// Returns after `delay`, when all items that were due by then have run.
 void waitFor(DelayedWork& work, double delay) {
     std::promise<void> reached;
     work.schedule(item([&reached] { reached.set_value(); }), delay);
@@ -56,7 +56,7 @@ TEST(ThreadedDelayedWork, RunsItemsInDeadlineOrder) {
     constexpr std::chrono::milliseconds apart(10);
     std::vector<int> order;
     Clock::duration took{};
-    do { // repeats if a scheduling delay changed the order of the deadlines
+    do { // repeats if scheduling took long enough to change the order of the deadlines
         ThreadedDelayedWork work;
         order.clear();
         const auto begun = Clock::now();
@@ -69,7 +69,7 @@ TEST(ThreadedDelayedWork, RunsItemsInDeadlineOrder) {
     EXPECT_EQ(order, (std::vector{1, 2, 3}));
 }
 
-TEST(ThreadedDelayedWork, LaterItemDoesNotDelayEarlierItem) {
+TEST(ThreadedDelayedWork, LongDelayDoesNotDelayAnItemWithAShorterDelay) {
     ThreadedDelayedWork work;
     work.schedule(item([] {}), 3600);
     std::promise<void> ran;
@@ -77,8 +77,8 @@ TEST(ThreadedDelayedWork, LaterItemDoesNotDelayEarlierItem) {
     EXPECT_EQ(ran.get_future().wait_for(test::patience), std::future_status::ready);
 }
 
-// Another item runs until the cancellation, so the item cannot run before it, even on a slow
-// machine.
+// The first item occupies the thread until the second is cancelled. So the second cannot run before
+// that, even on a slow machine.
 TEST(ThreadedDelayedWork, CancelledItemDoesNotRun) {
     ThreadedDelayedWork work;
     std::promise<void> cancelling;
@@ -99,7 +99,7 @@ TEST(ThreadedDelayedWork, RunsItemAfterTheCallerReleasesIt) {
     ran.get_future().wait();
 }
 
-TEST(ThreadedDelayedWork, StopDropsPendingItemsAndJoins) {
+TEST(ThreadedDelayedWork, StopDestroysPendingItemsBeforeItReturns) {
     ThreadedDelayedWork work;
     auto owned = std::make_shared<int>(1);
     work.schedule(item([owned] {}), 3600);

@@ -59,7 +59,7 @@ void countWithin(const std::function<void()>& work) {
     --within;
 }
 
-// On destruction, records `within`, which shows whether the wrapper is running.
+// Returns an object that records `within` when it is destroyed: 1 inside the wrapper, 0 outside.
 std::shared_ptr<void> releasedWithin(std::vector<int>& seen) {
     return {nullptr, [&seen](void*) {
                 seen.push_back(within);
@@ -199,7 +199,7 @@ TEST(ThreadedSerialQueue, StopUnblocksABlockedSubmitter) {
     stopper.join();
     submitter.join();
     queue.stop();
-    SUCCEED(); // ends only if stop() unblocks the submitter
+    SUCCEED(); // reached only if stop() unblocks the submitter
 }
 
 TEST(ThreadedSerialQueue, QueueCanBeDestroyedByItsOwnTask) {

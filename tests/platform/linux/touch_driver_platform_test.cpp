@@ -18,7 +18,7 @@ protected:
     ~TouchDriverPlatformTest() override { unsetenv(variable); }
 };
 
-// The tests are in a folder next to bin, so they find drivers like the programs.
+// The tests are in a folder next to bin, so they find the drivers as the programs do.
 TEST_F(TouchDriverPlatformTest, UsesTheInstalledEvdevDriverByDefault) {
     unsetenv(variable);
     const std::string path = touchDriverPlatform().libraryPath;
@@ -31,7 +31,7 @@ TEST_F(TouchDriverPlatformTest, EnvironmentVariableSelectsAnotherDriver) {
     EXPECT_EQ(touchDriverPlatform().libraryPath, REPLAY_DRIVER);
 }
 
-TEST_F(TouchDriverPlatformTest, IgnoresAnEmptyVariable) {
+TEST_F(TouchDriverPlatformTest, EmptyEnvironmentVariableSelectsTheDefaultDriver) {
     setenv(variable, "", 1);
     EXPECT_THAT(touchDriverPlatform().libraryPath, testing::EndsWith("libglidemap-evdev.so"));
 }
@@ -45,7 +45,7 @@ TEST_F(TouchDriverPlatformTest, LoadsTheSelectedDriverAndReadsItsDeviceList) {
     EXPECT_EQ(manager.loadError(), "未找到多点触摸设备");
 }
 
-TEST_F(TouchDriverPlatformTest, MissingDriverReturnsALoadError) {
+TEST_F(TouchDriverPlatformTest, ReportsALoadErrorForAMissingDriver) {
     setenv(variable, "/no/such/driver.so", 1);
     const MultitouchDeviceManager manager(touchDriverPlatform());
     ASSERT_TRUE(manager.loadError().has_value());

@@ -18,7 +18,7 @@ protected:
     static std::size_t left() { return doubles::livingInstances("NSObject"); }
 };
 
-TEST_F(AutoreleasePoolTest, KeepsAutoreleasedObjectsUntilTheFunctionReturns) {
+TEST_F(AutoreleasePoolTest, KeepsAutoreleasedObjectsUntilTheWrappedFunctionReturns) {
     std::thread([] {
         withinAutoreleasePool([] {
             leaveAnObjectBehind();

@@ -34,7 +34,7 @@ protected:
     }
 
 private:
-    std::multiset<std::string> forGood; // lives until the program exits
+    std::multiset<std::string> forGood; // objects that live until the program exits
     std::optional<doubles::Pool> pool;
 };
 

@@ -71,7 +71,7 @@ TEST(QtMainQueueTest, KeepsTheTaskOrderOfEachSubmittingThread) {
     }
 }
 
-TEST(QtMainQueueTest, TaskIsMovedAndDestroyedOnce) {
+TEST(QtMainQueueTest, RunsAMoveOnlyTaskAndDestroysItBeforeTheNextTask) {
     Application application;
     QtMainQueue queue;
     auto held = std::make_unique<int>(7);

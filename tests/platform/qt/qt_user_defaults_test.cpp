@@ -24,7 +24,7 @@ protected:
     const fs::path file = folder / "glidemap" / "glidemap.ini";
 };
 
-TEST_F(QtUserDefaultsTest, FirstLaunchReadsAndWritesNothing) {
+TEST_F(QtUserDefaultsTest, FirstLaunchFindsNoValuesAndCreatesNoFile) {
     {
         const QtUserDefaults defaults(file);
         EXPECT_EQ(defaults.string("appLanguage"), std::nullopt);
@@ -44,7 +44,8 @@ TEST_F(QtUserDefaultsTest, ValuesPersistUntilTheNextLaunch) {
     EXPECT_EQ(next.boolean("masterEnabled"), false);
 }
 
-// A second reader simulates the next launch after a crash, because the first reader is still open.
+// Reads the file with a second object while the writing one still exists, as the next launch after
+// a crash would.
 TEST_F(QtUserDefaultsTest, WritesValuesImmediately) {
     QtUserDefaults defaults(file);
     for (const bool value : {false, true}) {
@@ -113,7 +114,7 @@ TEST_F(QtUserDefaultsTest, DoesNotReadAListAsText) {
     EXPECT_EQ(QtUserDefaults(file).string("appLanguage"), std::nullopt);
 }
 
-TEST_F(QtUserDefaultsTest, ReadsValidLinesInADamagedFileAndCanWriteTheFile) {
+TEST_F(QtUserDefaultsTest, ReadsValidLinesOfADamagedFileAndCanStillWriteValues) {
     struct Row {
         const char* what;
         std::string text;

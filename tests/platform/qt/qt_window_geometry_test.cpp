@@ -23,7 +23,7 @@ protected:
     const fs::path file = temporary.path() / "glidemap" / "window.ini";
 };
 
-TEST_F(QtWindowGeometryTest, FirstLaunchReadsAndWritesNothing) {
+TEST_F(QtWindowGeometryTest, FirstLaunchFindsNoGeometryAndCreatesNoFile) {
     EXPECT_EQ(QtWindowGeometry(file).read(), std::nullopt);
     EXPECT_FALSE(fs::exists(file));
 }

@@ -32,7 +32,7 @@ TEST(SessionEndTest, ReportsAQuitRequestOnceAndClosesNoWindow) {
     EXPECT_TRUE(window.isVisible());
 }
 
-TEST(SessionEndTest, DestructionRestoresTheQtDefault) {
+TEST(SessionEndTest, DestructionRestoresTheQuitHandlingOfQt) {
     const Offscreen offscreen;
     int asked = 0;
     {

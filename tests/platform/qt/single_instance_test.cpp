@@ -247,7 +247,7 @@ TEST_F(SingleInstanceTest, ExactlyOneOfManySimultaneousInstancesIsFirst) {
     }
 }
 
-TEST_F(SingleInstanceTest, DoesNotUseAFolderThatOtherUsersCanOpen) {
+TEST_F(SingleInstanceTest, UsesAPrivateSubfolderIfOtherUsersCanOpenTheFolder) {
     fs::permissions(folder.path(), fs::perms::all);
     SingleInstance instance(folder.path());
     EXPECT_EQ(instance.claim({}), Claim::first);
@@ -256,7 +256,7 @@ TEST_F(SingleInstanceTest, DoesNotUseAFolderThatOtherUsersCanOpen) {
     EXPECT_EQ(fs::status(file("glidemap")).permissions(), fs::perms::owner_all);
 }
 
-TEST_F(SingleInstanceTest, SecondInstanceFindsTheFirstInThePrivateFolder) {
+TEST_F(SingleInstanceTest, SecondInstanceFindsTheFirstInAPrivateSubfolder) {
     fs::permissions(folder.path(), fs::perms::all);
     fs::create_directory(file("glidemap"));
     fs::permissions(file("glidemap"), fs::perms::all);
@@ -327,7 +327,7 @@ public:
         close(lock);
     }
 
-    // Returns all data from a client up to the end of its line.
+    // Reads a line from the next client, replies with the parts, and returns the line.
     std::string hearAndAnswer(const std::vector<std::string>& parts) const {
         const int client = accept(socket, nullptr, nullptr);
         std::string received;
@@ -362,7 +362,7 @@ private:
     const int socket;
 };
 
-TEST_F(SingleInstanceTest, AcceptsOnlyTheExactReply) {
+TEST_F(SingleInstanceTest, ClaimAcceptsOnlyTheExactReply) {
     struct Row {
         std::vector<std::string> parts;
         Claim claim;

@@ -17,7 +17,8 @@ namespace {
 
 using test::Application;
 
-// Runs a child. Its exit status is 7, or 8 if its event loop ended without a request.
+// Runs a child and returns its exit status: 7, or 8 if its event loop ended without a request. If a
+// signal terminated the child, returns 128 plus the signal.
 int programThat(void (*doesWhenRunning)(), void (*doesWhenAsked)()) {
     const pid_t child = fork();
     if (child == 0) {
@@ -71,7 +72,7 @@ TEST(TerminationSignalsTest, TimeLimitTerminatesAHangingProgram) {
     EXPECT_EQ(hangingProgram([](const auto& ending) { ending.limitEnd(); }), EXIT_SUCCESS);
 }
 
-TEST(TerminationSignalsTest, TimeLimitOutlivesTheObject) {
+TEST(TerminationSignalsTest, TimeLimitAppliesAfterItsObjectIsDestroyed) {
     EXPECT_EQ(hangingProgram([](const auto&) {
                   const TerminationSignals inner([] {}, std::chrono::milliseconds(50));
                   inner.limitEnd();
@@ -80,7 +81,7 @@ TEST(TerminationSignalsTest, TimeLimitOutlivesTheObject) {
 }
 
 // A time limit would replace the alarm of this test by a shorter alarm.
-TEST(TerminationSignalsTest, ProgramWithoutATimeLimitIsNotInterrupted) {
+TEST(TerminationSignalsTest, SignalStartsNoTimerWithoutATimeLimit) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); },
                           [] {
                               constexpr unsigned longerThanAnyLimit = 10;

@@ -131,7 +131,7 @@ TEST_F(VirtualTimeTest, InvalidTimeLeavesTheClockUnchanged) {
     EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(VirtualTimeTest, NegativeDelayIsDueAtTheNextAdvance) {
+TEST_F(VirtualTimeTest, ItemWithANegativeDelayIsDueAtTheNextAdvance) {
     schedule("item", -1);
     EXPECT_THAT(events, IsEmpty());
     time.advanceTo(0);
@@ -249,7 +249,7 @@ TEST_F(VirtualTimeTest, MainQueueRunsWhenTheSerialQueueIsEmpty) {
                                     Event{"main later", 0}));
 }
 
-TEST_F(VirtualTimeTest, TasksSubmittedByTheMainQueueRunAfterTheMainQueue) {
+TEST_F(VirtualTimeTest, TasksThatMainQueueTasksSubmitRunAfterTheMainQueueIsEmpty) {
     time.mainQueue()->submit([this] {
         time.mainQueue()->submit([this] { record("main child"); });
         submit("child");

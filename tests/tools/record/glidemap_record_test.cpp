@@ -168,7 +168,7 @@ TEST_F(GlidemapRecord, PrintsTheNamesOfAllTouchpadsAndRecordsThem) {
     EXPECT_EQ(std::ranges::count(program.output.text, '\n'), 1 + 2 * 7);
 }
 
-TEST_F(GlidemapRecord, PrintsAnErrorAndKeepsTheFileWithoutATouchpad) {
+TEST_F(GlidemapRecord, WithoutATouchpadPrintsAnErrorAndKeepsTheExistingFile) {
     std::ofstream(file) << "precious";
     RecordProgram program({"-o", file}, 0, 0);
     EXPECT_EQ(program.end(), 1);
@@ -183,14 +183,14 @@ TEST_F(GlidemapRecord, ExplainsHowToGrantMissingPermission) {
     EXPECT_THAT(program.errors.text, AllOf(HasSubstr("no permission"), HasSubstr("udev")));
 }
 
-TEST_F(GlidemapRecord, PrintsWhyTheDriverIsMissing) {
+TEST_F(GlidemapRecord, PrintsThatTheDriverCannotBeUsed) {
     RecordProgram program({}, 1, 0, "/no/such/driver.so");
     EXPECT_EQ(program.end(), 1);
     EXPECT_THAT(program.errors.text, AllOf(HasSubstr("the touch driver cannot be used"),
                                            HasSubstr("/no/such/driver.so")));
 }
 
-TEST_F(GlidemapRecord, NamesAFileThatCannotBeCreated) {
+TEST_F(GlidemapRecord, PrintsTheNameOfAFileThatCannotBeCreated) {
     const std::string path = folder / "no such folder" / "touch.jsonl";
     RecordProgram program({"-o", path}, 1, 0);
     EXPECT_EQ(program.end(), 1);

@@ -11,7 +11,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-TEST(Messages, SuggestsNoPermissionWithoutATouchpad) {
+TEST(Messages, DoesNotSuggestGrantingPermissionIfNoTouchpadExists) {
     EXPECT_THAT(nothingToRecord(0),
                 AllOf(StartsWith("no touchpad found\n"), Not(HasSubstr("sudo"))));
 }

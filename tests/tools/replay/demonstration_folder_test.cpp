@@ -58,7 +58,7 @@ TEST_F(DemonstrationFolder, RecordingContainsEveryPerformableGestureOnce) {
     EXPECT_EQ(gesturesIn(played.output), expected);
 }
 
-TEST_F(DemonstrationFolder, BindingsAreDisabled) {
+TEST_F(DemonstrationFolder, DemonstrationBindingsAreDisabled) {
     write();
     const std::string text = contentOf(bindings());
     EXPECT_THAT(text, HasSubstr("\"enabled\": false"));

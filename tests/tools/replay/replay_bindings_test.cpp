@@ -126,7 +126,7 @@ TEST(ReplayBindings, PrintsExactFlagsAndKeyCodesUpToTheirLimits) {
                   typed("0.1", "0", "9007199254740993"));
 }
 
-TEST(ReplayBindings, EveryOtherActionPrintsItsOwnLine) {
+TEST(ReplayBindings, ActionsExceptShortcutsPrintASeparateLine) {
     const std::pair<std::string, std::pair<std::string, std::string>> rows[] = {
         {lockScreen, {"Lock Screen", R"("lockScreen")"}},
         {missionControl, {"Mission Control", R"("missionControl")"}},
@@ -141,7 +141,7 @@ TEST(ReplayBindings, EveryOtherActionPrintsItsOwnLine) {
     }
 }
 
-TEST(ReplayBindings, PrintsALaunchedApplicationWithItsBindingsName) {
+TEST(ReplayBindings, PrintsALaunchedApplicationWithTheNameInTheBinding) {
     EXPECT_EQ(
         replayed({binding('1', "twoFingerTap", launch("org.example.Editor", "First")),
                   binding('2', "threeFingerTap", launch("org.example.Editor", "Second"))},
@@ -194,14 +194,14 @@ TEST(ReplayBindings, PrintsTheFrontmostApplicationWithoutBindings) {
               "\n");
 }
 
-TEST(ReplayBindings, SwallowsABoundClickAndRunsItsActionAfterItsLine) {
+TEST(ReplayBindings, SwallowsABoundClickAndPrintsItsActionAfterTheClick) {
     EXPECT_EQ(
         replayed({binding('1', "twoFingerClick", shortcut("1", "0"))},
                  resting(2, 0) + button("0.4", 0, true) + button("0.5", 0, false) + nothingAt(0.6)),
         button("0.4", 0, true, true) + typed("0.4", "1", "0") + button("0.5", 0, false, true));
 }
 
-TEST(ReplayBindings, SwallowsTheReleaseRegardlessOfTheRemainingFingers) {
+TEST(ReplayBindings, SwallowsTheReleaseOfASwallowedPressAfterAllFingersLift) {
     EXPECT_EQ(replayed({binding('1', "threeFingerClick", lockScreen)},
                        resting(3, 0) + button("0.4", 1, true) + nothingAt(0.6) +
                            button("0.7", 1, false) + button("0.8", 1, false)),
@@ -263,7 +263,7 @@ TEST(ReplayBindings, ButtonHeldAtTheEndOfAFileDoesNotAffectTheNextFile) {
                   button("0.5", 0, false, false));
 }
 
-TEST(ReplayBindings, BoundDoubleTapDelaysSingleTapsWithItsFingerCount) {
+TEST(ReplayBindings, BoundDoubleTapDelaysSingleTapsWithTheSameFingerCount) {
     const std::vector<std::string> bindings = {binding('1', "twoFingerTap", lockScreen),
                                                binding('2', "twoFingerDoubleTap", missionControl)};
     EXPECT_EQ(replayed(bindings, tapOf(2, 0, 0.2) + nothingAt(5)),
@@ -282,7 +282,7 @@ TEST(ReplayBindings, CombinesDoubleTapsFromBindingsAndCommandLine) {
                   deliveredLine("4.55", "fourFingerTap"));
 }
 
-TEST(ReplayBindings, DelayedTapUsesTheFrontmostApplicationWhenItFires) {
+TEST(ReplayBindings, DelayedTapUsesTheApplicationThatIsFrontmostWhenTheTapFires) {
     EXPECT_EQ(replayed({binding('1', "twoFingerTap", lockScreen, inEditor),
                         binding('2', "twoFingerDoubleTap", lockScreen)},
                        tapOf(2, 0, 0.2) + frontmost("0.6", editor)),

@@ -16,7 +16,7 @@ using testing::StartsWith;
 
 const std::string twoFingerTapLine = deliveredLine("0.1", "twoFingerTap");
 
-TEST(ReplayErrors, ReportsAMalformedLineAfterTheEarlierGestures) {
+TEST(ReplayErrors, ReportsAMalformedLineAndPrintsTheGesturesBeforeIt) {
     const Folder folder;
     const std::string file =
         folder.write("bad", tapOf(2, 0, 0.1) + "{\"t\":1,\n" + tapOf(5, 2, 2.1));
@@ -33,7 +33,7 @@ TEST(ReplayErrors, DelayedTapFiresOnceBeforeAMalformedLine) {
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: standard input:3: "));
 }
 
-TEST(ReplayErrors, PlaysTheOtherFilesAfterAnInvalidFile) {
+TEST(ReplayErrors, PlaysTheRemainingFilesAfterAnInvalidFile) {
     const Folder folder;
     const std::string bad = folder.write("bad", "{\"t\":\"now\",\"touches\":[]}\n");
     const std::string good = folder.write("good", tapOf(2, 0, 0.1));

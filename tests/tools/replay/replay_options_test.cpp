@@ -47,7 +47,7 @@ TEST(ReplayOptions, PrintsStatisticsOnlyToStandardError) {
                                            "speed           [0-9]+ frames/s\n"));
 }
 
-TEST(ReplayOptions, StatisticsAddUpSeveralFiles) {
+TEST(ReplayOptions, StatisticsAreSumsOverAllFiles) {
     const Folder folder;
     const std::string file = folder.write("a", tapOf(2, 100, 100.5));
     const Ended ended = replay({"--stats", file, file});

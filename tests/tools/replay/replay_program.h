@@ -1,6 +1,6 @@
 // Runs the built glidemap-replay as a shell does, and captures its output.
 //
-// Thread:  one. The program has exited when run() returns.
+// Thread:  one. The program has exited when the functions return.
 // Errors:  a program that cannot be started or is killed fails the test.
 #pragma once
 
@@ -27,7 +27,7 @@ struct Ended {
 
 Ended replay(const std::vector<std::string>& arguments, const std::string& input = "");
 
-// Runs a copy of the program at another path.
+// Runs the copy of the program at the path `program`.
 Ended replayWith(const std::string& program, const std::vector<std::string>& arguments,
                  const std::string& input = "");
 

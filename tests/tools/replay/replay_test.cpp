@@ -50,7 +50,7 @@ TEST(Replay, DeliversTheFirstGestureInARecordingThatStartsAtZero) {
     EXPECT_EQ(replayed(tapOf(4, 0, 0.1)), json("0.1", "fourFingerTap"));
 }
 
-TEST(Replay, OnlyGesturesWithinAQuarterSecondOfTheLastAreDropped) {
+TEST(Replay, DropsAGestureLessThanAQuarterSecondAfterADeliveredGesture) {
     EXPECT_EQ(replayed(tapOf(5, 1, 1.125) + tapOf(5, 1.25, 1.3125)),
               json("1.125", "fiveFingerTap") + json("1.3125", "fiveFingerTap", false));
     EXPECT_EQ(replayed(tapOf(5, 1, 1.125) + tapOf(5, 1.25, 1.375)),
@@ -63,11 +63,11 @@ TEST(Replay, DroppedGestureDoesNotProlongTheCooldown) {
                   json("1.4375", "fiveFingerTap"));
 }
 
-TEST(Replay, SingleTapIsImmediateWhileItsDoubleTapIsUnbound) {
+TEST(Replay, SingleTapIsImmediateWhileTheDoubleTapIsUnbound) {
     EXPECT_EQ(replayed(tapOf(2, 0, 0.2)), json("0.2", "twoFingerTap"));
 }
 
-TEST(Replay, SingleTapIsDelayedBy450MillisecondsWhileItsDoubleTapIsBound) {
+TEST(Replay, SingleTapIsDelayedBy450MillisecondsWhileTheDoubleTapIsBound) {
     const std::string later = nothingAt(5);
     EXPECT_EQ(replayed(tapOf(2, 0, 0.2) + later, {"--double-tap", "2"}),
               json("0.65", "twoFingerTap"));
@@ -92,7 +92,7 @@ TEST(Replay, SecondTapCancelsTheDelayedFirstTap) {
               json("0.3", "twoFingerDoubleTap"));
 }
 
-TEST(Replay, DoubleTapBindingDelaysOnlyTapsWithItsFingerCount) {
+TEST(Replay, DoubleTapBindingDelaysOnlyTapsWithTheSameFingerCount) {
     const std::string taps = tapOf(2, 0, 0.1) + tapOf(3, 2, 2.1) + tapOf(4, 4, 4.1);
     EXPECT_EQ(replayed(taps, {"--double-tap", "3"}), json("0.1", "twoFingerTap") +
                                                          json("2.55", "threeFingerTap") +
@@ -130,7 +130,7 @@ TEST(Replay, UnfinishedTouchIsNotAGesture) {
               "");
 }
 
-TEST(Replay, TimeMayGoBackwards) {
+TEST(Replay, PlaysARecordingWhoseTimesGoBackwards) {
     EXPECT_EQ(replayed(tapOf(5, 10, 10.1) + tapOf(5, 1, 1.1) + tapOf(5, 20, 20.1)),
               json("10.1", "fiveFingerTap") + json("1.1", "fiveFingerTap", false) +
                   json("20.1", "fiveFingerTap"));
@@ -167,7 +167,7 @@ TEST(Replay, PlaysSeveralFilesIndependentlyAndPrintsTheirNames) {
                   folderPath + R"(/second \"two\""})" + "\n" + json("0.3", "twoFingerTap"));
 }
 
-TEST(Replay, DelayedTapFiresBeforeTheNextFilesName) {
+TEST(Replay, DelayedTapIsPrintedBeforeTheNameOfTheNextFile) {
     const Folder folder;
     const std::string file = folder.write("a", tapOf(2, 0, 0.2));
     const std::string header = R"({"file":")" + file + "\"}\n";

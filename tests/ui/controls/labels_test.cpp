@@ -124,7 +124,7 @@ TEST(BadgeTest, UsesCaptionFontWithEightByThreePadding) {
                                       qCeil(metrics.height()) + 6));
 }
 
-TEST(BadgeTest, BackgroundIsItsColourAtFifteenPercentOpacity) {
+TEST(BadgeTest, BackgroundHasTheBadgeColourAtFifteenPercentOpacity) {
     Badge badge;
     badge.setText(QStringLiteral("Firefox"));
     badge.setColor(Role::purple);
@@ -148,7 +148,7 @@ TEST(NoticeTest, BackgroundHasTheGivenOpacity) {
     EXPECT_NEAR(image.pixelColor(2, 2).alphaF(), 0.1, 0.005);
 }
 
-TEST(NoticeTest, UsesOneLineAndWrapsWhenNarrow) {
+TEST(NoticeTest, UsesOneLineIfWideEnoughAndWrapsIfNarrow) {
     Stage stage;
     auto* notice = stage.add(new Notice({"", Role::red, Role::red}));
     notice->setText(longText + longText);

@@ -38,7 +38,7 @@ TEST_F(PickerAccessibleTest, TextIsThePlaceholderWithoutASelection) {
     EXPECT_EQ(text(), "Choose an app");
 }
 
-TEST_F(PickerAccessibleTest, ActionOpensAndClosesTheList) {
+TEST_F(PickerAccessibleTest, ShowMenuActionOpensAndClosesTheList) {
     for (const bool isOpen : {true, false}) {
         seen->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
         EXPECT_EQ(picker.view()->isVisible(), isOpen);

@@ -6,7 +6,7 @@
 
 namespace glidemap {
 
-// Used by Google Test.
+// GoogleTest calls this function to print a placement.
 void PrintTo(const PopoverPlacement& placed, std::ostream* out) {
     *out << "card " << placed.card.x() << "," << placed.card.y() << " " << placed.card.width()
          << "×" << placed.card.height() << (placed.isAbove ? " above" : " below") << ", arrow at "

@@ -45,7 +45,8 @@ protected:
         EXPECT_TRUE(test::waitFor([this] { return QApplication::activeWindow() == sheet; }));
     }
 
-    // Horizontally centred in the window, ten points below its title bar.
+    // Returns the position of a sheet of this width: centred in the window, ten points below its
+    // title bar.
     QPoint placeFor(int width) const {
         return stage.mapToGlobal(QPoint((stage.width() - width) / 2, 10));
     }
@@ -199,7 +200,7 @@ TEST_F(SheetTest, CastsAShadowWithCompositing) {
     EXPECT_GT(sheet->width(), 460);
 }
 
-// There the system separates the sheet from its window and positions it.
+// On a system with native sheets, the system positions the sheet and separates it from the window.
 TEST_F(SheetTest, NativeSheetDrawsNoShadowOrShade) {
     Theme::shared().pinSystemSheets(true);
     Theme::shared().pinCompositing(true);
@@ -241,7 +242,8 @@ TEST_F(SheetTest, IsDestroyedWithTheWindow) {
     EXPECT_EQ(hanging, nullptr);
 }
 
-// For example the shortcut that quits the program: the blocked window receives no keys.
+// The blocked window receives no keys, so the sheet must handle the window's shortcuts, for example
+// the one that quits the program.
 TEST_F(SheetTest, WindowShortcutsWorkInTheSheet) {
     QAction quit;
     quit.setShortcut(QKeySequence("Ctrl+Q"));

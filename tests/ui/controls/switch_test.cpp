@@ -54,7 +54,7 @@ TEST_F(SwitchTest, KnobSlidesToItsEndPosition) {
     EXPECT_TRUE(test::waitFor([this] { return knob->knobPosition() == 1; }));
 }
 
-TEST_F(SwitchTest, KnobAlsoSlidesAfterAClick) {
+TEST_F(SwitchTest, ClickMakesTheKnobSlideToItsEndPosition) {
     stage.open();
     QTest::mouseClick(knob, Qt::LeftButton);
     EXPECT_LT(knob->knobPosition(), 1);
@@ -70,7 +70,7 @@ TEST_F(SwitchTest, ReducedMotionMovesTheKnobAtOnce) {
     EXPECT_EQ(knob->knobPosition(), 0);
 }
 
-TEST_F(SwitchTest, StateSetBeforeShowingIsVisibleAtOnce) {
+TEST_F(SwitchTest, StateSetBeforeTheSwitchIsShownAppearsWithoutAnimation) {
     knob->setChecked(true);
     stage.open();
     EXPECT_EQ(knob->knobPosition(), 1);

@@ -75,7 +75,7 @@ TEST(ContinuousRectangleTest, AllCornersAreIdentical) {
     }
 }
 
-TEST(ContinuousRectangleTest, ClampsATooLargeRadius) {
+TEST(ContinuousRectangleTest, ClampsAnExcessiveRadius) {
     const QRectF bounds = continuousRectangle(QRectF(0, 0, 90, 30), 1'000).boundingRect();
     EXPECT_NEAR(bounds.width(), 90, 1e-6);
     EXPECT_NEAR(bounds.height(), 30, 1e-6);

@@ -146,7 +146,8 @@ TEST_F(PadDrawingTest, HasRoundedCorners) {
     EXPECT_GT(opacityAt(image, {1.45 * radius, 0.5}), 0.44);
 }
 
-// The lowest point of a complete circle is in the middle of the pad, far from any finger.
+// Measures the lowest point of a complete circle, which is far from the finger: the circle starts
+// and ends at the top.
 TEST_F(TrailDrawingTest, IsTwoPointsWideAndHalfOpaque) {
     for (const double ratio : {1.0, 1.5, 2.0}) {
         const View view = {{290, 200}, ratio};

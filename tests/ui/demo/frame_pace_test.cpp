@@ -35,7 +35,7 @@ TEST(FramePaceTest, AssumesSixtyHertzForAnImplausibleRate) {
     }
 }
 
-// A timer fires up to a millisecond late, and its time is whole milliseconds.
+// A timer fires up to a millisecond late, because its interval is a whole number of milliseconds.
 TEST(FramePaceTest, StaysInSyncWithTheScreenDespiteLateTimers) {
     for (const double rate : {60.0, 75.0, 144.0}) {
         const nanoseconds period = framePeriod(rate);

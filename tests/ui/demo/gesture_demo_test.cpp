@@ -114,7 +114,7 @@ TEST(GestureDemoTest, FingerCountIsConstantAndAllFingersAreVisibleAtOnce) {
     }
 }
 
-TEST(GestureDemoTest, FingersTrailAndRingStayOnThePad) {
+TEST(GestureDemoTest, FingersAndTrailsStayOnThePadAndRingsHaveAValidSize) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         throughTheLoop(gesture, [](double, const Frame& shown) {

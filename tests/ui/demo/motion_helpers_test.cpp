@@ -60,7 +60,7 @@ TEST(EnvelopeTest, FadesInAfterItsStartAndOutBeforeItsEnd) {
 }
 
 // In a span shorter than both fades, the finger is never fully opaque.
-TEST(EnvelopeTest, ShortSpanUsesTheMinimumOfBothFades) {
+TEST(EnvelopeTest, SpanShorterThanTheFadesIsNeverFullyOpaque) {
     EXPECT_NEAR(env(1.05, 1, 1.2, 0.2), 0.15625, exactness);
     EXPECT_NEAR(env(1.1, 1, 1.2, 0.2), 0.5, exactness);
     EXPECT_NEAR(env(1.16, 1, 1.2, 0.2), 0.104, exactness);

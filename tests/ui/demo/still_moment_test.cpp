@@ -9,9 +9,9 @@ namespace glidemap::demo {
 
 namespace {
 
-// The still moment is the last one before the fingers start to fade. A click's still moment is 1.2
-// s; its ring is strongest at 1.196 s, because (0.14 + 0.24 r) · 0.8 (1 - r) has its maximum at r =
-// 5/24.
+// The still moment is the last one before the fingers start to fade. For a click, it is 1.2 s,
+// because its ring is strongest at 1.196 s. The ring's strength is (0.14 + 0.24 r) · 0.8 (1 - r),
+// where r is the progress of the ripple; the maximum is at r = 5/24.
 double expectedMoment(GestureType gesture) {
     switch (category(gesture)) {
     case GestureCategory::circle:

@@ -36,7 +36,7 @@ protected:
         EXPECT_TRUE(test::waitForWindowActive(&picker));
     }
 
-    // The visible entries.
+    // Returns the visible entries.
     std::vector<std::string> entries() {
         std::vector<std::string> texts;
         const auto& list = dynamic_cast<const QListView&>(*picker.view());
@@ -108,7 +108,7 @@ TEST_F(ApplicationPickerTest, SetSelectionDoesNotCallOnPick) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(ApplicationPickerTest, ApplicationThatIsNotRunningIsShownButNotOffered) {
+TEST_F(ApplicationPickerTest, SelectedApplicationThatIsNotRunningIsShownButNotInTheList) {
     picker.setSelection(gone);
     EXPECT_EQ(current(), "Gone");
     EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
@@ -139,7 +139,7 @@ TEST_F(ApplicationPickerTest, ListIsUpdatedWhenItOpens) {
     EXPECT_THAT(picked, ElementsAre("New"));
 }
 
-TEST_F(ApplicationPickerTest, ListIsUpdatedWhenThePickerIsShownAndWhenAKeyPicks) {
+TEST_F(ApplicationPickerTest, ListIsUpdatedWhenThePickerIsShownAndBeforeAKeyPicksAnEntry) {
     workspace.running = {{"new", "New"}};
     picker.hide();
     picker.show();

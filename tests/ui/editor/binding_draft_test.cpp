@@ -107,7 +107,7 @@ TEST(BindingDraftTest, LoadedBindingIsWrittenUnchanged) {
     }
 }
 
-TEST(BindingDraftTest, LoadSetsOnlyTheKindsAndTheirParameters) {
+TEST(BindingDraftTest, LoadKeepsTheParametersOfUnselectedKinds) {
     BindingDraft draft;
     draft.load(made(GestureType::pinchOut, LaunchApp{.bundleID = "a", .name = "A"}));
     EXPECT_EQ(draft.gesture, GestureType::pinchOut);
@@ -194,7 +194,7 @@ TEST(BindingDraftTest, EditedBindingKeepsItsPositionIdentifierAndEnabledState) {
     }
 }
 
-TEST(BindingDraftTest, OnlyTheFirstOfTwoBindingsWithOneIdentifierIsReplaced) {
+TEST(BindingDraftTest, OnlyTheFirstOfTwoBindingsWithTheSameIdentifierIsReplaced) {
     const GestureBinding first = made(GestureType::pinchIn, MissionControl{});
     GestureBinding second = first;
     second.gesture = GestureType::pinchOut;

@@ -15,7 +15,8 @@ using testing::IsEmpty;
 
 class BindingEditorKeysTest : public EditorStage {
 protected:
-    // The tab order from the start until it repeats. Segments count as their control.
+    // Returns the tab order from the start until it repeats. A segment counts as its segmented
+    // control.
     std::vector<std::string> tabOrder() const {
         std::vector<std::string> names;
         QWidget* const first = window.focusWidget();
@@ -40,7 +41,7 @@ TEST_F(BindingEditorKeysTest, EscapeCancels) {
     EXPECT_THAT(window.keys, IsEmpty());
 }
 
-TEST_F(BindingEditorKeysTest, ReturnSavesOnceTheFormIsComplete) {
+TEST_F(BindingEditorKeysTest, ReturnSavesOnlyWhenTheFormIsComplete) {
     for (const Qt::Key saving : {Qt::Key_Return, Qt::Key_Enter}) {
         EXPECT_EQ(dismissals, 0);
         if (editor == nullptr) {
@@ -111,7 +112,7 @@ TEST_F(BindingEditorKeysTest, RecordedKeysDoNotReachTheSheet) {
     EXPECT_EQ(bindings().size(), 1U);
 }
 
-TEST_F(BindingEditorKeysTest, EscapeEndsTheRecordingFirst) {
+TEST_F(BindingEditorKeysTest, EscapeEndsARecordingBeforeItCancelsTheEditor) {
     open();
     const kit::Key escape{KEY_ESC, Qt::Key_Escape};
     QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
@@ -128,7 +129,7 @@ TEST_F(BindingEditorKeysTest, EscapeEndsTheRecordingFirst) {
     EXPECT_EQ(dismissals, 1);
 }
 
-TEST_F(BindingEditorKeysTest, ReturnPicksAndEscapeClosesInTheGestureList) {
+TEST_F(BindingEditorKeysTest, ReturnAndEscapeInTheGestureListNeitherSaveNorCancel) {
     open();
     choose(ActionKind::lockScreen);
     editor->setFocus();
@@ -222,8 +223,8 @@ TEST_F(BindingEditorKeysTest, EveryLabelIsTheBuddyOfItsControl) {
                            "Scope → scopePicker", "Only in this app → scopeAppPicker"));
 }
 
-// Within a real sheet, whose dialog also handles Return and Escape.
-TEST_F(BindingEditorKeysTest, ReturnSavesOnceAndEscapeCancelsOnceInTheSheet) {
+// Tests the editor within a real sheet, whose dialog also handles Return and Escape.
+TEST_F(BindingEditorKeysTest, ReturnInTheSheetSavesOneBindingAndClosesTheSheetOnce) {
     window.show();
     auto* const content = new BindingEditor({store, workspace, keys}, std::nullopt);
     auto* const sheet = new Sheet(&window, content, BindingEditor::sheetSize);

@@ -71,7 +71,7 @@ TEST_F(BindingEditorTest, LockScreenAndMissionControlCanBeSavedAtOnce) {
     }
 }
 
-TEST_F(BindingEditorTest, NotesAMissingOverviewButAllowsMissionControl) {
+TEST_F(BindingEditorTest, MissionControlWithoutAWindowOverviewShowsANoteButCanBeSaved) {
     workspace.hasOverview = false;
     open();
     EXPECT_FALSE(shows("noOverview"));
@@ -138,7 +138,7 @@ TEST_F(BindingEditorTest, ShowsOnlyTheFieldsOfTheSelectedKinds) {
     EXPECT_THAT(visibleParts(), ElementsAre("launchPicker"));
 }
 
-TEST_F(BindingEditorTest, WarnsOnlyAboutTheTwoFingerClick) {
+TEST_F(BindingEditorTest, ShowsTheClickWarningOnlyForTheTwoFingerClick) {
     open();
     choose(ActionKind::lockScreen);
     for (const GestureType gesture : allGestureTypes) {
@@ -274,7 +274,7 @@ TEST_F(BindingEditorTest, CancelLeavesTheStoreUnchanged) {
     EXPECT_THAT(bindings(), ElementsAre(binding));
 }
 
-TEST_F(BindingEditorTest, RecordingStopsWhenAnotherKindIsSelected) {
+TEST_F(BindingEditorTest, RecordingStopsWhenAnotherActionKindIsSelected) {
     open();
     QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
     choose(ActionKind::lockScreen);
@@ -378,7 +378,7 @@ TEST_F(BindingEditorTest, PickerLabelsAreAlignedInEachLanguageAndFont) {
         }
         ASSERT_EQ(widths, std::vector<int>(4, widths.front())) << when;
         EXPECT_THAT(widths.front(), testing::AllOf(testing::Ge(widest), testing::Le(widest + 1)))
-            << when; // rounded up for each letter
+            << when; // the width may be rounded up
     };
     expectAligned("in English");
     Lang::shared().setCode("zh");
@@ -426,7 +426,7 @@ TEST_F(BindingEditorTest, HasTheDefaultSheetSize) {
     EXPECT_EQ(part("gestureDemo").parentWidget()->height(), 4 + 130 + 4);
 }
 
-// The form with the most content, in both languages.
+// Tests the forms with the most content, in both languages.
 TEST_F(BindingEditorTest, FitsItsSheetWithoutScrolling) {
     open();
     choose(ScopeKind::app);
@@ -448,7 +448,7 @@ TEST_F(BindingEditorTest, FitsItsSheetWithoutScrolling) {
 }
 
 // The offscreen platform's screen is 800 points wide.
-TEST_F(BindingEditorTest, SheetShowsTheFullWidthOfTheFormInLargeLetters) {
+TEST_F(BindingEditorTest, FormFitsTheWidthOfTheSheetEvenWithLargeFonts) {
     window.show();
     auto* const content = new BindingEditor({store, workspace, keys}, std::nullopt);
     auto* const sheet = new Sheet(&window, content, BindingEditor::sheetSize);
@@ -509,7 +509,8 @@ TEST_F(BindingEditorTest, EmptyAppPickerUsesThePlaceholderColor) {
     EXPECT_GT(textColors(picker("launchPicker")), 0);
 }
 
-// Equally between the sections and below the last one.
+// The extra height is divided equally among the gaps between the sections and the gap below the
+// last one.
 TEST_F(BindingEditorTest, DistributesExtraHeightBetweenSections) {
     open();
     choose(ActionKind::lockScreen);

@@ -62,7 +62,7 @@ protected:
     }
     std::string marked() const { return list().currentIndex().data().toString().toStdString(); }
 
-    // The entries; "[Taps]" is a heading.
+    // Returns the entries; "[Taps]" is a heading.
     std::vector<std::string> entries() const {
         std::vector<std::string> texts;
         for (int row = 0; row < list().model()->rowCount(); ++row) {
@@ -138,7 +138,7 @@ TEST_F(GesturePickerTest, KeysOpenTheList) {
     EXPECT_THAT(sheet.keys, IsEmpty());
 }
 
-TEST_F(GesturePickerTest, FirstClickOpensAndSecondClickCloses) {
+TEST_F(GesturePickerTest, FirstClickOpensTheListAndSecondClickClosesIt) {
     QTest::mouseClick(picker, Qt::LeftButton);
     EXPECT_TRUE(picker->isOpen());
     QTest::mouseClick(picker, Qt::LeftButton);
@@ -272,7 +272,7 @@ TEST_F(GesturePickerTest, ArrowKeysSkipHeadingsAndStopAtTheEnds) {
     EXPECT_THAT(picked, ElementsAre(GestureType::fourFingerLongPress));
 }
 
-TEST_F(GesturePickerTest, ScrollingToAFirstEntryAlsoShowsItsHeading) {
+TEST_F(GesturePickerTest, HeadingIsVisibleWhenItsFirstEntryIsHighlighted) {
     picker->setGesture(GestureType::fourFingerLongPress);
     picker->showPopup();
     for (int page = 0; page < 6; ++page) {
@@ -345,7 +345,7 @@ TEST_F(GesturePickerTest, AllTextsFollowTheLanguageAtOnceIncludingTheOpenList) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(GesturePickerTest, NamesInTheOtherLanguageAreFound) {
+TEST_F(GesturePickerTest, SearchFindsChineseNamesInTheEnglishInterface) {
     picker->showPopup();
     search().setText("五指轻点");
     EXPECT_THAT(entries(), ElementsAre("[Taps]", "Five-Finger Tap"));

@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// One line per group: "tap: twoFingerTap threeFingerTap".
+// Returns one line per group: "tap: twoFingerTap threeFingerTap".
 std::vector<std::string> found(std::string_view text) {
     std::vector<std::string> lines;
     for (const FoundGestures& group : findGestures(text)) {

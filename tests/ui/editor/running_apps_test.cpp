@@ -62,7 +62,7 @@ TEST(RunningAppsTest, KeepDuplicates) {
     EXPECT_THAT(listed({{"a", "App"}, {"a", "App"}}), ElementsAre("App (a)", "App (a)"));
 }
 
-TEST(RunningAppsTest, LaunchableAppsAreTheInstalledApps) {
+TEST(RunningAppsTest, OnlyInstalledRunningAppsAreLaunchable) {
     kit::FakeWorkspace workspace;
     workspace.running = {{"mail", "Mail"}, {"XClock", "xclock"}, {"files", "Files"}};
     workspace.urls = {{"mail", "file:///mail"}, {"files", "file:///files"}};

@@ -12,10 +12,11 @@ namespace glidemap {
 
 class KeyLog : public QWidget {
 public:
-    // The keys since the last call.
+    // Returns the keys since the last call.
     std::vector<std::string> keys() { return std::exchange(seen, {}); }
 
-    // The same without releases, which some versions of Qt's text field do not accept.
+    // Returns only the presses since the last call. In some versions of Qt, a text field does not
+    // accept releases, so they also reach the window.
     std::vector<std::string> presses() {
         std::vector<std::string> pressed = keys();
         std::erase_if(pressed, [](const std::string& key) { return key.starts_with('-'); });

@@ -68,7 +68,7 @@ TEST_F(KeyMonitorTest, WindowReceivesNoRepeatOrReleaseOfACapturedPressAfterStop)
     EXPECT_THAT(window.keys(), ElementsAre("+65", "-65"));
 }
 
-TEST_F(KeyMonitorTest, WindowReceivesOtherKeysAfterStop) {
+TEST_F(KeyMonitorTest, WindowReceivesKeysPressedAfterStopWhileACapturedKeyIsHeld) {
     monitor->start();
     typist.press(a);
     monitor->stop();
@@ -78,7 +78,7 @@ TEST_F(KeyMonitorTest, WindowReceivesOtherKeysAfterStop) {
     EXPECT_THAT(window.keys(), IsEmpty());
 }
 
-TEST_F(KeyMonitorTest, NewPressImpliesALostRelease) {
+TEST_F(KeyMonitorTest, WindowReceivesANewPressOfACapturedKeyWhoseReleaseWasLost) {
     monitor->start();
     typist.press(a);
     monitor->stop();
@@ -140,7 +140,7 @@ TEST_F(KeyMonitorTest, SecondStartIsIgnored) {
     EXPECT_THAT(window.keys(), ElementsAre("+66", "-66"));
 }
 
-TEST_F(KeyMonitorTest, RemoveForgetsCapturedPresses) {
+TEST_F(KeyMonitorTest, WindowReceivesTheReleaseOfACapturedPressAfterRemove) {
     monitor->start();
     typist.press(a);
     monitor->remove();

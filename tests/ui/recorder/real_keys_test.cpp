@@ -47,7 +47,8 @@ protected:
         release(key);
     }
 
-    // Types into the window. Earlier keys in the window would have been reported first.
+    // Types a key that must reach the window. If an earlier key had reached the window, it would be
+    // reported first.
     void expectTypedIntoWindow() {
         type(KEY_Q);
         expect("pressed 81");
@@ -172,7 +173,8 @@ protected:
         return other;
     }
 
-    // Returns the line that the window prints when the window manager has closed it.
+    // Waits until the program reports that the window manager has closed its window. Until then,
+    // the program must not receive F4.
     static void expectClosed(Program& program) {
         const std::string f4 = "pressed 16777267";
         std::optional<std::string> line;
@@ -189,7 +191,7 @@ protected:
     }
 };
 
-TEST_F(X11DesktopKeysTest, AreRecordedAndThenReleased) {
+TEST_F(X11DesktopKeysTest, AreRecordedAndThenReturnedToTheDesktop) {
     record();
     typeAltF4();
     expectRecorded("118 80000");
@@ -197,7 +199,7 @@ TEST_F(X11DesktopKeysTest, AreRecordedAndThenReleased) {
     expectClosed(*window);
 }
 
-TEST_F(X11DesktopKeysTest, AreReleasedWhenRecordingIsCancelled) {
+TEST_F(X11DesktopKeysTest, AreReturnedToTheDesktopWhenRecordingIsCancelled) {
     record();
     type(KEY_ESC);
     expect("stopped");
@@ -205,7 +207,7 @@ TEST_F(X11DesktopKeysTest, AreReleasedWhenRecordingIsCancelled) {
     expectClosed(*window);
 }
 
-TEST_F(X11DesktopKeysTest, AreReleasedWhileAnotherWindowHasFocusAndGrabbedAgainAfterwards) {
+TEST_F(X11DesktopKeysTest, AreGrabbedOnlyWhileTheRecordingWindowHasTheFocus) {
     record();
     const auto other = anotherWindow();
     typeAltF4();
@@ -215,7 +217,7 @@ TEST_F(X11DesktopKeysTest, AreReleasedWhileAnotherWindowHasFocusAndGrabbedAgainA
     expectRecorded("118 80000");
 }
 
-TEST_F(X11DesktopKeysTest, AreReleasedWhenTheProgramExits) {
+TEST_F(X11DesktopKeysTest, AreReturnedToTheDesktopWhenTheProgramExits) {
     const auto other = anotherWindow();
     other->writeLine("record");
     EXPECT_EQ(other->nextLine(), "recording");

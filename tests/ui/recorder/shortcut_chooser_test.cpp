@@ -139,7 +139,7 @@ TEST_F(ShortcutChooserTest, ExactNameIsHighlightedBeforePartialMatches) {
     }
 }
 
-TEST_F(ShortcutChooserTest, FieldDoesNotMoveWhileTheListShrinks) {
+TEST_F(ShortcutChooserTest, SearchFieldDoesNotMoveWhileTheListShrinks) {
     open();
     const int height = kit::find<QWidget>(window, "shortcutChooser").height();
     const int listHeight = list().height();
@@ -148,7 +148,7 @@ TEST_F(ShortcutChooserTest, FieldDoesNotMoveWhileTheListShrinks) {
     EXPECT_EQ(kit::find<QWidget>(window, "shortcutChooser").minimumHeight(), height);
 }
 
-TEST_F(ShortcutChooserTest, TabMovesThroughTheTogglesIntoTheListAndOut) {
+TEST_F(ShortcutChooserTest, TabVisitsTheTogglesAndClosesTheChooserAtEitherEnd) {
     open();
     key(Qt::Key_Backtab);
     EXPECT_EQ(window.focusWidget(), &toggle("Super"));
@@ -171,7 +171,7 @@ TEST_F(ShortcutChooserTest, TabMovesThroughTheTogglesIntoTheListAndOut) {
     EXPECT_EQ(window.focusWidget(), &opener());
 }
 
-TEST_F(ShortcutChooserTest, ReturnOnAToggleClosesAndDoesNotReachTheSheet) {
+TEST_F(ShortcutChooserTest, ReturnOnAToggleClosesTheChooserAndDoesNotReachTheSheet) {
     open();
     key(Qt::Key_Backtab);
     key(Qt::Key_Return);

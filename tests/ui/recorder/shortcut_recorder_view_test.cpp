@@ -282,7 +282,7 @@ TEST_F(ShortcutRecorderViewTest, KeyHeldBeforeStartIsNotRecorded) {
     EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 36, .modifiers = 0}));
 }
 
-TEST_F(ShortcutRecorderViewTest, HoldingTheRecordedKeyDoesNotReachTheSheet) {
+TEST_F(ShortcutRecorderViewTest, HeldReturnOrEscapeDoesNotReachTheSheetWhenTheRecordingEnds) {
     for (const Key& key : {returnKey, escape}) {
         click();
         typist.press(key);
@@ -334,7 +334,7 @@ TEST_F(ShortcutRecorderViewTest, HidingRemovesTheMonitor) {
     EXPECT_FALSE(recorder->isRecording());
 }
 
-TEST_F(ShortcutRecorderViewTest, HidingForgetsCapturedPresses) {
+TEST_F(ShortcutRecorderViewTest, WindowReceivesTheReleaseOfACapturedPressAfterTheRecorderIsHidden) {
     click();
     typist.press(a);
     recorder->hide();
@@ -400,7 +400,7 @@ TEST_F(ShortcutRecorderViewTest, SetShortcutDoesNotCallOnRecord) {
     EXPECT_EQ(button().text(), "⌥⌘→");
 }
 
-// Subtracts the button's padding on both sides and the room for the focus ring.
+// Around the label, the button has its padding and the room for the focus ring, on both sides.
 TEST_F(ShortcutRecorderViewTest, ButtonLabelIsAtLeast160PointsWide) {
     constexpr int aroundLabel = 2 * (14 + style::ringMargin);
     EXPECT_GE(button().width(), 160 + aroundLabel);
@@ -445,12 +445,12 @@ TEST_F(ShortcutRecorderViewTest, ShowsModifiersWhileTheyAreHeld) {
     const Key control{KEY_LEFTCTRL, Qt::Key_Control};
     const Key alt{KEY_LEFTALT, Qt::Key_Alt};
     click();
-    typist.press(control); // the event does not include the key itself
+    typist.press(control); // the event's modifiers do not include the pressed key
     EXPECT_EQ(button().text(), "⌃…");
     typist.modifiers = Qt::ControlModifier;
     typist.press(alt);
     EXPECT_EQ(button().text(), "⌃⌥…");
-    typist.modifiers = Qt::ControlModifier | Qt::AltModifier; // the event still includes it
+    typist.modifiers = Qt::ControlModifier | Qt::AltModifier; // still includes Control
     typist.release(control);
     EXPECT_EQ(button().text(), "⌥…");
     typist.modifiers = Qt::AltModifier;
@@ -536,7 +536,7 @@ TEST_F(DesktopKeysTest, AreGrabbedForTheWindowWhileRecording) {
     EXPECT_EQ(captureWindow, nullptr);
 }
 
-TEST_F(DesktopKeysTest, AreReleasedWheneverRecordingEnds) {
+TEST_F(DesktopKeysTest, AreReturnedToTheDesktopWheneverRecordingEnds) {
     const std::pair<const char*, std::function<void()>> ends[] = {
         {"Escape",
          [this] {
@@ -569,13 +569,13 @@ TEST_F(DesktopKeysTest, AreReleasedWheneverRecordingEnds) {
     }
 }
 
-TEST_F(DesktopKeysTest, AreReleasedWhenTheRecorderIsDestroyed) {
+TEST_F(DesktopKeysTest, AreReturnedToTheDesktopWhenTheRecorderIsDestroyed) {
     recorder->startRecording();
     delete recorder;
     EXPECT_EQ(captureWindow, nullptr);
 }
 
-TEST_F(DesktopKeysTest, AreReleasedWhileAnotherWindowIsActive) {
+TEST_F(DesktopKeysTest, AreReturnedToTheDesktopWhileAnotherWindowIsActive) {
     recorder->startRecording();
     QWidget other;
     other.show();
@@ -589,7 +589,7 @@ TEST_F(DesktopKeysTest, AreReleasedWhileAnotherWindowIsActive) {
 }
 
 // A screen locker needs exclusive access to the keyboard.
-TEST_F(DesktopKeysTest, AreReleasedAfterTheTimeoutWhileRecordingContinues) {
+TEST_F(DesktopKeysTest, AreReturnedToTheDesktopAfterTheTimeoutWhileRecordingContinues) {
     recorder->setMaxCaptureTime(std::chrono::milliseconds(1));
     recorder->startRecording();
     EXPECT_TRUE(test::waitFor([this] { return captureWindow == nullptr; }));

@@ -54,7 +54,7 @@ public:
         zwp_virtual_keyboard_v1_key(device, ++time, kernelCode,
                                     down ? WL_KEYBOARD_KEY_STATE_PRESSED
                                          : WL_KEYBOARD_KEY_STATE_RELEASED);
-        // A compositor calculates this for a real keyboard.
+        // For a real keyboard, the compositor itself calculates the modifiers.
         xkb_state_update_key(state, kernelCode + keyCodeOffset, down ? XKB_KEY_DOWN : XKB_KEY_UP);
         zwp_virtual_keyboard_v1_modifiers(
             device, xkb_state_serialize_mods(state, XKB_STATE_MODS_DEPRESSED),

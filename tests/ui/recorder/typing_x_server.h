@@ -1,4 +1,4 @@
-// An X server with a window manager. The server's XTEST extension types.
+// An X server with a window manager. Keys are typed through the server's XTEST extension.
 //
 // Thread:  one.
 // Owner:   a test.

@@ -49,7 +49,7 @@ TEST_F(ActivityFooterTest, ShowsThatNoBindingMatched) {
 }
 
 // The gesture's name follows the language; the action keeps the text that it had when it ran.
-TEST_F(ActivityFooterTest, ActionTextIsNotTranslatedLater) {
+TEST_F(ActivityFooterTest, ActionTextIsNotTranslatedAfterALanguageChange) {
     stage.open();
     stage.recognise(GestureType::drawCircle);
     stage.choose("zh");

@@ -75,7 +75,7 @@ TEST_F(BindingListViewTest, EmptyListShowsTheEmptyState) {
     EXPECT_EQ(stage->text("emptyStateText"), "还没有绑定，点右上角「添加绑定」创建一个。");
 }
 
-TEST_F(BindingListViewTest, EmptyStateFollowsTheNumberOfBindings) {
+TEST_F(BindingListViewTest, EmptyStateIsShownOnlyWithoutBindings) {
     open({test::bound(GestureType::drawCircle)});
     stage->clickInRow(0, "delete");
     EXPECT_TRUE(stage->isShown("emptyState"));

@@ -112,7 +112,7 @@ TEST_F(BindingRowTest, PreviewSymbolIsAccentColouredAndDeleteSymbolIsRed) {
     }
 }
 
-TEST_F(BindingRowTest, NameIsProminentAndActionIsNot) {
+TEST_F(BindingRowTest, GestureNameIsProminentButActionTextIsNot) {
     show(test::bound(GestureType::drawCircle));
     const Theme& theme = Theme::shared();
     EXPECT_EQ(part("gestureName").font(), theme.font(TextStyle::bodyMedium));
@@ -180,7 +180,7 @@ TEST_F(BindingRowTest, DisabledBindingStaysUsable) {
     EXPECT_TRUE(row->showsPreview());
 }
 
-TEST_F(BindingRowTest, SymbolOpensAndClosesTheDemonstration) {
+TEST_F(BindingRowTest, PreviewSymbolOpensAndClosesTheDemonstration) {
     show(test::bound(GestureType::threeFingerTap));
     EXPECT_EQ(part("preview").toolTip(), "Show gesture demo");
     click("preview");
@@ -259,7 +259,7 @@ TEST_F(BindingRowTest, LongNamesAreElidedWithoutMovingOtherControls) {
     EXPECT_GT(part("gestureName").width(), 100);
 }
 
-TEST_F(BindingRowTest, UsualHeightFitsEnglishAndChinese) {
+TEST_F(BindingRowTest, UsualHeightIsSufficientForEnglishAndChinese) {
     EXPECT_GE(BindingRow::usualHeight(),
               show(test::bound(GestureType::drawCircle)).minimumSizeHint().height());
     Lang::shared().setCode("zh");

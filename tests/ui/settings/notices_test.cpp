@@ -71,7 +71,7 @@ TEST_F(NoticesTest, NewerVersionIsOfferedInBothLanguages) {
     EXPECT_EQ(button("updateNotice").text(), "前往官网下载");
 }
 
-TEST_F(NoticesTest, RunningVersionIsNotOffered) {
+TEST_F(NoticesTest, RunningVersionIsNotOfferedAsAnUpdate) {
     stage.open();
     stage.publish("1.0.0");
     EXPECT_FALSE(stage.isShown("updateNotice"));
@@ -85,7 +85,7 @@ TEST_F(NoticesTest, DownloadOpensTheWebsite) {
     EXPECT_EQ(stage.workspace->opened, (Opened{"url https://glidemap.test/"}));
 }
 
-TEST_F(NoticesTest, UpdateIsTintedBlueAndPermissionOrange) {
+TEST_F(NoticesTest, UpdateNoticeIsBlueAndPermissionNoticeIsOrange) {
     stage.trust->trusted = false;
     stage.open();
     stage.publish("2.0.0");
@@ -110,14 +110,14 @@ TEST_F(NoticesTest, MissingPermissionIsReportedInBothLanguages) {
     EXPECT_EQ(button("permissionNotice").text(), "打开系统设置");
 }
 
-TEST_F(NoticesTest, ButtonOpensThePermissionInTheSystemSettings) {
+TEST_F(NoticesTest, PermissionNoticeButtonOpensTheSystemSettings) {
     stage.trust->trusted = false;
     stage.open();
     clickButton("permissionNotice");
     EXPECT_EQ(stage.workspace->opened, (Opened{"accessibility settings"}));
 }
 
-TEST_F(NoticesTest, GrantedPermissionIsDetectedOnTheNextChange) {
+TEST_F(NoticesTest, GrantedPermissionIsDetectedAtTheNextRecognisedGesture) {
     stage.trust->trusted = false;
     stage.open();
     stage.trust->trusted = true;
@@ -181,7 +181,7 @@ TEST_F(NoticesTest, LoginItemErrorIsOrangeAndDisappearsWithTheNextSuccess) {
     EXPECT_FALSE(stage.isShown("loginItemError"));
 }
 
-TEST_F(NoticesTest, LoginItemErrorIsNotTranslatedLater) {
+TEST_F(NoticesTest, LoginItemErrorIsNotTranslatedAfterALanguageChange) {
     stage.loginItems->refusal = "Permission denied";
     stage.open();
     stage.click("launchAtLogin");
@@ -250,7 +250,7 @@ TEST(NoticesTextsTest, UnknownRunningVersionIsShownAsAQuestionMark) {
               "Version 2.0.0 is available (you have ?).");
 }
 
-TEST_F(NoticesTest, SystemNotesAreASelectableSecondLine) {
+TEST_F(NoticesTest, SystemNotesAppearAsASelectableSecondLine) {
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.notes->missing = "Glidemap has no access to the touchpad.";
     stage.notes->button = "Asks for a password";
@@ -268,7 +268,7 @@ TEST_F(NoticesTest, SystemNotesAreASelectableSecondLine) {
 }
 
 // This happens on a desktop without a password dialog, for example.
-TEST_F(NoticesTest, LateFailureAppearsInTheNotice) {
+TEST_F(NoticesTest, SystemNotesThatChangeLaterAppearInThePermissionNotice) {
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.trust->trusted = false;
     stage.open();

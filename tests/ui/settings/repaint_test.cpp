@@ -22,7 +22,7 @@ protected:
         Theme::shared().pinReducedMotion(std::nullopt);
     }
 
-    // Opens without a slide, since motion is reduced.
+    // The sheet opens without an animation, because motion is reduced.
     void openListOfGestures() const {
         stage.click("addBinding");
         stage.click("gesturePicker");
@@ -40,45 +40,45 @@ protected:
     mutable test::SettingsStage stage{defaultBindings()};
 };
 
-TEST_F(RepaintTest, ListDoesNotRepaint) {
+TEST_F(RepaintTest, ListDoesNotRepaintAtRest) {
     stage.open();
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, EmptyStateDoesNotRepaint) {
+TEST_F(RepaintTest, EmptyStateDoesNotRepaintAtRest) {
     stage.store->setBindings({});
     stage.open();
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, NoticesDoNotRepaint) {
+TEST_F(RepaintTest, NoticesDoNotRepaintAtRest) {
     stage.trust->trusted = false;
     stage.open();
     stage.publish("99.0");
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, UndoBarDoesNotRepaint) {
+TEST_F(RepaintTest, UndoBarDoesNotRepaintAtRest) {
     stage.open();
     stage.clickInRow(0, "delete");
     ASSERT_TRUE(stage.isShown("undoBar"));
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, OpenPreviewDoesNotRepaint) {
+TEST_F(RepaintTest, OpenPreviewDoesNotRepaintAtRest) {
     stage.open();
     stage.clickInRow(0, "preview");
     ASSERT_TRUE(stage.row(0)->showsPreview());
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, EditorDoesNotRepaint) {
+TEST_F(RepaintTest, EditorDoesNotRepaintAtRest) {
     stage.open();
     stage.click("addBinding");
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, GestureListDoesNotRepaint) {
+TEST_F(RepaintTest, GestureListDoesNotRepaintAtRest) {
     stage.open();
     openListOfGestures();
     expectNothingAtRest();

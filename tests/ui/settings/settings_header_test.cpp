@@ -154,7 +154,7 @@ TEST_F(SettingsHeaderTest, LaunchAtLoginShowsTheSystemState) {
               (std::vector<std::string>{"register", "register", "unregister"}));
 }
 
-TEST_F(SettingsHeaderTest, LoginItemOfAnEarlierRunShowsAsOn) {
+TEST_F(SettingsHeaderTest, LaunchAtLoginIsOnIfAnEarlierRunRegisteredTheLoginItem) {
     stage.loginItems->current = LoginItemService::Status::enabled;
     stage.open();
     EXPECT_TRUE(stage.find<QCheckBox>("launchAtLogin")->isChecked());
@@ -199,7 +199,7 @@ TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheLayoutAtEveryWidth) {
     }
 }
 
-// Checks every font size, window width and language.
+// Checks combinations of font size, window width and language.
 TEST_F(SettingsHeaderTest, NothingIsClippedOrOverlaps) {
     stage.open();
     for (const double factor : {1.0, 1.25, 1.5, 1.75, 2.0}) {

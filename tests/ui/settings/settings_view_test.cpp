@@ -72,7 +72,7 @@ TEST_F(SettingsViewTest, AddBindingOpensTheEditorForANewBinding) {
     EXPECT_FALSE(view.showsEditor());
 }
 
-TEST_F(SettingsViewTest, CommandNAddsABindingInBothLanguages) {
+TEST_F(SettingsViewTest, CommandNOpensTheEditorInBothLanguages) {
     const SettingsView& view = open();
     for (const char* code : {"en", "zh"}) {
         Lang::shared().setCode(code);
@@ -103,7 +103,7 @@ TEST_F(SettingsViewTest, EditorShowsTheSystemFunctionOfAGesture) {
     EXPECT_FALSE(stage.isShown("systemGesture"));
 }
 
-TEST_F(SettingsViewTest, EditorHidesTheSystemFunctionWithoutNotes) {
+TEST_F(SettingsViewTest, EditorShowsNoSystemFunctionWithoutSystemNotes) {
     stage.open();
     stage.click("addBinding");
     stage.find<QComboBox>("gesturePicker")
@@ -111,7 +111,7 @@ TEST_F(SettingsViewTest, EditorHidesTheSystemFunctionWithoutNotes) {
     EXPECT_FALSE(stage.isShown("systemGesture"));
 }
 
-TEST_F(SettingsViewTest, OpenEditorIsNotOpenedAgain) {
+TEST_F(SettingsViewTest, AddBindingDoesNothingWhileTheEditorIsOpen) {
     SettingsView& view = open();
     stage.clickInRow(1, "edit");
     view.addBinding();
@@ -129,7 +129,7 @@ TEST_F(SettingsViewTest, EditButtonOpensTheEditorForTheBindingOfTheRow) {
     EXPECT_EQ(view.editedBinding(), std::nullopt);
 }
 
-TEST_F(SettingsViewTest, ToggleIsStored) {
+TEST_F(SettingsViewTest, TogglingABindingIsStored) {
     open();
     const BindingList before = stored();
     stage.clickInRow(1, "enabled");

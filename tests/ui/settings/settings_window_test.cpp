@@ -68,7 +68,7 @@ TEST_F(SettingsWindowTest, RestoresItsPositionAtTheNextLaunch) {
     EXPECT_EQ(placeGiven({30, 40, 700, 490, false}), QRect(30, 40, 700, 490));
 }
 
-TEST_F(SettingsWindowTest, OffscreenPositionIsMovedUntilItIsOnOneScreen) {
+TEST_F(SettingsWindowTest, OffscreenWindowIsMovedFullyOntoTheScreen) {
     const int lastX = screen().right() + 1 - 700;
     const int lastY = screen().bottom() + 1 - 490;
     const struct {

@@ -80,7 +80,7 @@ TEST_F(UndoBarTest, UndoRestoresTheOnlyBinding) {
     EXPECT_EQ(list(), BindingList{all[0]});
 }
 
-TEST_F(UndoBarTest, NextChangeHidesTheBar) {
+TEST_F(UndoBarTest, NextChangeOfTheBindingsHidesTheBar) {
     deleteRow(0);
     stage.clickInRow(0, "enabled");
     EXPECT_FALSE(isOffered());
@@ -88,7 +88,7 @@ TEST_F(UndoBarTest, NextChangeHidesTheBar) {
     EXPECT_EQ(list().size(), 2U);
 }
 
-TEST_F(UndoBarTest, OnlyTheLastDeletionCanBeUndone) {
+TEST_F(UndoBarTest, OnlyTheMostRecentDeletionCanBeUndone) {
     deleteRow(0);
     deleteRow(0);
     stage.click("undo");
@@ -96,7 +96,7 @@ TEST_F(UndoBarTest, OnlyTheLastDeletionCanBeUndone) {
     EXPECT_FALSE(isOffered());
 }
 
-TEST_F(UndoBarTest, UnrelatedChangesKeepTheBar) {
+TEST_F(UndoBarTest, MasterSwitchChangesAndGesturesDoNotHideTheBar) {
     deleteRow(0);
     stage.click("enabled"); // the master switch is the first widget with this name
     stage.recognise(GestureType::twoFingerTap);

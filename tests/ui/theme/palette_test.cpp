@@ -1,5 +1,5 @@
-// Tests that all texts are legible: contrasts are those of the Web Content Accessibility
-// Guidelines.
+// Tests that texts and drawings are legible: they have at least the contrast that the Web Content
+// Accessibility Guidelines require.
 #include "ui/theme/palette.h"
 
 #include <gmock/gmock.h>

@@ -89,12 +89,13 @@ struct Ink {
     int otherShades = 0; // pixels that differ from the ink's colour
 };
 
-// Ignores faint pixels, whose colour changes considerably when premultiplied colours are rounded.
 bool isInk(QRgb pixel) {
     return qAbs(qRed(pixel) - ink.red()) <= 3 && qAbs(qGreen(pixel) - ink.green()) <= 3 &&
            qAbs(qBlue(pixel) - ink.blue()) <= 3;
 }
 
+// Ignores the colour of faint pixels, which changes considerably when premultiplied colours are
+// rounded.
 Ink inkOf(const QImage& image) {
     Ink result;
     for (int y = 0; y < image.height(); ++y) {
@@ -203,7 +204,7 @@ TEST(SymbolsTest, SpecifyNoColours) {
     }
 }
 
-TEST(SymbolsTest, FillTheirBoxWithoutOverflowAtEverySize) {
+TEST(SymbolsTest, FitIntoTheirBoxAndUseMostOfItAtEverySize) {
     for (const QString& file : drawings()) {
         for (const int points : {12, 16, 22, 32}) {
             for (const double ratio : {1.0, 1.5, 2.0}) {
@@ -213,7 +214,8 @@ TEST(SymbolsTest, FillTheirBoxWithoutOverflowAtEverySize) {
                 const double edge = points * ratio;
                 const QRect box = QRectF(edge, edge, edge, edge).toAlignedRect();
                 EXPECT_TRUE(box.contains(seen.bounds)) << described(seen.bounds);
-                // The longer side of the smallest symbol, a chevron, exceeds half of the box.
+                // The longer side of the smallest symbol, a chevron, is about two thirds of the
+                // box's edge.
                 EXPECT_GE(qMax(seen.bounds.width(), seen.bounds.height()), 0.6 * edge);
                 EXPECT_GE(seen.covered, 0.04 * edge * edge);
                 EXPECT_EQ(seen.otherShades, 0);

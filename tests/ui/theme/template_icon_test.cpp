@@ -1,5 +1,5 @@
-// A template icon has the name of the installed icon, if one is installed. In both cases it can be
-// drawn at any size.
+// A template icon has the name of the installed icon, if one is installed. Installed or not, it can
+// be drawn at any size.
 #include "ui/theme/symbol.h"
 #include "ui/theme/template_icon.h"
 

@@ -8,7 +8,8 @@
 namespace glidemap {
 namespace {
 
-// Without settings, the appearance is derived from the desktop's palette; other tests pin it.
+// Without settings, the appearance is derived from the desktop's palette. Other tests pin the
+// appearance.
 class ThemeTest : public testing::Test {
 protected:
     ThemeTest() { theme.pin({}); }

@@ -20,8 +20,8 @@ namespace glidemap {
 
 namespace {
 
-// The path is absolute, because a search in PATH could find another program, and pkexec asks for
-// root's password.
+// The path is absolute, because pkexec asks for a password. A search in PATH could find another
+// program of this name, which could steal the password.
 constexpr const char* pkexec = "/usr/bin/pkexec";
 
 // In the child, unblocks all signals and resets them to their default actions.

@@ -37,8 +37,8 @@ private:
 
     void useSwitch(driver::SwitchClickFilter turn);
 
-    // Sets isEnabled or isNeeded, and notifies the driver. The last change always reaches the
-    // driver last.
+    // Sets isEnabled or isNeeded, and notifies the driver. If several threads call this at a time,
+    // the driver gets the final state last.
     void want(bool& wish, bool value);
 
     const MultitouchDeviceManager& manager;

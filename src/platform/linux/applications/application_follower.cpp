@@ -72,8 +72,8 @@ const Application* ApplicationFollower::applicationOf(const WindowIdentity& wind
     const Application* const application =
         entry != nullptr ? published.installed.intern({entry->identifier, entry->name})
                          : published.others.intern(matcher.describe(window));
-    // The active window may be missing from the list, and its identity may change any number of
-    // times.
+    // The cache also grows without changes to the list of windows: the active window may be missing
+    // from the list, and its identity may change any number of times.
     if (matched.size() > open.size() + 64) {
         forgetClosedWindows();
     }

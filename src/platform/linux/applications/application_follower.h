@@ -52,9 +52,9 @@ public:
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;
 
     // Returns a function that selects the windows of the application with this desktop entry file.
-    // The window of a terminal program belongs to the terminal emulator, but is identified by the
-    // process that the entry started. The function is valid until the next task of the desktop
-    // thread, while the follower exists.
+    // For a program in a terminal, it selects the windows of the terminal emulator that the entry
+    // has started. The function is valid until the next task of the desktop thread, while the
+    // follower exists.
     WindowChoice windowsOf(const std::string& entryPath);
 
 private:

@@ -52,7 +52,7 @@ std::string objectPathOf(const std::string& busName) {
     return path;
 }
 
-// Whether the call did not reach the service. After a time-out, the service has received the call,
+// Whether the call has certainly failed. After a time-out, the service may still handle the call,
 // and launching a second process would be wrong.
 bool wasNotReached(const GError* error) {
     return g_error_matches(error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) == FALSE &&

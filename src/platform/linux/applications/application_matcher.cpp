@@ -59,7 +59,7 @@ const DesktopEntry* onlyOne(const Candidates& candidates, Rule holds) {
     return allVisible == 1 ? visible : nullptr;
 }
 
-// Searches the entry of one window.
+// Searches for the entry of one window.
 class Search {
 public:
     Search(const std::vector<DesktopEntry>& entries, const WindowIdentity& of, ProcessFacts known)

@@ -6,7 +6,7 @@
 //  2. The app id equals an entry's id, first exactly, then ignoring case.
 //  3. StartupWMClass equals the app id exactly. Otherwise it equals the app id or the instance,
 //     ignoring case.
-//  4. The instance equals an entry's id.
+//  4. The instance equals an entry's id, ignoring case.
 //  5. The app id, then the instance, equals the last component of a reverse-DNS id: "konsole"
 //     matches org.kde.konsole.
 //  6. The window's app id names the Steam game that the entry starts.

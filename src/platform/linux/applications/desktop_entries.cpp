@@ -57,7 +57,7 @@ std::vector<DesktopEntry> readAll() {
 struct DesktopEntries::State {
     DesktopThread& thread;
     std::function<void()> changed;
-    // The monitor must exist before the first reading: it reports only changes after a reading.
+    // Must exist before the entries are first read. Otherwise GIO would not report later changes.
     GlibOwner<GAppInfoMonitor> monitor{g_app_info_monitor_get()};
     gulong subscription = 0;
     DesktopThread::Watch settling;
@@ -73,8 +73,8 @@ struct DesktopEntries::State {
 
     ~State() { g_signal_handler_disconnect(monitor.get(), subscription); }
 
-    // Called once after each reading: GIO reports no further changes until the entries are read
-    // again.
+    // Called at most once after each reading, because GIO reports no further changes until the
+    // entries are read again.
     static void reported(GAppInfoMonitor* /*monitor*/, gpointer self) {
         auto* const state = static_cast<State*>(self);
         state->settling = state->thread.after(settlingTime, [state] {

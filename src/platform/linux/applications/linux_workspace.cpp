@@ -78,7 +78,7 @@ struct LinuxWorkspace::State {
         }
     }
 
-    // The entry found last, because it is usually opened next. Used on the main thread only.
+    // A cache of the entry found last, which is usually opened next. Used on the main thread only.
     std::string foundURL;
     std::shared_ptr<GDesktopAppInfo> found;
 

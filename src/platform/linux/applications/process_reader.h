@@ -18,8 +18,7 @@ struct ProcessFacts {
     std::vector<std::string> arguments;
     // The path of the desktop entry that launched this process; empty if it launched an ancestor.
     std::string launchedFrom;
-    // Whether the process has a controlling terminal, so that it was started by a command in a
-    // terminal.
+    // Whether the process has a controlling terminal. If so, a command in a terminal started it.
     bool onTerminal = false;
 
     friend bool operator==(const ProcessFacts&, const ProcessFacts&) = default;

@@ -1,5 +1,5 @@
 // Moves a launched process into a systemd unit of its own. In our unit, the process would be killed
-// when that unit stops, and systemd would attribute its windows to this program.
+// when the unit stops, and desktops would attribute the windows of the process to this program.
 //
 // Thread:  the desktop thread; does not block.
 // Errors:  none. Without systemd, the process stays in its unit.

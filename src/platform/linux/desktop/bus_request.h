@@ -2,8 +2,8 @@
 // stuck.
 //
 // A transaction opens its bus, makes its calls and closes the bus. It is used for rare actions,
-// such as locking the screen and showing the overview. An open connection would wake the program in
-// between.
+// such as locking the screen and showing the overview. Between these actions, an open connection
+// would only wake up the program.
 //
 // Thread:  BusRequests on the main thread. Transactions run and end on the desktop thread.
 // Owner:   a transaction's own callbacks keep it alive until the chain ends. The destructor of
@@ -36,7 +36,7 @@ struct BusMethod {
 struct BusReply {
     GVariant* values = nullptr;
     bool serviceMissing = false;
-    bool isLate = false; // the service received the call but did not reply in time
+    bool isLate = false; // no reply in time; the service may still handle the call
     bool busIsOpen = true;
 };
 
@@ -63,8 +63,8 @@ protected:
     void call(const BusMethod& method, GVariant* arguments, Then then);
 
     // Calls `onSignal` for each matching signal until stopWaiting(). Call watch() in the callback
-    // of a call on the same bus, because the bus must be open. A watch does not keep the
-    // transaction alive unless `onSignal` holds a reference; calls and delays do.
+    // of a call on the same bus, because the bus must be open. Unlike calls and delays, a watch
+    // keeps the transaction alive only if `onSignal` holds a reference to it.
     struct Signal {
         Bus bus = Bus::session;
         const char* service = nullptr;

@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::chrono::milliseconds busPatience{5000}; // the bus replies in less than one
+constexpr std::chrono::milliseconds busPatience{5000}; // a working bus replies within 1 ms
 constexpr std::chrono::milliseconds sharedBusPatience{1000};
 
 // A working bus responds within a millisecond, or within a few hundred milliseconds during a busy
@@ -61,7 +61,7 @@ void callSignalHandler(GDBusConnection* /*connection*/, const char* /*sender*/,
                        const char* /*path*/, const char* /*interface*/, const char* signal,
                        GVariant* values, gpointer handler) {
     const DesktopBus::SignalHandler send = *static_cast<DesktopBus::SignalHandler*>(handler);
-    // Calls a copy, because the callback may remove its own subscription.
+    // Calls a copy, because the handler may remove its own subscription.
     send(signal, values);
 }
 
@@ -85,7 +85,7 @@ GDBusCallFlags flagsOf(const DesktopBus::Call& call) {
                                                     : G_DBUS_CALL_FLAGS_NO_AUTO_START;
 }
 
-// An attempt to get GIO's shared connection. Its time limit ends with it.
+// An attempt to get GIO's shared connection. Its destruction stops the timer of the time limit.
 struct SharedAttempt {
     DesktopBus::Shared then;
     GlibOwner<GCancellable> cancellable{g_cancellable_new()};
@@ -97,8 +97,8 @@ struct SharedAttempt {
     }
 };
 
-// Kept, because GIO closes its connection with the last reference. Never destroyed, and used only
-// on the launching thread.
+// Returns the shared bus, which is kept, because GIO closes its connection with the last reference.
+// Never destroyed, and used only on the thread that launches programs.
 std::shared_ptr<DesktopBus>& keptBus() {
     static auto& kept = *new std::shared_ptr<DesktopBus>;
     return kept;
@@ -191,9 +191,9 @@ std::unique_ptr<DesktopBus> DesktopBus::owning(GDBusConnection* connection) {
         owner != nullptr ? new DesktopBus(std::move(owner), Sharing::own) : nullptr);
 }
 
-// The library's default for shared connections is to exit the process when the bus disconnects.
 DesktopBus::DesktopBus(GlibOwner<GDBusConnection> connection, Sharing sharing)
     : connection(std::move(connection)), sharing(sharing) {
+    // By default, GIO exits the process when the bus closes a shared connection.
     g_dbus_connection_set_exit_on_close(this->connection.get(), FALSE);
 }
 
@@ -273,7 +273,7 @@ void DesktopBus::unsubscribe(unsigned subscription) {
     }
 }
 
-// The registration holds a reference to the interface's description.
+// The node may be released on return, because the registration holds a reference to the interface.
 void DesktopBus::serve(const char* path, const char* description, MethodHandler handler) {
     static constexpr GDBusInterfaceVTable methods = {callMethodHandler, nullptr, nullptr, {}};
     const GlibOwner<GDBusNodeInfo> node(g_dbus_node_info_new_for_xml(description, nullptr));

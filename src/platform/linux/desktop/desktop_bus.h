@@ -1,8 +1,8 @@
 // The client of the message buses: a connection with its calls, signals and names. All services of
 // this program use it, except the status bar, which shares Qt's connection.
 //
-// A connection of its own has a unique name, which only the services know that the owner sends it
-// to.
+// Each connection that is not shared has a unique name of its own. Only services to which the owner
+// sends this name know it.
 //
 // Thread:  the thread that opens it uses and destroys it, and runs all callbacks in its default
 //          GLib context; none runs after the destruction.
@@ -58,8 +58,9 @@ class DesktopBus {
 public:
     using Milliseconds = std::chrono::milliseconds;
 
-    // These block. They return null if the bus is missing, or refuses. The first one opens the
-    // session bus, and also returns null if the bus does not respond within some seconds.
+    // These two functions block. They return null if the bus is missing or refuses the connection.
+    // Without an address, opens the session bus, and also returns null if the bus does not respond
+    // within a few seconds.
     static std::unique_ptr<DesktopBus> open();
     static std::unique_ptr<DesktopBus> open(const std::string& address);
 
@@ -68,8 +69,9 @@ public:
     static void open(const std::string& address, GCancellable* cancellable, Opened then);
 
     // Calls `then` later with GIO's shared connection to the session bus; with null if the bus is
-    // missing or does not respond within a second. For launching, which GIO does, too: a connection
-    // of its own costs a millisecond. A pending call must hold the pointer.
+    // missing or does not respond within a second. Used for launching programs, because GIO uses
+    // this connection, too, and opening another one takes a millisecond. The callback of a pending
+    // call must hold the pointer.
     using Shared = std::function<void(const std::shared_ptr<DesktopBus>& bus)>;
     static void withShared(Shared then);
 
@@ -90,7 +92,8 @@ public:
         GCancellable* cancellable = nullptr;
     };
 
-    // Exactly one of the two is null. A floating reference to the arguments is consumed.
+    // Exactly one of `values` and `error` is null. call() consumes a floating reference to its
+    // arguments.
     using Answer = std::function<void(GVariant* values, const GError* error)>;
     void call(const Call& call, GVariant* arguments, Answer answer);
     void call(const BusObject& object, const char* method, GVariant* arguments, Answer answer);
@@ -98,7 +101,7 @@ public:
     // Calls a method without waiting for a reply. The call is sent before the connection closes.
     void send(const BusObject& object, const char* method, GVariant* arguments);
 
-    // Blocks until the reply or the end of the patience. Null with an error on failure.
+    // Blocks until the reply arrives or the patience ends. On failure, `values` is null.
     struct Reply {
         GlibOwner<GVariant> values;
         GlibOwner<GError> error;

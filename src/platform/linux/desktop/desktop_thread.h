@@ -31,8 +31,8 @@ public:
 
     GMainContext* context() const;
 
-    // A registered callback, cancelled when its owner is destroyed. The callback may destroy its own watch.
-    // Create, use and destroy it on the thread.
+    // A registered callback, cancelled when the watch is destroyed. The callback may destroy its
+    // own watch. Create, use and destroy watches on the thread.
     using Watch = GlibOwner<GSource>;
 
     // Calls the function whenever the descriptor is readable or the peer has closed it.

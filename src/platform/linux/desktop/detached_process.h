@@ -1,9 +1,9 @@
 // Starts a program that is detached from this process. The program gets its own session and an
-// empty standard input, inherits only our standard output and error, and no signal is blocked or
-// ignored. When it exits, init reaps it.
+// empty standard input, inherits only our standard output and error, and starts with no signal
+// blocked or ignored. When it exits, init reaps it.
 //
 // Until the child executes the program, it shares our memory instead of using a copy. The calling
-// thread is blocked during this time, for some tenths of a millisecond. Other threads continue to
+// thread is blocked during this time, for a few tenths of a millisecond. Other threads continue to
 // run.
 //
 // Thread:  any, while no other thread changes the environment.

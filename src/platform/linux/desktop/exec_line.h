@@ -1,5 +1,5 @@
-// Reads and writes the Exec key of a desktop entry, with GLib's rules: first its field codes are
-// replaced, then the line is split like a shell's.
+// Reads and writes the Exec key of a desktop entry by GLib's rules: first the field codes are
+// replaced, then the line is split as a shell would split it.
 //
 // Errors:  returned as text; an invalid command has no words.
 #pragma once
@@ -14,7 +14,7 @@ namespace glidemap {
 
 struct SplitLine {
     std::vector<std::string> words; // empty on failure
-    std::string error;              // the reason of a failure
+    std::string error;              // the reason for a failure
 };
 
 // Splits and unquotes a command line without running it.
@@ -28,13 +28,13 @@ struct FieldValues {
     std::string url;
 };
 
-// The values are quoted like GIO does.
+// Quotes the values as GIO does.
 std::string withFieldCodes(const std::string& exec, const FieldValues& values);
 
-// The words of an Exec line that opens nothing.
+// Returns the words of an Exec line when there is no file or URL to open.
 std::vector<std::string> wordsOfExecLine(const std::string& line);
 
-// Returns the value of Exec before the escaping of the file format.
+// Returns the Exec value that starts this program, before the file format's own escaping.
 std::string execLineOf(const std::filesystem::path& program);
 
 // The file that a session would execute: at the absolute path, or found by name in the folders of

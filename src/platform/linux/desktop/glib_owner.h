@@ -54,7 +54,8 @@ using GlibOwner = std::unique_ptr<Type, GlibRelease>;
 // Empty for null.
 std::string textOrEmpty(const char* text);
 
-// These copy what GLib has allocated, and free it. Null becomes nullopt or an empty list.
+// These copy a text or list that GLib has allocated, and free the original. Null becomes nullopt or
+// an empty list.
 std::optional<std::string> takeText(char* text);
 std::vector<std::string> takeWords(char** words);
 

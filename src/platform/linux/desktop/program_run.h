@@ -1,7 +1,7 @@
 // Runs a short-lived program and reports whether it exited successfully.
 //
 // Thread:  the desktop thread.
-// Owner:   any. After destruction, the program continues to run, and the function is not called.
+// Owner:   any. After destruction, the program continues to run, and `ended` is not called.
 // Errors:  a program that cannot be started counts as failed.
 #pragma once
 

@@ -12,8 +12,8 @@
 namespace glidemap {
 
 // Creates missing parent folders. If `target` is a symbolic link to a regular file, that file is
-// replaced. Any other symbolic link is replaced itself, such as a link to /dev/null, which masks an
-// entry.
+// replaced. Otherwise the link itself is replaced, for example a link to /dev/null, which masks an
+// autostart entry.
 std::error_code replaceFile(const std::filesystem::path& target, std::string_view content);
 
 } // namespace glidemap

@@ -2,7 +2,7 @@
 //
 // Thread:  the connection's thread. Requests wait for the server, except where noted.
 // Owner:   any. Copies share the connection; the last copy closes it.
-// Errors:  open() returns nullopt. A request that fails, also on a lost connection, returns nothing:
+// Errors:  open() returns nullopt. A request that fails, for example on a lost connection, returns
 //          null, XCB_ATOM_NONE or false.
 #pragma once
 
@@ -35,19 +35,20 @@ public:
 
     xcb_connection_t* raw() const;
     std::uint32_t root() const; // of the connection's screen
-    int screen() const;         // its number
+    int screen() const;         // the screen's number
     bool isLost() const;
     int descriptor() const;
     void flush() const;
 
-    // Waits once for all names that are not known yet.
+    // Waits for the server only once, for all names whose atoms are not known yet.
     std::vector<std::uint32_t> atoms(const std::vector<std::string_view>& names) const;
     std::uint32_t atom(std::string_view name) const;
 
     // Whether a program owns the selection. Some services announce themselves in this way.
     bool selectionHasOwner(std::string_view selection) const;
 
-    // These do not wait, once their atoms are known, and do not flush.
+    // This function and the next one do not flush. They wait for the server only until they know
+    // the atoms that they use.
     void requestFromWindowManager(std::uint32_t window, std::string_view request,
                                   const std::array<std::uint32_t, 5>& details) const;
 

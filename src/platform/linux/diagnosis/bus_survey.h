@@ -4,7 +4,7 @@
 // of connecting. Therefore a separate thread runs the query. After the time limit, this thread is
 // abandoned, so use this only in programs that exit soon.
 //
-// Thread:  any; blocks for at most the patience.
+// Thread:  any; blocks at most for the time limit, `patience`.
 // Errors:  reported as values.
 #pragma once
 

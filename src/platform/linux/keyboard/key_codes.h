@@ -1,5 +1,5 @@
-// Maps virtual key codes, which shortcuts contain, to the kernel's key codes and back. The table
-// has all keys that can be typed and recorded.
+// Maps virtual key codes, which shortcuts contain, to the kernel's key codes and back. Only keys
+// with such a pair of codes can be typed and recorded.
 //
 // Both codes identify a position on the keyboard, not a letter, so the user's keyboard layout
 // applies to both in the same way. Each code has at most one counterpart in each direction. Keys

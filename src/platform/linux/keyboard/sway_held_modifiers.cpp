@@ -28,7 +28,8 @@ constexpr std::uint32_t inputEvent = 0x80000015;
 constexpr std::size_t headerSize = 14;
 constexpr std::size_t maxPayload = 1 << 20; // no message of sway is longer
 
-// Limits the commands if sway reported each as a change of the keymap.
+// The delay before the command is repeated. It limits the number of commands in case sway reports
+// each of them as a change of the keymap.
 constexpr std::chrono::milliseconds pause(200);
 
 // Returns sway's identifier of our keyboard: vendor, product, and the name with underscores.
@@ -38,10 +39,10 @@ std::string keyboardIdentifier() {
     return "0:0:" + name;
 }
 
-// Returns the command that sets an option which changes the keymap but no key; our keyboard has no
-// lights. The option replaces the user's options for our keyboard only. A repeat setting separates
-// the keyboard on sway 1.7. But sway 1.10 applies it to every keyboard of the group, so that the
-// user's keys would not repeat.
+// Returns the command that sets an option of the keymap. The option changes no key, only the use of
+// a light, and our keyboard has no lights. It replaces the user's options for our keyboard only.
+// A repeat setting would separate the keyboard on sway 1.7, too. But sway 1.10 applies it to every
+// keyboard of the group, so the user's keys would not repeat.
 std::string separation() {
     return "input \"" + keyboardIdentifier() + "\" xkb_options grp_led:scroll";
 }
@@ -131,7 +132,7 @@ void SwayHeldModifiers::read() {
     }
 }
 
-// Returns false if the bytes are no messages.
+// Returns false if the received bytes are not a valid message.
 bool SwayHeldModifiers::takeMessages() {
     while (received.size() >= headerSize) {
         const std::size_t length = numberAt(received, 6);

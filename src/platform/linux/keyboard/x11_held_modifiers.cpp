@@ -46,8 +46,8 @@ bool X11HeldModifiers::typeWithoutHeldModifiers(const std::vector<KeyChange>& ch
     return true;
 }
 
-// Excludes keys that are down only on our own keyboard, because the previous shortcut may still be
-// in progress.
+// Excludes keys that are down only on our own keyboard, which may still be typing the previous
+// shortcut.
 std::vector<std::uint16_t> X11HeldModifiers::modifiersHeldByOthers() {
     std::vector<std::uint16_t> held = server->modifiersDown();
     if (!held.empty()) {
@@ -98,8 +98,8 @@ void X11HeldModifiers::releaseKeys(const std::set<std::uint16_t>& codes) {
     }
 }
 
-// Processes events that xcb queued while it waited for a reply. The socket does not become readable
-// for them.
+// Processes pending events, including those that xcb queued while it waited for a reply. For these,
+// the socket does not become readable.
 void X11HeldModifiers::catchUp() {
     while (server->discardEvents()) {
         if (!putBackKeys.empty()) {

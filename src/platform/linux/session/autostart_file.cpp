@@ -59,7 +59,8 @@ AutostartFile AutostartFile::read(const std::filesystem::path& file) {
     AutostartFile made;
     constexpr auto keepAll =
         static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS);
-    std::error_code error; // only regular files, because reading a pipe would block
+    // Reads only regular files, because reading a pipe would block.
+    std::error_code error;
     if (!std::filesystem::is_regular_file(file, error) ||
         g_key_file_load_from_file(made.keys.get(), file.c_str(), keepAll, nullptr) == FALSE) {
         made.keys.reset(g_key_file_new());
@@ -118,8 +119,7 @@ bool AutostartFile::isForProgram() const {
     return stringIn(keys.get(), type) == G_KEY_FILE_DESKTOP_TYPE_APPLICATION;
 }
 
-// The names of the desktop are checked in order. The first name that is in one of the lists
-// decides.
+// Checks the desktop's names in order. The first name that is in OnlyShowIn or NotShowIn decides.
 bool AutostartFile::isShownIn(const AutostartSession& session) const {
     const auto only = listIn(keys.get(), onlyShowIn);
     const auto except = listIn(keys.get(), notShowIn);
@@ -147,7 +147,7 @@ std::filesystem::path AutostartFile::programIn(const AutostartSession& session) 
                          : findProgram(words.front(), session.searchPath).value_or("");
 }
 
-// Adds the keys that every desktop entry must have, if they are missing.
+// Sets the type, and adds a name and an icon if they are missing.
 void AutostartFile::describe() {
     g_key_file_set_string(keys.get(), group, type, G_KEY_FILE_DESKTOP_TYPE_APPLICATION);
     constexpr std::array<std::pair<const char*, const char*>, 2> ifMissing{{

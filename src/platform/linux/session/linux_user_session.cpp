@@ -49,8 +49,8 @@ bool isLockedHint(GVariantDict* session) {
     return locked != FALSE;
 }
 
-// Follows the session's state in logind until the session ends. If logind is missing, the callback
-// is never called.
+// Follows the session's state in logind until it is cancelled. While logind is missing, the
+// callback is not called.
 class SessionFollower : public BusRequest {
 public:
     struct State {
@@ -63,8 +63,8 @@ public:
     explicit SessionFollower(Notify callback)
         : BusRequest(asMilliseconds(patience)), notify(std::move(callback)) {}
 
-    // A watch needs an open bus, so it is set in the first reply. The state is read again
-    // afterwards, so that no change in between is lost.
+    // The watches need an open bus, so they are set when the first reply arrives. The state is read
+    // again afterwards, so that no change in between is lost.
     void begin() override {
         read([this, kept = alive()] {
             watchSession();
@@ -89,7 +89,7 @@ private:
     }
 
     // logind emits signals for the session's real object path, not for "auto". So this watch
-    // receives the signals of all sessions, which are rare. Its callback keeps the transaction
+    // receives the signals of all sessions, which are rare. The callbacks keep the transaction
     // alive.
     void watchSession() {
         watchProperties(Bus::system, logind, sessionInterface,

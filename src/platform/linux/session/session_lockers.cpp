@@ -14,10 +14,11 @@ namespace glidemap {
 
 namespace {
 
-// Each of these programs runs exactly as long as the screen is locked.
+// Each of these programs runs exactly as long as the screen is locked. The last name is
+// kscreenlocker_greet, truncated by the kernel.
 constexpr std::array<std::string_view, 11> covers = {
     "swaylock", "i3lock", "gtklock", "waylock",  "hyprlock",       "xsecurelock",
-    "slock",    "xlock",  "xtrlock", "physlock", "kscreenlocker_g"}; // …reet: truncated by the kernel
+    "slock",    "xlock",  "xtrlock", "physlock", "kscreenlocker_g"};
 
 constexpr std::array<std::string_view, 5> daemons = {"xss-lock", "swayidle", "light-locker",
                                                      "xscreensaver", "xautolock"};

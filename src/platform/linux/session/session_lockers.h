@@ -30,10 +30,10 @@ public:
     // Returns the lockers that the session has at this moment.
     static SessionLockers ofThisSession();
 
-    // Whether a locker covers the screen now.
+    // Whether a locker covered the screen when the programs were listed.
     bool isLocked() const { return locked; }
 
-    // Whether a running program locks the screen when logind requests it.
+    // Whether one of the programs locks the screen when logind requests it.
     bool listensToLogind() const { return listens; }
 
     // Returns the commands to try, in order.

@@ -37,8 +37,8 @@ public:
 
 private:
     std::optional<ColorScheme> colorScheme;
-    // Motion is reduced if any of these is true. A portal that has reduced-motion may not know the
-    // desktop's own key, so no source takes precedence.
+    // Motion is reduced if any of these is true. No source takes precedence, because the portal's
+    // reduced-motion may not reflect the desktop's own key.
     bool reduced = false;
     bool withoutGnomeAnimations = false;
     bool withoutKdeAnimations = false;

@@ -83,7 +83,7 @@ void GnomeDesktopHelper::install() {
     ask([shell = shell] { return installed(shell); });
 }
 
-// If a thread exists, its query has finished or is about to, so that join() does not take long.
+// If a thread exists, its query has finished or is about to finish, so join() does not take long.
 void GnomeDesktopHelper::ask(std::function<Status()> question) {
     if (worker.joinable()) {
         worker.join();

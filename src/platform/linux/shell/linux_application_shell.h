@@ -33,7 +33,8 @@ public:
     // Changes the environment, so no other thread should read it at the same time.
     void requestToken(const std::string& activationToken, std::string launchID);
 
-    // Must be called when the first window is visible, because that window may not be activated.
+    // Completes the launcher's startup notification if no activation has completed it. Must be
+    // called when the first window is visible.
     void endLaunch();
 
 private:

@@ -8,7 +8,8 @@ namespace glidemap {
 
 namespace {
 
-// Qt leaves the request in its buffer; until it is sent, the window would still receive the keys.
+// Waits until the server has ended the grab. Otherwise the request could stay in Qt's buffer for a
+// while, and the window would still receive the keys.
 void waitUntilDone(const X11Connection& server) {
     server.reply(xcb_get_input_focus_reply, xcb_get_input_focus(server.raw()));
 }

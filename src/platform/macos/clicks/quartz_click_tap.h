@@ -2,7 +2,8 @@
 // clicks.
 //
 // The system calls the tap on the main run loop in the common modes, so it also receives clicks
-// while a menu or an alert is open. Watching costs almost nothing, so the tap is never paused.
+// while a menu or an alert is open. Watching costs almost nothing, so setNeeded() does not pause
+// the tap.
 //
 // Units:   button numbers of Core Graphics: 0 left, 1 right.
 // Thread:  the main thread, for calls and for the callback.

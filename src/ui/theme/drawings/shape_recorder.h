@@ -4,7 +4,8 @@
 // A shape with both fill and stroke is recorded as two shapes, because some versions of the SVG
 // library paint both in one call and others in two.
 //
-// Units:   those of the painted device; no shape may be scaled, because its pen is not.
+// Units:   those of the painted device; no shape may be scaled, because its pen would not be
+//          scaled.
 // Thread:  any thread that may use QPainter.
 // Owner:   the paint device that returns it.
 // Errors:  calls onFault for a painting operation that cannot be recorded; the result is then

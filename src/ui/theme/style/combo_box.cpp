@@ -19,7 +19,7 @@ QRect shapeOf(const QStyleOptionComboBox& option) {
     return option.rect.adjusted(ringMargin, ringMargin, -ringMargin, -ringMargin);
 }
 
-// Beside the icon.
+// Returns the room for the text, beside the icon.
 QRect textRoom(const QStyleOptionComboBox& option) {
     const QRect room = comboBoxTextRect(option);
     const int taken = option.currentIcon.isNull() ? 0 : option.iconSize.width() + iconGap;

@@ -24,8 +24,8 @@ constexpr int controlHeight = 28;
 QColor color(Role role);
 QColor color(Role role, double opacity);
 
-// Returns the width of the thinnest sharp line on this screen: a whole number of pixels, about one
-// point.
+// Returns the width of a sharp thin line on this screen: the largest whole number of pixels that is
+// at most one point, and at least one pixel.
 double hairline(const QPainter& painter);
 
 // Returns the rectangle with its edges aligned to the screen's pixels.

@@ -1,5 +1,5 @@
-// Push buttons, plain and prominent. Prominent are default buttons, toggles that are on, and
-// buttons with the property "prominent".
+// Push buttons, plain and prominent. Default buttons, toggles that are on, and buttons with the
+// property "prominent" are prominent.
 //
 // Thread:  the main thread.
 #pragma once

@@ -1,4 +1,4 @@
-// The runtime function that the contract tests use: it checks whether a class has a method.
+// The runtime functions with which the contract tests check whether a class has a method.
 #pragma once
 
 #include <objc/objc.h>

@@ -31,7 +31,7 @@ protected:
         return made;
     }
 
-    // Returns when the script has read the line.
+    // Ends the prompt. Blocks until the script opens the pipe.
     void answer() const { std::ofstream(answers) << "answer\n"; }
 
     test::TemporaryFolder folder;
@@ -68,7 +68,7 @@ TEST_F(AccessPromptTest, DoesNotOpenASecondPromptWhileOneIsOpen) {
     EXPECT_EQ(received, 1);
 }
 
-TEST_F(AccessPromptTest, FailsButCanRetryIfTheCommandCannotStart) {
+TEST_F(AccessPromptTest, PromptWhoseCommandCannotStartFailsAndMayBeRetried) {
     const auto made = prompt({"/nowhere/at/all"});
     EXPECT_FALSE(made->hasFailed());
     made->ask();
@@ -81,7 +81,7 @@ TEST_F(AccessPromptTest, FailsButCanRetryIfTheCommandCannotStart) {
     EXPECT_EQ(received, 2);
 }
 
-TEST_F(AccessPromptTest, FailsIfAuthenticationFailsButNotIfDismissed) {
+TEST_F(AccessPromptTest, FailsIfAuthenticationFailsButNotIfTheUserDismissesThePrompt) {
     const std::pair<const char*, bool> ends[] = {
         {"exit 127", true}, {"exit 126", false}, {"exit 0", false}};
     for (const auto& [script, hasFailed] : ends) {
@@ -110,7 +110,7 @@ TEST_F(AccessPromptTest, OpensOnlyAfterTheExplanationIsReady) {
 }
 
 // The prompt must not delay a window that the main thread opens on startup.
-TEST_F(AccessPromptTest, PromptOpensAfterTheCurrentTask) {
+TEST_F(AccessPromptTest, PromptOpensOnlyAfterTheCurrentMainQueueTask) {
     const auto made = prompt({"/bin/sh", "-c", "printf x >>" + asked.string()});
     made->ask();
     EXPECT_EQ(queue->waiting(), 1U);

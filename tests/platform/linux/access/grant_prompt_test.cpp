@@ -81,7 +81,7 @@ private:
     std::array<int, 2> ends{};
 };
 
-// A per-user installation, in a folder that other users can also write.
+// A per-user installation, below a folder to which other users can also write.
 class OwnInstallation {
 public:
     OwnInstallation() {
@@ -112,7 +112,7 @@ TEST(GrantPromptTest, SystemFileIsWritableOnlyByRoot) {
     EXPECT_FALSE(isWritableOnlyByRoot("/nowhere/at/all"));
 }
 
-// Returns a path that only root may write. Each test has its own, because tests run at the same
+// Returns a path to which only root may write. Each test has its own, because tests run at the same
 // time.
 fs::path folderOfRoot(const std::string& name) {
     return "/usr/local/glidemap-grant-prompt-" + name + "-" + std::to_string(getpid());
@@ -135,7 +135,7 @@ TEST(GrantPromptTest, FileInAFolderOfAnotherUserCountsAsWritableByOthers) {
     fs::remove_all(folder);
 }
 
-TEST(GrantPromptTest, InstallationOwnedByRootRunsItsOwnProgram) {
+TEST(GrantPromptTest, CommandRunsTheGrantProgramOfAnInstallationOwnedByRoot) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root may install for all users";
     }

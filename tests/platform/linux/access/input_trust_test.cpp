@@ -61,7 +61,7 @@ TEST(InputTrustTest, DoesNotPromptWhileTrusted) {
     EXPECT_EQ(asked, 1);
 }
 
-TEST(InputTrustTest, DetectsAccessGrantedLater) {
+TEST(InputTrustTest, DetectsAccessChangesAfterItsCreation) {
     Machine machine{{"one"}, {}, true};
     InputTrust trust(std::make_unique<FakeInputNodes>(machine), {});
     EXPECT_FALSE(trust.isTrusted());

@@ -57,7 +57,7 @@ ClickTap::Verdict passAll(const ClickEvent& /*event*/) {
     return ClickTap::Verdict::pass;
 }
 
-TEST(LinuxClickTapTest, DriverWithoutAFilterCreatesNoTap) {
+TEST(LinuxClickTapTest, CreatesNoTapIfTheDriverCannotFilterClicks) {
     for (const char* name : {"cannot", "without-can-filter", "without-set", "without-switch"}) {
         const FilterDriver driver(name);
         LinuxClickTap tap(driver.manager);
@@ -69,7 +69,7 @@ TEST(LinuxClickTapTest, DriverWithoutAFilterCreatesNoTap) {
     }
 }
 
-TEST(LinuxClickTapTest, MissingDriverCreatesNoTap) {
+TEST(LinuxClickTapTest, CreatesNoTapWithoutADriver) {
     const MultitouchDeviceManager manager(filterDriver("of-no-such-name"));
     LinuxClickTap tap(manager);
     EXPECT_FALSE(tap.create(passAll));
@@ -181,7 +181,7 @@ TEST(LinuxClickTapTest, CallbackMayEnableATapDisabledByTimeout) {
 }
 
 // The main thread waits in the driver for its reader, while the reader's callback uses the tap.
-TEST(LinuxClickTapTest, LastOfTwoConcurrentRequestsTakesEffect) {
+TEST(LinuxClickTapTest, EnablingTheTapDuringAConcurrentDisablingTakesEffect) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     std::promise<void> reading;

@@ -53,7 +53,7 @@ std::map<std::string, std::string> policy() {
 
 const std::string action = "/policyconfig/action[org.glidemap.grant-access]";
 
-TEST(PolicyTest, ActionRunsTheInstalledProgram) {
+TEST(PolicyTest, PolicyActionRunsTheInstalledProgram) {
     EXPECT_EQ(policy()[action + "/annotate[org.freedesktop.policykit.exec.path]"],
               INSTALLED_PROGRAM);
 }
@@ -65,7 +65,7 @@ TEST(PolicyTest, OnlyAnAdministratorMayGrantAccess) {
     EXPECT_EQ(texts[action + "/defaults/allow_active"], "auth_admin");
 }
 
-TEST(PolicyTest, PromptTextExistsInBothLanguages) {
+TEST(PolicyTest, PromptTextExistsInEnglishAndChinese) {
     auto texts = policy();
     EXPECT_NE(texts[action + "/message"].find("permission"), std::string::npos);
     EXPECT_NE(texts[action + "/message[zh_CN]"].find("许可"), std::string::npos);

@@ -84,7 +84,7 @@ TEST_F(ApplicationFollowerTest, ReportsNoApplicationBeforeTheFirstWindowReport) 
     EXPECT_THAT(running(), IsEmpty());
 }
 
-TEST_F(ApplicationFollowerTest, ActiveWindowsApplicationIsFrontmost) {
+TEST_F(ApplicationFollowerTest, ApplicationOfTheActiveWindowIsFrontmost) {
     activate(window("my-tool"));
     EXPECT_EQ(frontmost(), tool);
     activate(window("editor"));
@@ -93,7 +93,7 @@ TEST_F(ApplicationFollowerTest, ActiveWindowsApplicationIsFrontmost) {
     EXPECT_EQ(frontmost(), nothing) << "a window without properties";
 }
 
-TEST_F(ApplicationFollowerTest, KeepsTheApplicationForAShortTimeWithoutAnActiveWindow) {
+TEST_F(ApplicationFollowerTest, KeepsTheFrontmostApplicationBrieflyWithoutAnActiveWindow) {
     activate(window("my-tool"));
     activate(std::nullopt);
     EXPECT_EQ(frontmost(), tool);
@@ -101,14 +101,14 @@ TEST_F(ApplicationFollowerTest, KeepsTheApplicationForAShortTimeWithoutAnActiveW
     EXPECT_EQ(frontmost(), (Application{"other", "Other"}));
 }
 
-TEST_F(ApplicationFollowerTest, NoApplicationIsFrontmostAfterTheTimeout) {
+TEST_F(ApplicationFollowerTest, NoApplicationIsFrontmostAfterATimeoutWithoutAWindow) {
     thread.call([this] { make(1ms); });
     activate(window("my-tool"));
     activate(std::nullopt);
     expectFrontmost(nothing);
 }
 
-TEST_F(ApplicationFollowerTest, NewActiveWindowCancelsTheTimeout) {
+TEST_F(ApplicationFollowerTest, NewActiveWindowCancelsTheTimeoutOfAMissingActiveWindow) {
     thread.call([this] { make(1ms); });
     activate(window("my-tool"));
     thread.call([this] {
@@ -147,7 +147,7 @@ TEST_F(ApplicationFollowerTest, DesktopEntryChangesRenameRunningApplications) {
     expectFrontmost({"late", "Late"});
 }
 
-TEST_F(ApplicationFollowerTest, TitleChangeDoesNotMatchTheWindowAgain) {
+TEST_F(ApplicationFollowerTest, WindowIsNotMatchedAgainAfterATitleChange) {
     open({window("my-tool")});
     const int before = processes.reads;
     for (int count = 0; count < 100; ++count) {
@@ -159,7 +159,7 @@ TEST_F(ApplicationFollowerTest, TitleChangeDoesNotMatchTheWindowAgain) {
     EXPECT_EQ(processes.reads, before);
 }
 
-TEST_F(ApplicationFollowerTest, WindowWithManyIdentitiesFillsTheApplicationTable) {
+TEST_F(ApplicationFollowerTest, ApplicationsBeyondTheTableLimitAreUnknown) {
     thread.call([this] {
         for (int count = 0; count < 20'000; ++count)
             follower->activeWindowChanged(window("name" + std::to_string(count)));

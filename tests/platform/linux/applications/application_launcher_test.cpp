@@ -70,7 +70,7 @@ protected:
     DesktopThread thread;
 };
 
-TEST_F(ApplicationLauncherTest, StartsTheEntrysProgram) {
+TEST_F(ApplicationLauncherTest, StartsTheProgramOfTheDesktopEntry) {
     installAndLaunch("tool",
                      "Exec=" + reporting("tool", "\"$#:$1:$2\"") + " --new \"two words\"\n");
     EXPECT_EQ(reports.nextLine(), "2:--new:two words");
@@ -159,7 +159,7 @@ TEST_F(ApplicationLauncherTest, LogsTheReasonForAFailedStart) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, ProcessHasTheEntrysFolderAndTheSessionEnvironment) {
+TEST_F(ApplicationLauncherTest, RunsInTheFolderOfTheEntryWithTheSessionEnvironment) {
     const ScopedEnvironment here({{"OF_THE_SESSION", "kept"},
                                   {"DESKTOP_STARTUP_ID", "ours"},
                                   {"XDG_ACTIVATION_TOKEN", "ours"}});
@@ -202,7 +202,7 @@ TEST_F(ApplicationLauncherTest, PassesActivationTokenToDBusActivatedApplication)
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, AnnouncesOnlyStartedApplicationsWithStartupNotification) {
+TEST_F(ApplicationLauncherTest, AnnouncesOnlySuccessfulLaunchesOfEntriesWithStartupNotify) {
     const auto launchProven = [&](const std::string& keys) {
         const auto path = folder.install("noticing", "Name=Some\n" + keys);
         int begun = 0;

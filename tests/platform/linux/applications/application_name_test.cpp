@@ -31,7 +31,7 @@ TEST(ApplicationName, MakesATitleFromAnIdentifier) {
         EXPECT_EQ(nameFromIdentifier(row.identifier), row.name) << row.identifier;
 }
 
-TEST(ApplicationName, ReturnsTheLastComponentOnlyOfAReverseDNSName) {
+TEST(ApplicationName, LastComponentIsEmptyUnlessTheTextIsAReverseDNSName) {
     EXPECT_EQ(lastComponent("org.kde.konsole"), "konsole");
     EXPECT_EQ(lastComponent("org.gnome.Shell.Extensions"), "Extensions");
     EXPECT_EQ(lastComponent("konsole"), "");

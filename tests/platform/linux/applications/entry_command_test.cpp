@@ -53,7 +53,7 @@ TEST_F(EntryCommandTest, SplitsTheCommandLikeAShell) {
     EXPECT_THAT(commandOfEntry("Exec=sh %c\nName[de]=Etwas\n").words, ElementsAre("sh", "Some"));
 }
 
-TEST_F(EntryCommandTest, PassesAURLAsOneWordWhateverItContains) {
+TEST_F(EntryCommandTest, PassesAURLWithShellCharactersAsOneWord) {
     const std::string url = "https://example.org/?a=1&b='c' d;$(touch x)";
     EXPECT_THAT(commandOfEntry("Exec=sh -c %u\n", url).words, ElementsAre("sh", "-c", url));
 }

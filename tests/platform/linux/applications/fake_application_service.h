@@ -1,6 +1,6 @@
 // Fake services on the test program's own session bus.
 //
-// Thread:  the test's; the fakes reply on a thread of GIO's.
+// Thread:  the test's; the fakes reply on GIO's own thread.
 // Owner:   the test program: GIO keeps the first session bus that it has used.
 // Errors:  a bus that does not start fails the test.
 #pragma once
@@ -22,7 +22,7 @@ const desktops::PrivateBus& sessionBus();
 // Owns a name during its lifetime, records calls, and sends the same reply to each call.
 class FakeApplicationService {
 public:
-    // Each reply is empty, or an error with this name.
+    // Each reply is an error with the name `answeredError`, or empty if this name is empty.
     explicit FakeApplicationService(const std::string& name, std::string answeredError = "");
     FakeApplicationService(const FakeApplicationService&) = delete;
     FakeApplicationService& operator=(const FakeApplicationService&) = delete;

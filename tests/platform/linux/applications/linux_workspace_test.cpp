@@ -94,7 +94,7 @@ TEST_F(LinuxWorkspaceTest, UsesTheFirstBackendThatSupportsTheDesktop) {
     EXPECT_THAT(log, ElementsAre("first starts", "first goes", "second starts", "second goes"));
 }
 
-TEST_F(LinuxWorkspaceTest, RaisesAnApplicationWithAWindowInsteadOfLaunching) {
+TEST_F(LinuxWorkspaceTest, RaisesAnApplicationThatHasAWindowInsteadOfLaunchingIt) {
     const auto pipe = folder.path() / "reports";
     LaunchReports reports{pipe};
     folder.install("editor",

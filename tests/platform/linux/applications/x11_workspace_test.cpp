@@ -178,7 +178,7 @@ private:
     const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection;
 };
 
-TEST_F(X11WorkspaceTest, AnnouncesALaunchWithStartupNotification) {
+TEST_F(X11WorkspaceTest, AnnouncesTheLaunchOfAnEntryWithStartupNotify) {
     const auto pipe = folder.path() / "announced";
     LaunchReports reports{pipe};
     const LaunchMessages messages(server->display());

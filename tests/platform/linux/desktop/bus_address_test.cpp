@@ -9,7 +9,7 @@ namespace {
 
 using test::InEnvironment;
 
-TEST(BusAddressTest, ReturnsBothBusAddressesFromTheEnvironment) {
+TEST(BusAddressTest, ReturnsTheSystemAndSessionBusAddressesFromTheEnvironment) {
     const InEnvironment system("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/of/the/system");
     const InEnvironment session("DBUS_SESSION_BUS_ADDRESS", "unix:path=/of/the/session");
     EXPECT_EQ(busAddress(Bus::system), "unix:path=/of/the/system");

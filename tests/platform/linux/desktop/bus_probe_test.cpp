@@ -50,7 +50,7 @@ TEST(BusProbeTest, MissingBusDoesNotRespond) {
     EXPECT_FALSE(busResponds("unix:abstract=glidemap-no-such-bus", test::patience));
 }
 
-TEST(BusProbeTest, AssumesABusWithAnUnsupportedAddressResponds) {
+TEST(BusProbeTest, AssumesThatABusWithAnUnsupportedAddressResponds) {
     for (const char* const address : {"tcp:host=localhost,port=1", "unixexec:path=/bin/true", ""}) {
         EXPECT_TRUE(busResponds(address, briefly)) << address;
     }

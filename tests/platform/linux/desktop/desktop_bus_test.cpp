@@ -20,7 +20,7 @@ GlibOwner<GVariant> parsed(const char* text) {
     return GlibOwner<GVariant>(g_variant_parse(nullptr, text, nullptr, nullptr, nullptr));
 }
 
-TEST(BusReplyTest, BooleanIsReadAloneAndInAVariant) {
+TEST(BusReplyTest, ReadsABooleanEitherDirectlyOrInAVariant) {
     struct Row {
         const char* reply;
         std::optional<bool> value;
@@ -37,7 +37,7 @@ TEST(BusReplyTest, BooleanIsReadAloneAndInAVariant) {
     EXPECT_EQ(booleanIn(nullptr), std::nullopt);
 }
 
-TEST(BusReplyTest, VariantAndWordsRequireTheirType) {
+TEST(BusReplyTest, ReadsVariantsAndWordListsOnlyFromRepliesOfThatType) {
     EXPECT_STREQ(g_variant_get_string(variantIn(parsed("(<'43.9'>,)").get()).get(), nullptr),
                  "43.9");
     EXPECT_EQ(variantIn(parsed("('43.9',)").get()), nullptr);
@@ -63,7 +63,7 @@ TEST(DesktopBusTest, WaitReturnsTheReplyOrTheError) {
     EXPECT_EQ(DesktopBus::open("unix:path=/nowhere"), nullptr);
 }
 
-TEST(DesktopBusTest, CancelledOpeningAndUnreachableBusReturnNull) {
+TEST(DesktopBusTest, OpenReportsNullIfCancelledOrIfTheBusIsUnreachable) {
     const desktops::PrivateBus daemon;
     DesktopThread thread;
     const GlibOwner<GCancellable> cancelled(g_cancellable_new());
@@ -86,7 +86,7 @@ TEST(DesktopBusTest, CancelledOpeningAndUnreachableBusReturnNull) {
     EXPECT_TRUE(opens.get_future().get());
 }
 
-// The object that one connection serves, called by another one.
+// One connection serves an object, and another calls it.
 TEST(DesktopBusTest, ServedObjectReceivesTheSenderAndTheArguments) {
     const desktops::PrivateBus daemon;
     DesktopThread thread;
@@ -113,7 +113,7 @@ TEST(DesktopBusTest, ServedObjectReceivesTheSenderAndTheArguments) {
     EXPECT_NE(client->wait({example, "Report"}, g_variant_new("(s)", "late")).error, nullptr);
 }
 
-TEST(DesktopBusTest, PendingCallMakesNoCallbackAfterTheDestruction) {
+TEST(DesktopBusTest, PendingCallMakesNoCallbackAfterTheBusIsDestroyed) {
     const desktops::PrivateBus daemon;
     DesktopThread thread;
     const auto called = std::make_shared<bool>(false);

@@ -117,7 +117,7 @@ TEST(DesktopThread, DestroysCapturesAfterTheTask) {
     DesktopThread thread;
     thread.submit([captured] {});
     thread.call([] {});
-    thread.call([] {}); // the thread destroys the captures after the task has returned
+    thread.call([] {}); // in case the captures are destroyed only after the next task
     EXPECT_EQ(captured.use_count(), 1);
 }
 
@@ -220,7 +220,7 @@ TEST(DesktopThread, RunsADelayedFunctionOnceAndNotEarly) {
     thread.call([&] { watch = {}; });
 }
 
-TEST(DesktopThread, CancelledFunctionDoesNotRun) {
+TEST(DesktopThread, CancelledDelayedFunctionDoesNotRun) {
     Signals signals;
     Signals later;
     DesktopThread thread;

@@ -55,7 +55,7 @@ TEST_F(DetachedProcessTest, ProcessHasExactlyTheGivenArgumentsAndEnvironment) {
     EXPECT_EQ(reports.nextLine(), "FIRST=1 SECOND=a b ");
 }
 
-TEST_F(DetachedProcessTest, SetsTheProcessVariableToTheProcessID) {
+TEST_F(DetachedProcessTest, SetsTheRequestedVariableToTheProcessID) {
     DetachedCommand command{{reporting("echo $NUMBER $$ $0")}, {"NUMBERS=no"}};
     command.processVariable = "NUMBER";
     const auto started = startDetached(command);
@@ -74,7 +74,7 @@ TEST_F(DetachedProcessTest, RunsInTheGivenFolder) {
     EXPECT_EQ(startDetached({{reporting("pwd")}, {}, work.string()}).error, ENOENT);
 }
 
-TEST_F(DetachedProcessTest, ProcessInheritsNoDescriptorAndHasNoInput) {
+TEST_F(DetachedProcessTest, ProcessInheritsNoExtraDescriptorAndHasEmptyStandardInput) {
     rlimit limit{};
     getrlimit(RLIMIT_NOFILE, &limit);
     const int null = open("/dev/null", O_RDONLY | O_CLOEXEC);
@@ -145,7 +145,7 @@ TEST_F(DetachedProcessTest, InvalidProgramReturnsAnErrorAndLeavesNoProcess) {
     expectNoProcessToWaitFor();
 }
 
-TEST_F(DetachedProcessTest, ExitedProcessIsNotAChild) {
+TEST_F(DetachedProcessTest, ExitedProcessLeavesNoChildToWaitFor) {
     for (int count = 0; count < 20; ++count) {
         startDetached({{reporting("echo done")}, {}});
         EXPECT_EQ(reports.nextLine(), "done");
@@ -219,14 +219,14 @@ TEST_F(DetachedProcessTest, JournalMessagesHaveTheProgramName) {
     std::filesystem::remove(socket);
 }
 
-TEST_F(DetachedProcessTest, ProcessInheritsOutputStreamsWithoutAJournal) {
+TEST_F(DetachedProcessTest, StartsTheProcessEvenIfTheJournalSocketIsMissing) {
     DetachedCommand command{{"/bin/sh", "-c", "echo ran >" + pipe.string()}, {}};
     command.journal = {folder.path() / "no-journal", "tool", true, true};
     EXPECT_EQ(startDetached(command).error, 0);
     EXPECT_EQ(reports.nextLine(), "ran");
 }
 
-TEST_F(DetachedProcessTest, UsesTheJournalOnlyIfTheVariableMatchesTheStream) {
+TEST_F(DetachedProcessTest, UsesTheJournalOnlyIfTheJournalVariableMatchesStandardError) {
     EXPECT_EQ(journalStreamFor("tool").socket, "");
     struct stat facts {};
     fstat(STDERR_FILENO, &facts);

@@ -11,7 +11,7 @@
 namespace glidemap {
 namespace {
 
-TEST(DisplayTest, DisplayIsMissingIfUnsetOrUnreachable) {
+TEST(DisplayTest, DisplayIsMissingIfTheVariablesAreUnsetOrNoServerIsReachable) {
     struct Row {
         const char* wayland;
         const char* x11;

@@ -10,7 +10,7 @@ using test::TemporaryFolder;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(ExecLineTest, SpecialCharactersOfTheShellAndTheEntryAreQuoted) {
+TEST(ExecLineTest, QuotesProgramPathsThatContainSpecialCharacters) {
     struct Row {
         const char* program;
         const char* line;
@@ -55,7 +55,7 @@ TEST(ExecLineTest, UnquotesWordsAndExpandsFieldCodesToNothing) {
     EXPECT_THAT(wordsOfExecLine("run # twice"), ElementsAre("run"));
 }
 
-TEST(ExecLineTest, ReturnsNoWordsButAReasonForAnUnfinishedLine) {
+TEST(ExecLineTest, ReturnsAnErrorAndNoWordsForAnUnfinishedLine) {
     for (const char* const line : {"\"/never/closed", "run \"it", "run 'it", "run it\\"}) {
         EXPECT_THAT(wordsOfExecLine(line), IsEmpty()) << line;
         EXPECT_NE(splitLikeAShell(line).error, "") << line;
@@ -87,7 +87,7 @@ TEST(FieldCodes, MissingValuesExpandToNothing) {
     }
 }
 
-TEST(FieldCodes, DeprecatedCodesExpandToNothingAndPercentSignsRemain) {
+TEST(FieldCodes, DropsDeprecatedCodesAndKeepsLiteralPercentSigns) {
     for (const char code : std::string("dDnNvmx")) {
         EXPECT_EQ(withFieldCodes(std::string("cmd %") + code + " more", values), "cmd  more");
     }

@@ -9,7 +9,7 @@ namespace {
 
 using test::InEnvironment;
 
-TEST(UserFoldersTest, UsesTheVariableOnlyIfAbsolute) {
+TEST(UserFoldersTest, UsesXdgFolderVariablesOnlyIfTheyHoldAnAbsolutePath) {
     struct Row {
         const char* value;
         const char* configuration;

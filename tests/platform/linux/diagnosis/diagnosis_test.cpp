@@ -67,7 +67,7 @@ TEST_F(DiagnosisTest, HasAllSectionsWithoutDisplayOrBus) {
     }
 }
 
-TEST_F(DiagnosisTest, ReportsActionsWithoutAService) {
+TEST_F(DiagnosisTest, ReportsActionsThatNoServiceCanPerform) {
     const std::string silent = diagnosisPage(facts());
     EXPECT_THAT(silent, Not(HasSubstr("locking the screen")));
     const desktops::PrivateBus bus;

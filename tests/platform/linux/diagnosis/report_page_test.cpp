@@ -16,7 +16,7 @@ TEST(ReportPageTest, FormatsHeadingsLinesAndFacts) {
                            "\nTouchpads\n  none\n");
 }
 
-TEST(ReportPageTest, ShortensTheHomeFolderButNotLongerFolderNames) {
+TEST(ReportPageTest, ShortensTheHomeFolderButNotASiblingWithTheSamePrefix) {
     ReportPage page("/home/anna");
     page.line("/home/anna /home/anna/file:/home/annabel:/home/anna");
     EXPECT_EQ(page.text(), "  /home/anna ~/file:/home/annabel:~\n");

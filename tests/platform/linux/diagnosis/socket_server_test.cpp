@@ -17,7 +17,7 @@ std::string ownName() {
     return name;
 }
 
-TEST(SocketServerTest, ReturnsAListeningProgramThatNeverAccepts) {
+TEST(SocketServerTest, ReturnsTheNameOfAProgramThatListensButNeverAccepts) {
     const test::SilentSocket listening;
     const std::string path = listening.address().substr(std::string("unix:path=").size());
     for (int times = 0; times < 20; ++times) { // more connections than the backlog holds
@@ -26,7 +26,7 @@ TEST(SocketServerTest, ReturnsAListeningProgramThatNeverAccepts) {
     }
 }
 
-TEST(SocketServerTest, ReturnsEmptyIfNoProgramListens) {
+TEST(SocketServerTest, ReturnsAnEmptyNameIfNoProgramListens) {
     const test::TemporaryFolder folder;
     EXPECT_EQ(programListeningOn(""), "");
     EXPECT_EQ(programListeningOn(folder.path() / "nothing"), "");

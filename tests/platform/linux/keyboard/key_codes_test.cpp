@@ -116,7 +116,7 @@ std::map<std::uint16_t, int> expectedTable() {
     return expected;
 }
 
-TEST(KeyCodesTest, EveryKeyCodeHasExactlyOneCounterpart) {
+TEST(KeyCodesTest, OnlyKnownKeyCodesMapToKernelCodes) {
     const auto expected = expectedTable();
     ASSERT_EQ(keysByName.size(), 77U);
     for (int code = 0; code <= 0xFFFF; ++code) {
@@ -131,7 +131,7 @@ TEST(KeyCodesTest, EveryKeyCodeHasExactlyOneCounterpart) {
     }
 }
 
-TEST(KeyCodesTest, ReverseMappingIsTheInverse) {
+TEST(KeyCodesTest, KernelCodesMapBackToTheirKeyCodes) {
     std::map<int, std::uint16_t> expected;
     for (const auto& [keyCode, kernelCode] : expectedTable()) {
         ASSERT_TRUE(expected.emplace(kernelCode, keyCode).second) << "twice: " << kernelCode;

@@ -100,7 +100,7 @@ TEST(KeyStrokesTest, RemembersPressedKeysBetweenCalls) {
     EXPECT_EQ(typedText(strokes.changesFor(up)), "");
 }
 
-TEST(KeyStrokesTest, RejectedCallLeavesNoKeyDown) {
+TEST(KeyStrokesTest, RejectedEventListLeavesNoKeyDown) {
     KeyStrokes strokes;
     const Events events = {{t, true, control}, {noKey, true, 0}};
     EXPECT_EQ(typedText(strokes.changesFor(events)), "");

@@ -54,7 +54,7 @@ private:
     bool isPlugged = false;
 };
 
-// Keeps the changes until the test reports whether a modifier is held.
+// Keeps each request until the test has it typed plainly, or drops it.
 class ScriptedHeldModifiers : public HeldModifiers {
 public:
     explicit ScriptedHeldModifiers(Log& keptLog) : log(keptLog) {}
@@ -78,7 +78,7 @@ private:
     std::vector<std::function<void()>> waiting;
 };
 
-TEST(UinputKeyboardTest, CreatesTheDeviceOnceOnStartup) {
+TEST(UinputKeyboardTest, CreatesTheDeviceInTheConstructorAndOnlyOnce) {
     DeviceScript script;
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -100,7 +100,7 @@ TEST(UinputKeyboardTest, UnknownKeyTypesNothing) {
     EXPECT_EQ(script.log, (Log{"plug in", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, RetriesToCreateTheDeviceOnEachCallWithoutPermission) {
+TEST(UinputKeyboardTest, WithoutPermissionEachCallRetriesToCreateTheDevice) {
     DeviceScript script{{}, false};
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -147,7 +147,7 @@ TEST(UinputKeyboardTest, ChecksHeldModifiersBeforeTyping) {
         keyboard.post(shortcut);
         modifiers.typePlainly();
         keyboard.post(shortcut);
-        modifiers.forget(); // drops the changes, as if the held modifiers had typed them
+        modifiers.forget(); // drops the changes, as if HeldModifiers had typed them
         keyboard.post(unknown);
     }
     EXPECT_EQ(script.log, (Log{"plug in", "asked for +CTRL +T -T -CTRL", "+CTRL +T -T -CTRL",

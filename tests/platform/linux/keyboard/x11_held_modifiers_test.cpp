@@ -33,13 +33,13 @@ struct Script {
     Log log;
     int looks = 0;
     int hearings = 0;
-    std::function<void(int)> beforeLook; // called with the number of each key check
+    std::function<void(int)> beforeLook; // called before each key check, with its number
     bool isListening = false;
     bool isAlive = true;
     bool hasNews = false;
 };
 
-// Like the real server, counts keys on keyboards and on XTEST as held.
+// Like the real server, counts keys on the user's keyboards and on ours as held.
 class ScriptedServer : public XKeyServer {
 public:
     explicit ScriptedServer(Script& followed) : script(followed), news(eventfd(0, EFD_NONBLOCK)) {}
@@ -126,7 +126,7 @@ TEST_F(X11HeldModifiersTest, LeavesTypingToUinputIfNoModifierIsHeld) {
     EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, RestoresHeldModifierUntilTheUserReleasesTheKey) {
+TEST_F(X11HeldModifiersTest, RestoresAHeldModifierUntilTheUserReleasesTheModifier) {
     script.user = {KEY_LEFTSHIFT};
     type();
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "+SHIFT"}));
@@ -146,7 +146,7 @@ TEST_F(X11HeldModifiersTest, DoesNotRestoreAModifierReleasedDuringTyping) {
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, ReleasesAModifierThatTheUserReleasesDuringRestoring) {
+TEST_F(X11HeldModifiersTest, ReleasesARestoredModifierThatTheUserReleasedMeanwhile) {
     script.user = {KEY_LEFTSHIFT};
     script.beforeLook = [this](int look) {
         if (look == 3) {
@@ -173,7 +173,7 @@ TEST_F(X11HeldModifiersTest, ReleasesTwoRestoredModifiersSeparately) {
     EXPECT_EQ(script.log, (Log{"-RIGHTSHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, SecondShortcutReleasesRestoredModifiers) {
+TEST_F(X11HeldModifiersTest, SecondShortcutReleasesModifiersRestoredAfterTheFirst) {
     script.user = {KEY_LEFTSHIFT};
     type();
     script.log.clear();
@@ -187,7 +187,7 @@ TEST_F(X11HeldModifiersTest, IgnoresModifiersOfGlidemapsKeyboard) {
     EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, DetectsAModifierHeldOnBothKeyboards) {
+TEST_F(X11HeldModifiersTest, DetectsAModifierHeldOnTheUsersAndGlidemapsKeyboard) {
     script.ours = {KEY_LEFTCTRL};
     script.user = {KEY_LEFTCTRL};
     type();

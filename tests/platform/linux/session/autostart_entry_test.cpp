@@ -55,7 +55,7 @@ TEST_F(AutostartEntryTest, MissingFileIsNotRegistered) {
     EXPECT_EQ(item.status(), Status::notRegistered);
 }
 
-TEST_F(AutostartEntryTest, FileDeterminesTheStatus) {
+TEST_F(AutostartEntryTest, StatusFollowsTheContentOfTheUserFile) {
     struct Row {
         std::string text;
         Status status;
@@ -74,7 +74,7 @@ TEST_F(AutostartEntryTest, FileDeterminesTheStatus) {
     }
 }
 
-TEST_F(AutostartEntryTest, HighestPriorityFileReplacesAllOthers) {
+TEST_F(AutostartEntryTest, StatusComesFromTheFileWithTheHighestPriority) {
     ofLesserSystem(entry());
     EXPECT_EQ(item.status(), Status::enabled);
     ofSystem(entry("Hidden=true\n"));

@@ -101,7 +101,8 @@ protected:
         return lines;
     }
 
-    // The screen lock destroys the callback when it no longer needs it.
+    // Returns a callback that records its call and its destruction. The screen lock destroys the
+    // callback when it no longer needs it.
     std::function<void()> otherwise() {
         const std::shared_ptr<void> last(nullptr, [this](void*) { journal.add("let go"); });
         return [this, last] {
@@ -137,7 +138,7 @@ protected:
     std::chrono::nanoseconds lastTook{};
 };
 
-TEST_F(LinuxScreenLockTest, CallsNoOtherServiceOnceTheSessionReportsLocked) {
+TEST_F(LinuxScreenLockTest, CallsNoScreenSaverIfLogindLocksTheSession) {
     FakeService& manager = onSystemBus(logind);
     manager.answer("Lock", [&] {
         manager.set("LockedHint", true);
@@ -214,7 +215,7 @@ TEST_F(LinuxScreenLockTest, CallsTheNextScreenSaverAfterARefusal) {
     EXPECT_EQ(lock(), (Lines{"ScreenSaver.Lock()", "ScreenSaver.Lock()"}));
 }
 
-TEST_F(LinuxScreenLockTest, SkipsAScreenSaverServiceThatOnlyInhibits) {
+TEST_F(LinuxScreenLockTest, SkipsAScreenSaverServiceWithoutALockMethod) {
     onSessionBus({"org.freedesktop.ScreenSaver", "/ScreenSaver",
                   "<interface name='org.freedesktop.ScreenSaver'><method name='Inhibit'/>"
                   "</interface>"});
@@ -282,7 +283,8 @@ TEST_F(LinuxScreenLockTest, EachRequestRunsItsOwnFallback) {
 TEST_F(LinuxScreenLockTest, StopsWaitingForAServiceThatNeverReplies) {
     onSystemBus(logind).keepSilent("Lock");
     onSessionBus(gnome).keepSilent("Lock");
-    const Lines expected{"login1.Lock()", "ScreenSaver.Lock()"}; // the service may still lock
+    // The fallback is not called, because the services may still lock the screen.
+    const Lines expected{"login1.Lock()", "ScreenSaver.Lock()"};
     EXPECT_EQ(lockInTime(expected, withReplyLimit), expected);
     EXPECT_GE(lastTook, 2 * lastLimit);
 }
@@ -331,7 +333,7 @@ TEST_F(LinuxScreenLockTest, DestructionSkipsTheFallbackWhileABusDoesNotRespond) 
     EXPECT_EQ(journal.lines(), Lines{"let go"});
 }
 
-TEST_F(LinuxScreenLockTest, FindReturnsTrueWithoutABus) {
+TEST_F(LinuxScreenLockTest, FindSucceedsEvenWithoutABus) {
     const test::TemporaryFolder runtime;
     const InEnvironment folder("XDG_RUNTIME_DIR", runtime.path().c_str());
     const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", nullptr);
@@ -357,7 +359,7 @@ protected:
     const test::Leash leash{pipes.path() / "leash"};
 };
 
-TEST_F(SessionLockTest, RunsTheDaemonsCommandIfNoServiceLocks) {
+TEST_F(SessionLockTest, RunsTheCommandOfARunningLockerIfNoServiceLocks) {
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command");
     EXPECT_EQ(lock(), Lines());
@@ -431,7 +433,7 @@ TEST_F(SessionLockTest, RunsNoCommandIfTheLockerHandlesTheLogindRequest) {
     EXPECT_EQ(programs.ran(), ""); // swayidle runs the command itself
 }
 
-TEST_F(SessionLockTest, RunsALogindListenersCommandIfLogindIsMissing) {
+TEST_F(SessionLockTest, RunsTheCommandOfALogindListenerIfLogindIsMissing) {
     programs.start("xss-lock", {"--", "i3lock"}, environment);
     programs.install("xset");
     EXPECT_EQ(lock(), Lines());

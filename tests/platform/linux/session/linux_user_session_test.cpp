@@ -202,7 +202,7 @@ TEST_F(LinuxUserSessionTest, FollowsTheLockedHint) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, ClosingSessionCountsAsActive) {
+TEST_F(LinuxUserSessionTest, InactiveSessionThatIsClosingCountsAsActive) {
     FakeService& manager = startLogind(false, false);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(become(session, false, false));
@@ -211,7 +211,7 @@ TEST_F(LinuxUserSessionTest, ClosingSessionCountsAsActive) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, SessionIsActiveWithoutLogindAndFollowsLogindOnceStarted) {
+TEST_F(LinuxUserSessionTest, SessionIsActiveUntilLogindStartsAndReportsOtherwise) {
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(session.isActive());
     EXPECT_FALSE(session.isLocked());
@@ -258,7 +258,7 @@ TEST_F(LinuxUserSessionTest, SessionIsLockedWhileAnySourceReportsLocked) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, IgnoresSignalsFromOtherPrograms) {
+TEST_F(LinuxUserSessionTest, IgnoresSignalsThatTheScreenSaverDidNotSend) {
     FakeSaver& mate = savers.emplace_back(sessionBus, allSavers[2], true, journal);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(become(session, true, true));

@@ -33,7 +33,7 @@ TEST(SessionLockers, ReturnsNoCommandWithoutALocker) {
     EXPECT_FALSE(none.listensToLogind());
 }
 
-TEST(SessionLockers, ReturnsTheCommandOfEachDaemon) {
+TEST(SessionLockers, ReturnsTheLockCommandOfEachSupportedDaemon) {
     EXPECT_THAT(commandsOf({{{"xscreensaver", {}}}, "", ""}),
                 ElementsAre(Words{"xscreensaver-command", "-lock"}));
     EXPECT_THAT(commandsOf({{{"light-locker", {}}}, "", ""}),
@@ -44,7 +44,7 @@ TEST(SessionLockers, ReturnsTheCommandOfEachDaemon) {
                 ElementsAre(Words{"xset", "s", "activate"}));
 }
 
-TEST(SessionLockers, XfceCommandComesFirst) {
+TEST(SessionLockers, XfceCommandPrecedesTheCommandOfARunningLocker) {
     EXPECT_THAT(commandsOf({{{"xscreensaver", {}}}, "XFCE", ""}),
                 ElementsAre(Words{"xflock4"}, Words{"xscreensaver-command", "-lock"}));
 }

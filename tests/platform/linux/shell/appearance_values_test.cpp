@@ -97,7 +97,7 @@ TEST(AppearanceValuesTest, AnyDesktopSettingCanReduceMotion) {
     }
 }
 
-TEST(AppearanceValuesTest, FullMotionDoesNotOverrideAnotherSettingsReducedMotion) {
+TEST(AppearanceValuesTest, ReducedMotionOfOneSettingOutweighsFullMotionOfAnother) {
     EXPECT_TRUE(after({{gnome, "enable-animations", "false"},
                        {common, "reduced-motion", "uint32 0"},
                        {kde, "AnimationDurationFactor", "'1'"}})
@@ -107,7 +107,7 @@ TEST(AppearanceValuesTest, FullMotionDoesNotOverrideAnotherSettingsReducedMotion
             .reducesMotion);
 }
 
-TEST(AppearanceValuesTest, IgnoresKeysInOtherGroups) {
+TEST(AppearanceValuesTest, IgnoresUnknownKeysAndKeysInTheWrongGroup) {
     for (const Setting& setting : {
              Setting{gnome, "color-scheme", "uint32 1"},
              Setting{common, "color-schemes", "uint32 1"},

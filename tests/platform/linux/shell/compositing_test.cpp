@@ -38,7 +38,7 @@ TEST(CompositingTest, MissingDisplayCountsAsCompositing) {
     EXPECT_TRUE(desktopComposites());
 }
 
-TEST(CompositingTest, X11DesktopCompositesOnceACompositingManagerRuns) {
+TEST(CompositingTest, X11DesktopCompositesOnlyIfACompositingManagerRuns) {
     if (const std::string reason = XServer::whyNot(); !reason.empty()) {
         GTEST_SKIP() << reason;
     }

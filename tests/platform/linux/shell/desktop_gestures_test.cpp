@@ -35,7 +35,7 @@ TEST(DesktopGestures, GnomeNoteSaysSwipesCannotBeDisabled) {
     }
 }
 
-TEST(DesktopGestures, PlasmaNoteNamesTheSettingOnlyForEffectSwipes) {
+TEST(DesktopGestures, PlasmaNoteNamesTheSettingOnlyForSwipesThatOpenAnEffect) {
     for (const GestureType gesture : {fourFingerSwipeUp, fourFingerSwipeDown}) {
         EXPECT_EQ(note(gesture, plasma),
                   "KDE Plasma opens a desktop effect with this swipe: Overview, Desktop Grid or "
@@ -55,7 +55,7 @@ TEST(DesktopGestures, PlasmaNoteNamesTheSettingOnlyForEffectSwipes) {
     EXPECT_EQ(note(fiveFingerSwipeUp, plasma), "");
 }
 
-TEST(DesktopGestures, OtherGesturesHaveNoNote) {
+TEST(DesktopGestures, OnlySwipesWithMoreThanTwoFingersHaveANote) {
     for (const GestureType gesture : allGestureTypes) {
         if (category(gesture) != GestureCategory::swipe || fingerCount(gesture) == 2) {
             EXPECT_EQ(note(gesture, gnome), "") << rawValue(gesture);
@@ -64,7 +64,7 @@ TEST(DesktopGestures, OtherGesturesHaveNoNote) {
     }
 }
 
-TEST(DesktopGestures, OtherDesktopsHaveNoNote) {
+TEST(DesktopGestures, DesktopsOtherThanGNOMEAndPlasmaOnWaylandHaveNoNote) {
     for (const std::vector<std::string>& desktops : {std::vector<std::string>{},
                                                      {"XFCE"},
                                                      {"sway"},

@@ -59,7 +59,7 @@ TEST_F(FontReadingTest, DestructorWaitsUntilTheFontsAreKnown) {
     EXPECT_EQ(knownFonts(), 1);
 }
 
-TEST_F(FontReadingTest, FontsAreUnknownWithoutFontReading) {
+TEST_F(FontReadingTest, DeletedFontIsUnknownUnlessReadBeforeItsDeletion) {
     takeAllAway();
     EXPECT_EQ(knownFonts(), 0);
 }

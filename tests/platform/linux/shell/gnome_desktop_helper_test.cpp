@@ -68,7 +68,7 @@ TEST_F(GnomeDesktopHelperTest, StateMatchesTheShellsReply) {
     }
 }
 
-TEST_F(GnomeDesktopHelperTest, ReportsTheInstallationAndThenVerifiesTheState) {
+TEST_F(GnomeDesktopHelperTest, InstallReportsInstallingAndThenTheStateFromTheShell) {
     status = {Extension::missing, ""};
     const auto made = helper();
     waitForReply();
@@ -76,13 +76,13 @@ TEST_F(GnomeDesktopHelperTest, ReportsTheInstallationAndThenVerifiesTheState) {
     const auto toHelper = made->changes().subscribe({}, [&] { seen.push_back(made->state()); });
     status = {Extension::atNextLogin, ""};
     made->install();
-    made->install(); // an installation is pending
+    made->install(); // ignored, because an installation is pending
     waitForReply();
     EXPECT_EQ(seen, (std::vector{State::installing, State::atNextLogin}));
     EXPECT_EQ(queue->waiting(), 0U);
 }
 
-TEST_F(GnomeDesktopHelperTest, KeepsTheShellsErrorTextUntilTheNextAttempt) {
+TEST_F(GnomeDesktopHelperTest, KeepsTheInstallationErrorUntilTheNextAttemptToInstall) {
     status = {Extension::missing, ""};
     const auto made = helper();
     waitForReply();

@@ -25,7 +25,8 @@ struct Access {
 
 class LinuxNotesTest : public testing::Test {
 protected:
-    // Returns the note after a prompt that runs `answer`.
+    // Returns the note about missing access. If `answer` is set, first shows a prompt, which runs
+    // this shell command.
     std::string missing(Access access, const char* answer = nullptr, const char* code = "en") {
         std::vector<std::string> command{"/bin/sh", "-c", answer != nullptr ? answer : "", "grant"};
         AccessPrompt prompt(queue, answer != nullptr ? command : std::vector<std::string>());
@@ -58,7 +59,7 @@ protected:
     std::shared_ptr<kit::FakeMainQueue> queue = std::make_shared<kit::FakeMainQueue>();
 };
 
-TEST_F(LinuxNotesTest, NamesMissingDeviceNodesInBothLanguages) {
+TEST_F(LinuxNotesTest, NamesMissingDeviceNodesInEnglishAndChinese) {
     EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = true}), "");
     EXPECT_EQ(missing({.toTouchpad = false, .toKeyboard = true}),
               "Glidemap has no access to the touchpad.");
@@ -68,7 +69,7 @@ TEST_F(LinuxNotesTest, NamesMissingDeviceNodesInBothLanguages) {
     EXPECT_EQ(missing({}, nullptr, "zh"), "Glidemap 没有访问触控板和虚拟键盘的权限。");
 }
 
-TEST_F(LinuxNotesTest, NamesTheCommandWithoutAnAuthenticationAgent) {
+TEST_F(LinuxNotesTest, NamesTheGrantCommandIfThePromptFails) {
     EXPECT_THAT(missing({}, "exit 127"), EndsWith("run in a terminal: sudo grant"));
     EXPECT_THAT(missing({}, "exit 127", "zh"), EndsWith("请在终端中运行：sudo grant"));
     EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = true}, "exit 127"), "");

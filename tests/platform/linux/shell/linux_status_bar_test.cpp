@@ -34,7 +34,8 @@ const ServiceDescription withoutHost{
     "<property name='IsStatusNotifierHostRegistered' type='b' access='read'/>"
     "<signal name='StatusNotifierHostRegistered'/></interface>"};
 
-// An XEmbed tray, which owns a selection and broadcasts its appearance.
+// An XEmbed tray. It owns the tray selection and announces its arrival with a message to the root
+// window.
 class Tray {
 public:
     explicit Tray(const std::string& display)

@@ -140,7 +140,7 @@ TEST_F(PortalAppearanceTest, UnrelatedOrUnchangedSettingsDoNotWakeTheMainThread)
     EXPECT_EQ(next(appearance), "light"); // the only update
 }
 
-TEST_F(PortalAppearanceTest, IgnoresSignalsFromOtherPrograms) {
+TEST_F(PortalAppearanceTest, IgnoresSignalsThatThePortalDidNotSend) {
     onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -163,7 +163,7 @@ TEST_F(PortalAppearanceTest, WaitsForAMissingPortalWithoutStartingIt) {
     EXPECT_FALSE(std::filesystem::exists(started));
 }
 
-TEST_F(PortalAppearanceTest, KeepsSettingsUntilTheNextPortalReports) {
+TEST_F(PortalAppearanceTest, KeepsSettingsOfALostPortalUntilTheNextPortalReports) {
     onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -246,7 +246,8 @@ TEST_F(PortalAppearanceTest, KeepsSettingsWhenTheBusIsLost) {
     EXPECT_EQ(described(*appearance.settings()), "dark");
 }
 
-// The destructors return, so no thread waits for the bus.
+// The loop would not end if the desktop thread waited for the bus, because call() and the
+// destructor wait for this thread.
 TEST_F(PortalAppearanceTest, SettingsAreUnknownWithoutABus) {
     const test::SilentSocket silent;
     for (const std::string& unusable :

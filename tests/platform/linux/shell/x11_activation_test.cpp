@@ -25,7 +25,7 @@ TEST(X11ActivationTest, ParsesTheLaunchTimeFromTheStartupID) {
     }
 }
 
-TEST(X11ActivationTest, SplitsTheRemoveMessageIntoPiecesEndingWithANullByte) {
+TEST(X11ActivationTest, SplitsTheRemoveMessageAndEndsItWithANullByte) {
     using Pieces = std::vector<std::string>;
     EXPECT_EQ(endOfLaunch("a"), (Pieces{std::string("remove: ID=\"a\"\0", 15)}));
     EXPECT_EQ(endOfLaunch("host-1_TIME2"),

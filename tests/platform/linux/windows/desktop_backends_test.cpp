@@ -35,7 +35,7 @@ public:
 };
 
 // Without a compositor and a bus, no Wayland backend may start.
-TEST(DesktopBackends, StartsOnlyTheDesktopsBackend) {
+TEST(DesktopBackends, StartsOnlyTheBackendOfTheRunningDesktop) {
     if (const std::string reason = XServer::whyNot(); !reason.empty())
         GTEST_SKIP() << reason;
     const XServer server;

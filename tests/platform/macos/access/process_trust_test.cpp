@@ -13,7 +13,7 @@ protected:
     ProcessTrust trust;
 };
 
-TEST_F(ProcessTrustTest, ReturnsTheSystemResult) {
+TEST_F(ProcessTrustTest, ReturnsWhetherTheSystemTrustsTheProcess) {
     for (const bool permits : {true, false}) {
         doubles::quartz().permits = permits;
         EXPECT_EQ(trust.isTrusted(), permits);

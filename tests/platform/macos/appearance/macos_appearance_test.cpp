@@ -44,7 +44,7 @@ TEST_F(MacosAppearanceTest, AddsObserverBeforeReadingValues) {
                                        match, motion));
 }
 
-TEST_F(MacosAppearanceTest, ShowsSheets) {
+TEST_F(MacosAppearanceTest, ReportsThatTheSystemShowsNativeSheets) {
     EXPECT_TRUE(MacosAppearance().showsSheets());
 }
 

@@ -21,7 +21,7 @@ TEST_F(ApplicationSupportTest, ReturnsNulloptWithoutAFolder) {
     EXPECT_EQ(applicationSupportFolder(), std::nullopt);
 }
 
-// The program calls the function before the main loop, which would drain a pool.
+// The program calls the function before the main loop, which provides an autorelease pool.
 TEST_F(ApplicationSupportTest, WorksWithoutAnOuterAutoreleasePool) {
     files().applicationSupport = {"/Users/me/Library/Application Support"};
     std::thread([] {

@@ -34,7 +34,7 @@ protected:
     std::vector<ClickEvent> asked;
 };
 
-TEST_F(QuartzClickTapTest, InstallsSessionTapAtHeadOnTheMainRunLoop) {
+TEST_F(QuartzClickTapTest, InstallsTheTapAheadOfOtherSessionTapsOnTheMainRunLoop) {
     QuartzClickTap tap;
     EXPECT_TRUE(tap.create([](const ClickEvent&) { return ClickTap::Verdict::pass; }));
     tap.setEnabled(true);
@@ -90,7 +90,7 @@ TEST_F(QuartzClickTapTest, ReadsTheButtonOnlyFromClickEvents) {
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(QuartzClickTapTest, PassesEventsWithoutUserData) {
+TEST_F(QuartzClickTapTest, PassesEventsIfTheCallbackGetsNoUserData) {
     const auto tap = tapAnswering(ClickTap::Verdict::drop);
     EXPECT_EQ(playTo(nullptr, kCGEventLeftMouseDown, left), Passage::passed);
     EXPECT_THAT(asked, IsEmpty());
@@ -117,7 +117,7 @@ TEST_F(QuartzClickTapTest, DestructionDisablesAndInvalidatesTheTap) {
                             "CFMachPortInvalidate CFMachPort"));
 }
 
-TEST_F(QuartzClickTapTest, MonitorEnablesTheTapAgainAfterBothNotifications) {
+TEST_F(QuartzClickTapTest, MonitorEnablesTheTapAgainAfterEitherDisabledNotification) {
     ClickMonitor monitor(std::make_shared<QuartzClickTap>(), [] { return 2; });
     monitor.start();
     for (const CGEventType notice :
@@ -128,7 +128,7 @@ TEST_F(QuartzClickTapTest, MonitorEnablesTheTapAgainAfterBothNotifications) {
     }
 }
 
-TEST_F(QuartzClickTapTest, MonitorSwallowsAPressWithTheMatchingRelease) {
+TEST_F(QuartzClickTapTest, MonitorSwallowsAPressAndTheReleaseOfTheSameButton) {
     ClickMonitor monitor(std::make_shared<QuartzClickTap>(), [] { return 2; });
     monitor.onClickGesture = [](GestureType gesture) {
         return gesture == GestureType::twoFingerClick;

@@ -22,7 +22,7 @@ static_assert(
 static_assert(
     std::is_same_v<decltype(kCFTypeDictionaryValueCallBacks), const CFDictionaryValueCallBacks>);
 
-TEST(CoreFoundationContract, DeclaresInterfacesInUse) {
+TEST(CoreFoundationContract, DeclaresInterfacesForCollectionsAndRunLoops) {
     EXPECT_TRUE(isThere<void(CFTypeRef)>(&CFRelease));
     EXPECT_TRUE(isThere<CFIndex(CFArrayRef)>(&CFArrayGetCount));
     EXPECT_TRUE((isThere<const void*(CFArrayRef, CFIndex)>(&CFArrayGetValueAtIndex)));

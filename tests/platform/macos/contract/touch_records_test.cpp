@@ -1,6 +1,6 @@
-// The trackpad framework is private, so no system header defines the layout of its records. This
-// test cannot compare with the system, which needs a Mac's trackpad. It reads a record that is
-// built byte by byte as the framework writes it on a 64-bit Mac.
+// The trackpad framework is private, so no system header defines the layout of its records. A
+// comparison with the framework itself would need a Mac's trackpad. Instead, this test reads a
+// record that is built byte by byte as the framework writes it on a 64-bit Mac.
 #include "input/mt_touch.h"
 
 #include <gtest/gtest.h>

@@ -67,7 +67,8 @@ bool send(AEEventID eventID) {
     NSAppleEventDescriptor* event = [NSAppleEventDescriptor new];
     NSAppleEventDescriptor* reply = [NSAppleEventDescriptor new];
     using Handle = void (*)(id, SEL, NSAppleEventDescriptor*, NSAppleEventDescriptor*);
-    // Converts through void*, because the method has a more specific type.
+    // Casts through void*, because some compilers' -Wextra warns about casts between different
+    // function types.
     void* const method = reinterpret_cast<void*>(objc_msg_lookup(handler.target, handler.method));
     reinterpret_cast<Handle>(method)(handler.target, handler.method, event, reply);
     [reply release];

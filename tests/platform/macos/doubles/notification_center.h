@@ -1,4 +1,4 @@
-// A notification center that keeps the journal.
+// A notification center that records added and removed observers in the tests' journal.
 #pragma once
 
 #include <Foundation/Foundation.h>

@@ -41,7 +41,9 @@ CFTypeRef handOutPreference(const Preference& value) {
     return handOut(new Number);
 }
 
-// The system's two boolean constants are never released, even after a copy.
+// Stands for a boolean in the preferences. The system hands out one of its two constants, which are
+// never released, even after a copy. This object must be released, so that tests can detect a
+// missing release.
 struct Truth : Object {
     explicit Truth(bool given) : Object("CFBoolean"), value(given) {}
 
@@ -91,7 +93,8 @@ CFStringRef CFStringCreateWithBytes(CFAllocatorRef /*allocator*/, const UInt8* b
         std::string(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(numBytes))));
 }
 
-// Returns the length in UTF-16 units, which never exceeds the length in bytes.
+// Returns the length in bytes, which is never less than the system's result, the number of UTF-16
+// units.
 CFIndex CFStringGetLength(CFStringRef theString) {
     return static_cast<CFIndex>(textIn(theString).size());
 }

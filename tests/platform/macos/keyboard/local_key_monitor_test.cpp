@@ -112,7 +112,7 @@ TEST_F(LocalKeyMonitorTest, AbandonPassesTheRemainingRepeatsOfAPress) {
     EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::windows);
 }
 
-TEST_F(LocalKeyMonitorTest, MonitorIsRemovedOnce) {
+TEST_F(LocalKeyMonitorTest, RepeatedStopsRemoveTheSystemMonitorOnlyOnce) {
     start();
     monitor->stop();
     monitor->stop();

@@ -35,7 +35,7 @@ struct SharedCenter {
 
 class MacosUserSessionStartTest : private SharedCenter, public CocoaTest {
 protected:
-    MacosUserSessionStartTest() { doubles::preferences() = {}; } // also permits new texts
+    MacosUserSessionStartTest() { doubles::preferences() = {}; } // resets makesTexts, too
 };
 
 class MacosUserSessionTest : public MacosUserSessionStartTest {
@@ -84,7 +84,7 @@ TEST_F(MacosUserSessionTest, ScreenWakeNotificationEndsSleep) {
     EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceDidWakeNotification"), 0);
 }
 
-TEST_F(MacosUserSessionTest, StatesAreIndependent) {
+TEST_F(MacosUserSessionTest, ActiveLockedAndAsleepStatesAreIndependent) {
     postDistributed("com.apple.screenIsLocked");
     postNotice("NSWorkspaceWillSleepNotification");
     postNotice("NSWorkspaceSessionDidResignActiveNotification");
@@ -99,7 +99,7 @@ TEST_F(MacosUserSessionTest, RepeatedNotificationsReportNoChange) {
     EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceSessionDidBecomeActiveNotification"), 0);
 }
 
-TEST_F(MacosUserSessionTest, OtherNotificationsChangeNothing) {
+TEST_F(MacosUserSessionTest, ScreenSaverAndDisplaySleepChangeNothing) {
     EXPECT_EQ(changesAfter(postDistributed, "com.apple.screensaver.didstart"), 0);
     EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceScreensDidSleepNotification"), 0);
     EXPECT_EQ(stateOf(session), State());

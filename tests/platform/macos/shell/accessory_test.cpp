@@ -13,7 +13,7 @@ TEST_F(AccessoryTest, HasNoDockIcon) {
     EXPECT_THAT(journal(), ElementsAre("setActivationPolicy 1"));
 }
 
-TEST_F(AccessoryTest, ActivatesAboveOtherApplications) {
+TEST_F(AccessoryTest, ActivatesEvenIfAnotherApplicationIsActive) {
     comeForward();
     EXPECT_THAT(journal(), ElementsAre("activateIgnoringOtherApps YES"));
 }

@@ -52,7 +52,7 @@ TEST_F(AppleEventTest, ReportsEachEvent) {
     EXPECT_EQ(reopened, 2);
 }
 
-TEST_F(AppleEventTest, ReportsOnlyTheRegisteredKind) {
+TEST_F(AppleEventTest, ReportsOnlyTheRegisteredKindOfEvent) {
     int ended = 0;
     const AppleEvent quit(Kind::quit, [&ended] { ++ended; });
     EXPECT_TRUE(sendQuit());

@@ -52,7 +52,7 @@ TEST_F(MacosApplicationShellTest, ActivityLastsWhileGesturesAreOn) {
                                               "begin: Trackpad gestures are on"));
 }
 
-// QCoreApplication::quit() sends the program a quit request, and the program terminates.
+// QCoreApplication::quit() sends the program a quit request, as the system does.
 TEST_F(MacosApplicationShellTest, SystemQuitRequestEndsTheLoopAndIsReportedOnce) {
     int asked = 0;
     const SessionEnd sessionEnd([&] {

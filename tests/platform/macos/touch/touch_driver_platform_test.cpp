@@ -66,7 +66,7 @@ TEST_F(TouchDriverPlatformTest, StartsEveryDeviceInTheArrayInOrder) {
                                        "MTDeviceStop", "MTUnregisterContactFrameCallback"));
 }
 
-TEST_F(TouchDriverPlatformTest, KeepsTheArrayUntilTheProgramExits) {
+TEST_F(TouchDriverPlatformTest, KeepsTheDeviceArrayUntilTheProgramExits) {
     {
         MultitouchDeviceManager manager(platformAt(complete));
         manager.start();
@@ -75,7 +75,7 @@ TEST_F(TouchDriverPlatformTest, KeepsTheArrayUntilTheProgramExits) {
     EXPECT_THAT(doubles::livingObjects(), ElementsAre("CFArray"));
 }
 
-TEST_F(TouchDriverPlatformTest, FindsNoDeviceWithoutAnArray) {
+TEST_F(TouchDriverPlatformTest, FindsNoDeviceWithoutADeviceArray) {
     trackpads.reset();
     MultitouchDeviceManager manager(platformAt(complete));
     manager.start();
@@ -91,7 +91,7 @@ TEST_F(TouchDriverPlatformTest, FindsNoDeviceInAnArrayOfNulls) {
     EXPECT_THAT(journal(), ElementsAre("MTDeviceCreateList"));
 }
 
-TEST_F(TouchDriverPlatformTest, StopWorksWithoutTheOptionalFunctions) {
+TEST_F(TouchDriverPlatformTest, StopWorksWithoutTheOptionalStopFunctions) {
     MultitouchDeviceManager manager(platformAt(FRAMEWORKS "/libmultitouch-without-stop-side.so"));
     manager.start();
     journal();

@@ -18,7 +18,7 @@ const RunningApplication draw{"com.example.draw", "画图"};
 
 class FrontmostApplicationTest : public CocoaTest {};
 
-TEST_F(FrontmostApplicationTest, AddsObserverBeforeReadingOnce) {
+TEST_F(FrontmostApplicationTest, AddsObserversBeforeReadingTheApplicationOnce) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
@@ -41,7 +41,7 @@ TEST_F(FrontmostApplicationTest, FollowsEachActivation) {
     EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not queried again";
 }
 
-TEST_F(FrontmostApplicationTest, ReturnsOnlyKnownProperties) {
+TEST_F(FrontmostApplicationTest, ReturnsAnApplicationWithoutANameOrAnIdentifier) {
     const FrontmostApplication frontmost;
     activate(RunningApplication{"com.example.nameless", std::nullopt});
     EXPECT_EQ(frontmost.current(), (Application{"com.example.nameless", std::nullopt}));
@@ -74,7 +74,7 @@ TEST_F(FrontmostApplicationTest, DropsATerminatedApplicationThatTheWorkspaceStil
     EXPECT_EQ(frontmost.current(), Application());
 }
 
-TEST_F(FrontmostApplicationTest, TerminationReturnsTheNextFrontmostApplication) {
+TEST_F(FrontmostApplicationTest, TerminationMakesTheNextApplicationFrontmost) {
     const FrontmostApplication frontmost;
     activate(notes);
     doubles::workspace().frontmost = draw;
@@ -91,14 +91,14 @@ TEST_F(FrontmostApplicationTest, TerminationOfAnotherApplicationChangesNothing) 
     EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not queried";
 }
 
-TEST_F(FrontmostApplicationTest, TerminationOfASecondProcessChangesNothing) {
+TEST_F(FrontmostApplicationTest, TerminationOfTheApplicationsSecondProcessChangesNothing) {
     const FrontmostApplication frontmost;
     activate(notes);
     doubles::end(notes); // the workspace reports the first process, which still runs
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
 }
 
-TEST_F(FrontmostApplicationTest, IgnoresOtherNotifications) {
+TEST_F(FrontmostApplicationTest, IgnoresNotificationsAboutDisplayOptions) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     doubles::workspace().frontmost = draw;
@@ -115,7 +115,7 @@ TEST_F(FrontmostApplicationTest, IgnoresNotificationsAfterDestruction) {
     EXPECT_THAT(journal(), ElementsAre("removeObserver", "removeObserver"));
 }
 
-TEST_F(FrontmostApplicationTest, StaysValidForANotificationDuringDestruction) {
+TEST_F(FrontmostApplicationTest, HandlesANotificationDuringDestruction) {
     auto frontmost = std::make_unique<FrontmostApplication>();
     Application last;
     FrontmostApplication* const going = frontmost.get();

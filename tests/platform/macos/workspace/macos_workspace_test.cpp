@@ -57,7 +57,7 @@ TEST_F(MacosWorkspaceTest, FindsAnApplicationByItsIdentifier) {
                                        "URLForApplicationWithBundleIdentifier com.example.gone"));
 }
 
-TEST_F(MacosWorkspaceTest, DoesNotLookUpInvalidText) {
+TEST_F(MacosWorkspaceTest, NeitherLooksUpNorOpensTextThatIsNotUTF8) {
     EXPECT_EQ(workspace->urlForApplication(notUTF8), std::nullopt);
     workspace->openApplication(notUTF8);
     workspace->openURL(notUTF8);

@@ -89,7 +89,7 @@ TEST_F(ShapeRecorderTest, FillAndStrokeInOneCallEqualsTwoCalls) {
     EXPECT_THAT(faults, IsEmpty());
 }
 
-TEST_F(ShapeRecorderTest, ShapesWithoutFillAndStrokeAreOmitted) {
+TEST_F(ShapeRecorderTest, ShapesWithNeitherFillNorStrokeAreOmitted) {
     EXPECT_THAT(recorded([this](QPainter& painter) {
                     painter.setPen(Qt::NoPen);
                     painter.setBrush(Qt::NoBrush);

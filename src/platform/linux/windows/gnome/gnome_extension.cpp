@@ -55,7 +55,7 @@ Answer ask(const DesktopBus& bus, const char* interface, const char* method, GVa
 
 constexpr const char* extensions = "org.gnome.Shell.Extensions";
 
-// Returns nullopt and sets `error` if the shell does not reply.
+// On failure, returns nullopt and sets `error`.
 std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
     const Answer answer = ask(bus, "org.freedesktop.DBus.Properties", "Get",
                               g_variant_new("(ss)", "org.gnome.Shell", "ShellVersion"), "(v)");
@@ -96,6 +96,7 @@ bool isListedIn(GSettings* settings, const char* key) {
 
 bool setList(GSettings* settings, const char* key, const std::vector<std::string>& list) {
     std::vector<const char*> words;
+    words.reserve(list.size() + 1);
     for (const std::string& word : list) {
         words.push_back(word.c_str());
     }
@@ -196,7 +197,7 @@ GnomeExtension::Status GnomeExtension::status() const {
                                       : Status{State::failed, answer.error};
     }
     const Value words(g_variant_get_child_value(answer.values.get(), 0));
-    const Status known = statusFrom(words.get());
+    Status known = statusFrom(words.get());
     std::error_code ignored;
     if (known.state == State::missing && isEnabledAtNextLogin() &&
         std::filesystem::exists(installedFolder() / "metadata.json", ignored)) {

@@ -65,8 +65,8 @@ struct GnomeWindowBackend::State {
     GlibOwner<GVariant> latest; // the latest report
 
     GlibOwner<GVariant> chosenOf(const WindowChoice& isChosen) const;
-    void bringForward(GVariant* windows, std::function<void()> otherwise);
-    void requestToken(const std::string& entry, std::function<void(const LaunchToken&)> then);
+    void bringForward(GVariant* windows, std::function<void()> otherwise) const;
+    void requestToken(const std::string& entry, std::function<void(const LaunchToken&)> then) const;
     void appeared(const std::string& owner);
     void check(const std::string& owner);
     void vanished();
@@ -174,7 +174,8 @@ GlibOwner<GVariant> GnomeWindowBackend::State::chosenOf(const WindowChoice& isCh
 
 // Also calls `otherwise` if the method is missing: after an update, an older version of the
 // extension runs until the next login.
-void GnomeWindowBackend::State::bringForward(GVariant* windows, std::function<void()> otherwise) {
+void GnomeWindowBackend::State::bringForward(GVariant* windows,
+                                             std::function<void()> otherwise) const {
     bus->call(windowsOf(shell), "BringForward", g_variant_new("(@a(ssssu))", windows),
               [refused = std::move(otherwise)](GVariant* values, const GError* /*error*/) {
                   if (!booleanIn(values).value_or(false)) {
@@ -185,7 +186,7 @@ void GnomeWindowBackend::State::bringForward(GVariant* windows, std::function<vo
 
 // The same token is used for X11 and Wayland programs.
 void GnomeWindowBackend::State::requestToken(const std::string& entry,
-                                             std::function<void(const LaunchToken&)> then) {
+                                             std::function<void(const LaunchToken&)> then) const {
     bus->call(windowsOf(shell), "TokenForLaunch", g_variant_new("(s)", entry.c_str()),
               [requestToken = std::move(then)](GVariant* values, const GError* error) {
                   const char* token = "";

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <glib.h>
-#include <stdlib.h>
 #include <unistd.h>
 
 #include <cstdlib>

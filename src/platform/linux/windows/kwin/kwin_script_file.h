@@ -26,7 +26,7 @@ public:
     std::string path;
 };
 
-// Returns a unique name, because KWin keeps only one script with the same name, even if different
+// Returns a unique name, because KWin keeps only one script of each name, even if different
 // programs load them.
 std::string newKWinScriptName(const DesktopBus& bus);
 

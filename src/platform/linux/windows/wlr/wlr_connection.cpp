@@ -66,7 +66,7 @@ bool WlrConnection::roundTrip(std::chrono::milliseconds patience) {
     return connected && answered;
 }
 
-bool WlrConnection::waitForEvents(Clock::time_point deadline) {
+bool WlrConnection::waitForEvents(Clock::time_point deadline) const {
     pollfd source{descriptor(), POLLIN, 0};
     return retried([&] { return poll(&source, 1, millisecondsUntil(deadline)); }) > 0;
 }

@@ -35,7 +35,7 @@ public:
     WaylandDisplay* display() const { return _display; }
 
 private:
-    bool waitForEvents(std::chrono::steady_clock::time_point deadline);
+    bool waitForEvents(std::chrono::steady_clock::time_point deadline) const;
 
     WaylandDisplay* _display;
 };

@@ -23,8 +23,7 @@ constexpr std::uint32_t maxWindows = 4096;
 constexpr const char* activeName = "_NET_ACTIVE_WINDOW";
 constexpr const char* shownWorkspaceName = "_NET_CURRENT_DESKTOP";
 
-// The source indication of a pager: window managers may refuse requests from applications, or with
-// a timestamp older than the user's last input.
+// The source indication of a pager. Window managers may refuse requests from normal applications.
 constexpr std::uint32_t byTheUser = 2;
 
 // The maximum number of events and replies that are handled before the thread runs its other tasks.
@@ -83,7 +82,7 @@ private:
     xcb_atom_t listAtom;
     xcb_atom_t managerAtom;
     xcb_atom_t workspaceAtom;
-    xcb_window_t clock = XCB_WINDOW_NONE;      // changing it makes the server report its time
+    xcb_window_t clock = XCB_WINDOW_NONE;      // the server reports when this window changes
     xcb_window_t toActivate = XCB_WINDOW_NONE; // the window to activate when the time arrives
     std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
     std::uint32_t launches = 0;
@@ -119,7 +118,7 @@ void X11Backend::Session::begin() {
     askForList();
     server.flush();
     watch = thread.watch(server.descriptor(), [this] { serve(); });
-    serve(); // handles replies that earlier requests have already read
+    serve(); // xcb may have read replies already, for which the socket does not become readable
 }
 
 void X11Backend::Session::serve() {
@@ -160,7 +159,7 @@ bool X11Backend::Session::serveOnce() {
 void X11Backend::Session::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sent = 0x80;
     if (event.response_type != XCB_PROPERTY_NOTIFY || (event.response_type & sent) != 0) {
-        return; // also ignores errors: a window may close before its request is handled
+        return; // also ignores errors: a window may close before a request for it is handled
     }
     const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
     if (change.window != clock) {
@@ -212,16 +211,17 @@ void X11Backend::Session::takeTime(xcb_timestamp_t time) {
     }
 }
 
-// The startup id ends with the time of the user's input. The message is sent when the program runs.
-// Otherwise the window manager would wait for a program that may fail to start.
+// The startup id ends with the server's time, which stands for the time of the user's input. The
+// message is sent when the program runs. Otherwise the window manager would wait for a program that
+// may fail to start.
 void X11Backend::Session::requestToken(const LaunchedApplication& application,
                                        std::function<void(const LaunchToken&)> then) {
     if (server.isLost()) {
         then({});
         return;
     }
-    waitingForTime.push_back([this, application,
-                              requestToken = std::move(then)](xcb_timestamp_t time) {
+    waitingForTime.emplace_back([this, application,
+                                 requestToken = std::move(then)](xcb_timestamp_t time) {
         if (time == XCB_CURRENT_TIME) {
             requestToken({});
             return;
@@ -325,8 +325,8 @@ void X11Backend::Session::takeList(const X11Property& property) {
     forgetClosedWindows();
 }
 
-// Also subscribes to known windows again, because the id may belong to a new window, if one program
-// has exited and another has started.
+// Also subscribes to known windows again: if a program has exited and another has started, the id
+// may now belong to a new window.
 void X11Backend::Session::follow(xcb_window_t window) {
     clients.try_emplace(window);
     requests.followProperties(window);

@@ -83,7 +83,7 @@ bool X11WindowReader::isApplicationWindow(const std::vector<xcb_atom_t>& types,
     return ordinary && !contains(states, atoms.skipTaskbar);
 }
 
-// Replies arrive in the order of the requests, so the callback is called in the last reply.
+// Replies arrive in the order of the requests, so `taker` is called when the last reply arrives.
 void X11WindowReader::read(xcb_window_t window, std::function<void(const X11Window&)> taker) {
     const auto reading = std::make_shared<Reading>();
     reading->taker = std::move(taker);

@@ -1,1 +1,1 @@
-// In the folder of its source.
+// A source whose test is in the same folder.

@@ -32,15 +32,15 @@ public:
     FakeGnomeShell& operator=(const FakeGnomeShell&) = delete;
     ~FakeGnomeShell();
 
-    // Start and stop the extension. It reports these windows immediately and to each caller.
+    // Start and stop the extension. It announces its start, and returns these windows to callers.
     void startExtension(const std::string& windows);
     void stopExtension();
 
     // Sends a signal from the extension's object.
     void emit(const char* signal, const std::string& values);
 
-    // Returns the extensions that a caller has enabled. The shell itself enables extensions that it
-    // has loaded.
+    // Returns the extensions that callers have asked the shell to enable. The shell enables only
+    // extensions that it has loaded; for others, the caller must change the settings.
     std::vector<std::string> enabled();
 
 private:

@@ -28,7 +28,7 @@ using desktops::ScopedEnvironment;
 using desktops::Window;
 using State = GnomeExtension::State;
 
-// Queries the extension, as any program on the session bus could.
+// Queries the extension as another program on the session bus, and expects that access is denied.
 void expectThatNoOtherProgramIsNotified(const GnomeShell& shell) {
     const ScopedEnvironment here(shell.environment());
     for (const char* const method : {"GetWindows", "BringForward '[]'", "TokenForLaunch ''"}) {

@@ -29,7 +29,7 @@ using desktops::ScopedEnvironment;
 constexpr const char* editor =
     "('org.gnome.TextEditor.desktop', 'editor', 'instance', 'T', uint32 42)";
 
-// Formats a report like the extension.
+// Formats a report as the extension does.
 std::string message(const std::string& windows, const std::string& active) {
     return "(@a(ssssu) [" + windows + "], @a(ssssu) [" + active + "])";
 }
@@ -80,7 +80,7 @@ TEST_F(GnomeWindows, QueriesARunningExtension) {
     reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, ReportsWindowsOfAnExtensionThatStartsLater) {
+TEST_F(GnomeWindows, ReportsWindowsOfAnExtensionThatStartsAfterTheBackend) {
     FakeGnomeShell shell(bus.address(), {});
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -101,7 +101,7 @@ TEST_F(GnomeWindows, ReportsNoWindowsWhileTheScreenIsLocked) {
     reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, FollowsAShellThatStartsLaterAndRestarts) {
+TEST_F(GnomeWindows, FollowsAShellThatStartsAfterTheBackendAndRestarts) {
     const Listening listening(reported);
     EXPECT_TRUE(listening.started);
     reported.expectReported({"windows:", "active: none"});
@@ -140,7 +140,7 @@ TEST_F(GnomeWindows, AcceptsSignalsOnlyFromTheShell) {
     reported.expectReported({"windows: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, NameOwnerThatDoesNotServeTheDisplayIsRejected) {
+TEST_F(GnomeWindows, BusNameOwnerThatDoesNotServeTheDisplayIsRejected) {
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe(ends.data()), 0);
     const pid_t compositor = fork();
@@ -167,7 +167,7 @@ TEST_F(GnomeWindows, NameOwnerThatDoesNotServeTheDisplayIsRejected) {
     close(ends[1]);
 }
 
-TEST_F(GnomeWindows, RejectsEveryNameOwnerWithoutADisplay) {
+TEST_F(GnomeWindows, RejectsEveryBusNameOwnerIfNoDisplayIsSet) {
     const ScopedEnvironment without{{{"WAYLAND_DISPLAY", ""}}};
     FakeGnomeShell shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
@@ -214,7 +214,7 @@ TEST_F(GnomeWindows, IdentifiesAWindowByDesktopEntryOrClass) {
     EXPECT_EQ(reported.windows(), expected);
 }
 
-TEST_F(GnomeWindows, DoesNotStartOnOtherDesktops) {
+TEST_F(GnomeWindows, DoesNotStartOnDesktopsOtherThanGNOME) {
     for (const char* desktop : {"", "KDE", "GNOME-Flashback"}) {
         const ScopedEnvironment elsewhere{{{"XDG_CURRENT_DESKTOP", desktop}}};
         EXPECT_FALSE(Listening(reported).started) << desktop;

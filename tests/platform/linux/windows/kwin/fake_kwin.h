@@ -45,7 +45,7 @@ public:
     // Waits for exactly these calls, which must be all calls since the last check.
     void expectCalls(const std::vector<std::string>& calls);
 
-    // Return the script's content, mode and path when KWin ran it.
+    // Return the script's content, mode and path, as they were when KWin ran it.
     std::string script();
     std::filesystem::perms permissions();
     std::filesystem::path file();

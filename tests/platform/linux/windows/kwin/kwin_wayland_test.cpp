@@ -102,7 +102,7 @@ TEST_F(KWinWaylandTest, ReportsAllPropertiesOfAWindowThatIsAlreadyOpen) {
                                                     "A text — Editor", window.process()}));
 }
 
-TEST_F(KWinWaylandTest, FollowsAKWinThatStartsLaterAndRestarts) {
+TEST_F(KWinWaylandTest, FollowsAKWinThatStartsAfterTheBackendAndRestarts) {
     const Listening listening(reported);
     EXPECT_TRUE(listening.started);
     reported.expectReported({"windows:", "active: none"});
@@ -119,7 +119,7 @@ TEST_F(KWinWaylandTest, FollowsAKWinThatStartsLaterAndRestarts) {
 }
 
 // A backend that exits must not unload the script of the next backend.
-TEST_F(KWinWaylandTest, SecondBackendKeepsItsScriptWhenTheFirstExits) {
+TEST_F(KWinWaylandTest, SecondBackendKeepsItsScriptWhenTheFirstBackendIsDestroyed) {
     startKWin();
     FakeWindowListener reportedFirst;
     auto first = std::make_unique<Listening>(reportedFirst);
@@ -148,7 +148,7 @@ TEST_F(KWinWaylandTest, DestructorUnloadsTheScriptAndLeavesNoFile) {
     }
 }
 
-TEST_F(KWinWaylandTest, NextBackendReceivesReportsAfterTheFirstIsDestroyed) {
+TEST_F(KWinWaylandTest, BackendReceivesReportsAfterAnEarlierBackendIsDestroyed) {
     startKWin();
     {
         const Listening listening(reported);

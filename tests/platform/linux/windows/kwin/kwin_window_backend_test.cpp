@@ -56,14 +56,14 @@ TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
     FakeKWin kwin(bus.address(), {});
     const Listening listening(reported);
     kwin.expectCalls(loading);
-    kwin.report(oneWindow); // KWin has read the script
+    kwin.report(oneWindow); // after this call, KWin has certainly read the script
     EXPECT_THAT(kwin.script(), HasSubstr("org.glidemap.KWinWindows"));
     EXPECT_EQ(kwin.file().parent_path(), folder.path());
     EXPECT_EQ(kwin.permissions(),
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
-TEST_F(KWinWindows, RetriesAfterEachSignalWhileKWinStarts) {
+TEST_F(KWinWindows, LoadsTheScriptWhenKWinHasFinishedStarting) {
     FakeKWin kwin(bus.address(), {.isStarting = true});
     const Listening listening(reported);
     kwin.sendSignal();

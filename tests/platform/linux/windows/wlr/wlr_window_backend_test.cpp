@@ -44,7 +44,7 @@ protected:
     std::size_t opened = 0;
 };
 
-TEST_F(WlrWindows, AppliesEventsAfterDone) {
+TEST_F(WlrWindows, AppliesEventsOnlyAfterTheDoneEvent) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -63,7 +63,7 @@ TEST_F(WlrWindows, AppliesEventsAfterDone) {
         compositor.done(1);
     });
     reported.expectReported(
-        {"active: two"}); // the window activated last, because the first is also still active
+        {"active: two"}); // "two" was activated last, but "one" is still active, too
 }
 
 TEST_F(WlrWindows, IgnoresStatesOtherThanActivated) {
@@ -97,7 +97,7 @@ TEST_F(WlrWindows, ReportsFocusEventsThatArriveTogetherAsOneChange) {
     reported.expectReported({"windows: one, two", "active: two"});
 }
 
-TEST_F(WlrWindows, ReportsTheLatestOfTwoActiveWindowsUntilItCloses) {
+TEST_F(WlrWindows, ReportsTheLatestOfTwoActiveWindowsUntilThatWindowCloses) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -106,7 +106,7 @@ TEST_F(WlrWindows, ReportsTheLatestOfTwoActiveWindowsUntilItCloses) {
         openActive(compositor, "two");
     });
     reported.expectReported({"windows: one, two", "active: two"});
-    compositor.say([&] { // the first window stays active, but is not activated again
+    compositor.say([&] { // "one" stays active, but is not activated again
         compositor.states(0, {activated, maximized});
         compositor.done(0);
         compositor.open("three", nullptr);

@@ -157,7 +157,7 @@ TEST_F(X11BackendTest, ReportsThePropertiesOfAWindow) {
               (WindowIdentity{"A-class", "an-instance", "a title", client.process()}));
 }
 
-TEST_F(X11BackendTest, FindsExistingWindows) {
+TEST_F(X11BackendTest, FindsWindowsThatAreOpenBeforeTheStart) {
     startServer();
     server->startWindowManager();
     const auto one = window("one", "One");
@@ -218,8 +218,9 @@ TEST_F(X11BackendTest, IgnoresPanelsDesktopsAndSplashScreens) {
         {"_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_STATE_SKIP_TASKBAR", "plain/Plain"},
         {"", "", "plain/Plain it/It"},
     };
-    // A window must not get the id of a closed one: openbox lets go of a closed window late, and then
-    // deletes the state of the window with this id. A running process keeps its ids.
+    // A new window must not get the id of a closed one, because openbox handles the closing late,
+    // and would then delete the state of the new window. As long as a client is connected, its ids
+    // are not reused.
     std::vector<std::unique_ptr<XClient>> programs;
     for (const Row& row : rows) {
         XClient& client = *programs.emplace_back(std::make_unique<XClient>(*server));
@@ -235,7 +236,7 @@ TEST_F(X11BackendTest, IgnoresPanelsDesktopsAndSplashScreens) {
     }
 }
 
-TEST_F(X11BackendTest, FollowsLaterPropertyChanges) {
+TEST_F(X11BackendTest, FollowsPropertyChangesOfAnOpenWindow) {
     startDesktop();
     const auto office = window("office", "Office-start");
     reported.expectActive("office/Office-start");
@@ -244,7 +245,7 @@ TEST_F(X11BackendTest, FollowsLaterPropertyChanges) {
     reported.expectWindows("office/Office-writer");
 }
 
-TEST_F(X11BackendTest, FollowsAReplacedWindowManager) {
+TEST_F(X11BackendTest, KeepsFollowingWindowsAfterTheWindowManagerIsReplaced) {
     startDesktop();
     const auto one = window("one", "One");
     reported.expectActive("one/One");
@@ -265,7 +266,7 @@ TEST_F(X11BackendTest, ReportsNoWindowsWhenTheServerExits) {
     reported.expectWindows("");
 }
 
-TEST_F(X11BackendTest, ServersProcessIDOverridesTheWindowProperty) {
+TEST_F(X11BackendTest, ProcessIDFromTheServerOverridesTheWindowProperty) {
     startBareServer();
     const auto liar = window("liar", "Liar");
     liar->setNumbers("_NET_WM_PID", "1");
@@ -274,7 +275,7 @@ TEST_F(X11BackendTest, ServersProcessIDOverridesTheWindowProperty) {
     EXPECT_EQ(reported.activeWindow().process, liar->process());
 }
 
-TEST_F(X11BackendTest, UsesTheProcessIDPropertyOnlyOfLocalWindowsWithoutXResource) {
+TEST_F(X11BackendTest, WithoutXResourceOnlyLocalWindowsHaveAProcessID) {
     startBareServer({"-extension", "X-Resource"});
     const auto one = window("one", "One");
     setActive(*one);
@@ -324,7 +325,7 @@ TEST_F(X11BackendTest, InvalidPropertiesAreIgnored) {
 
 // A window manager may keep a hidden window as the active one although it no longer lists the
 // window.
-TEST_F(X11BackendTest, IgnoresAnActiveWindowThatIsNotInTheList) {
+TEST_F(X11BackendTest, IgnoresAnActiveWindowThatIsNotInTheWindowList) {
     startBareServer();
     const auto one = window("one", "One");
     const auto two = window("two", "Two");

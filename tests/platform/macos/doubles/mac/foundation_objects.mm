@@ -1,5 +1,5 @@
-// The system counts the owners of its objects, and crashes on an excess release. The fakes on Linux
-// detect a missing release.
+// On a Mac, the system counts the owners of its objects, and crashes on an excess release. Missing
+// releases are not detected here, but by the fakes on Linux.
 #include "doubles/foundation_objects.h"
 
 #include "doubles/observation.h"
