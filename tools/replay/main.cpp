@@ -68,6 +68,7 @@ int run(const Options& options) {
 
 } // namespace glidemap::replay
 
+// NOLINTNEXTLINE(bugprone-exception-escape): only a lack of memory throws, and ends the program
 int main(int count, char** arguments) {
     using namespace glidemap::replay;
     std::ios::sync_with_stdio(false); // standard input is read through one stream only

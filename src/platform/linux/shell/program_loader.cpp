@@ -19,7 +19,7 @@ constexpr const char* library = "lib/glidemap/libglidemap-program.so";
 using RunProgram = int (*)(LaunchOption, char**);
 
 struct Path {
-    char text[PATH_MAX + 1] = "";
+    char text[PATH_MAX + 1] = ""; // NOLINT(modernize-avoid-c-arrays): for readlink() and strrchr()
 };
 
 void goUp(Path& path) {
@@ -56,6 +56,7 @@ int runProgram(LaunchOption option, char** arguments) {
     if (const RunProgram run = loadedProgram()) {
         return run(option, arguments);
     }
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the only thread
     std::fprintf(stderr, "glidemap: cannot be loaded: %s\n", dlerror());
     return EXIT_FAILURE;
 }

@@ -131,7 +131,7 @@ std::function<void()> hideSilentBus() {
 std::function<void()> startFontScan() {
     // Qt would set the locale while the scan reads it. Qt does not change a locale that is already
     // set.
-    std::setlocale(LC_ALL, "");
+    std::setlocale(LC_ALL, ""); // NOLINT(concurrency-mt-unsafe): no other thread runs yet
     return [fonts = std::make_shared<FontReading>()] {
         fonts->finish();
     };
