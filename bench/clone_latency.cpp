@@ -87,7 +87,7 @@ EventFrame lifting(int fingers) {
     return frame;
 }
 
-// `settle` must return when all threads are asleep.
+// `settle` must not return before the driver's threads are asleep.
 template <typename Settle>
 Samples measure(VirtualPad& pad, EventReader& reader, int fingers, int count, Settle settle) {
     Samples samples(static_cast<std::size_t>(count));

@@ -102,7 +102,7 @@ void endOfCircle(benchmark::State& state) {
     bench.reportGestures(state);
 }
 
-// Fingers land and lift; times the frame in which they lift, including the report of the tap.
+// Measures the frame in which all fingers of a tap lift, including the report of the tap.
 void endOfTap(benchmark::State& state) {
     Bench bench;
     const auto fingers = fingersAt(static_cast<int>(state.range(0)), 0);

@@ -115,8 +115,8 @@ GestureLogEntry GestureDispatcher::makeEntry(GestureType gesture, const GestureB
     return entry;
 }
 
-// Submits the action and the log entry as separate tasks, so that other main-thread work can run
-// between them.
+// Submits only the action. logLater() submits the log entry as a separate task, so that other
+// main-thread work can run between them.
 void GestureDispatcher::runLater(Binding binding) {
     mainQueue.submit(TimelyQueue::IfLate::drop,
                      [weakly = weak_from_this(), held = std::move(binding)] {

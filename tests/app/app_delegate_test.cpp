@@ -349,7 +349,7 @@ TEST_F(AppDelegateTest, QuittingFromTheMenuEndsTheProgram) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
 }
 
-// These tests are for bars that read the menu before it opens.
+// The next two tests are about a status bar that draws the menu itself and may read it at any time.
 TEST_F(AppDelegateTest, StatusBarThatDrawsTheMenuAlwaysHasTheCurrentState) {
     stage->statusBar->become(StatusBar::Kind::drawsItself);
     relaunch();
@@ -491,7 +491,8 @@ struct Shown {
 
 class UpdateAlertTest : public AppDelegateTest {
 protected:
-    // Checks, delivers `fetched`, reads the alert and presses the button with this title.
+    // Checks for updates with `fetched` as the server's response, and clicks the alert's button
+    // titled `press`. Without such a button, closes the alert. Returns what the alert showed.
     Shown checkAnd(const Fetched& fetched, const std::string& press) {
         Shown shown;
         stage->shell->onActivate = [&](QWidget& widget) {

@@ -319,7 +319,9 @@ TEST_F(HttpsFetchTest, EndlessResponseIsCutOff) {
         SCOPED_TRACE(row.what);
         const qint64 before = server.bytesTaken();
         HttpsFetchSetup setup = trusting();
-        setup.silence = 1s; // the only limit for an endless header
+        // This limit ends an endless header, too: no received data restarts it until the header is
+        // complete.
+        setup.silence = 1s;
         server.setAnswer(test::pour(row.start, 1'000'000'000));
         expectNothing(fetch(setup));
         ASSERT_TRUE(Application::runUntil([&] { return server.connections() == 0; }));

@@ -144,8 +144,8 @@ TEST_P(RealPanelTest, PanelThatStartsAfterGlidemapOrRestartsGetsTheItem) {
     EXPECT_EQ(end(*glidemap), 0);
 }
 
-// The program uses Qt's plain platform theme, because the desktop's own theme would read the
-// settings itself.
+// Without these variables, Qt uses its plain platform theme. The desktop's own theme would read the
+// colour scheme directly, not through the program's portal.
 TEST_P(RealPanelTest, IconFollowsThePortalColourScheme) {
     desktop->startPanel();
     desktop->choose(ColorScheme::dark);

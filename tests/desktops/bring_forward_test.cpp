@@ -105,8 +105,9 @@ protected:
         return std::count(std::istream_iterator<std::string>(file), {}, application);
     }
 
-    // Launches another program last: an earlier launch that is still pending would have been
-    // recorded before it.
+    // Expects that the application has started `count` times in all. Before counting, launches
+    // another program and waits for its start: a launch that was still pending would be recorded
+    // before that.
     void expectStarts(SeenWorkspace& seen, const std::string& application, long count) {
         const auto script = folder.script("end", "echo end >>" + starts().string() + "\n");
         install("end", script);

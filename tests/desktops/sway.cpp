@@ -8,9 +8,9 @@ namespace glidemap::desktops {
 
 namespace {
 
-// sway runs the command when clients can connect. The command writes to sway's output. The bar's
-// command does nothing: a test that needs the bar starts it on the test's bus, which belongs to
-// another user than sway.
+// sway runs the `exec` command when clients can connect; the command writes to sway's output.
+// swaybar_command does nothing: the test's bus belongs to a different user than sway, so a test
+// that needs the bar starts the bar itself, on that bus.
 constexpr const char* config = R"(xwayland disable
 seat seat0 fallback true
 bar {

@@ -111,7 +111,7 @@ TEST(DeferredFramesTest, FingersThatMayMakeALongPressWakeTheQueueUntilTheyMove) 
     }
 }
 
-TEST(DeferredFramesTest, FingersWakeTheQueueOnlyWhenTheyLiftAfterALongPress) {
+TEST(DeferredFramesTest, AfterALongPressFingersWakeTheQueueOnlyWhenTheyLift) {
     SleepyStage stage;
     stage.play(fingers(3).down().hold(1).frames());
     EXPECT_EQ(gesturesOf(stage.reported), std::vector{threeFingerLongPress});

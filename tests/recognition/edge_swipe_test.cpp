@@ -105,7 +105,8 @@ TEST(EdgeSwipeTest, CornerStartUsesTheFirstEdgeThatTheFingerLeaves) {
         {{0.98, 0.98}, {0.58, 0.88}, edgeSwipeFromRight},
         {{0.02, 0.02}, {0.42, 0.12}, edgeSwipeFromLeft},
         {{0.98, 0.02}, {0.58, 0.12}, edgeSwipeFromRight},
-        // Left is checked first and fails: top is not checked.
+        // The left or right edge is chosen, and the swipe from it fails: the top or bottom edge is
+        // not tried.
         {{0.02, 0.98}, {0.12, 0.5}, std::nullopt},
         {{0.98, 0.98}, {0.88, 0.5}, std::nullopt},
         {{0.02, 0.02}, {0.12, 0.5}, std::nullopt},

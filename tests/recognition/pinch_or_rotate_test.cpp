@@ -28,7 +28,8 @@ std::optional<GestureType> distanceChanges(double from, double to) {
     return otherMoves({0, from}, {0, to});
 }
 
-// Returns the position at an angle, on the pad's real shape.
+// Returns the position at this distance and angle from the origin. The distance is in pad heights;
+// the pad is 1.35 times as wide as high.
 PadPoint polar(double radius, double angle) {
     return {radius * std::cos(angle) / 1.35, radius * std::sin(angle)};
 }
@@ -121,7 +122,8 @@ TEST(PinchOrRotateTest, RotationRequiresAMinimumAngle) {
 }
 
 TEST(PinchOrRotateTest, RotationAllowsOnlyASmallDistanceChange) {
-    // The finger moves from above to the left, so that both distances are exact.
+    // The moving finger starts directly above the resting one and ends directly to its left, so the
+    // distances are `from` and `to`.
     const auto quarterTurn = [](double from, double to) {
         return otherMoves({0, from}, {-to / 1.35, 0});
     };
@@ -151,7 +153,7 @@ TEST(PinchOrRotateTest, PinchTakesPrecedenceOverRotation) {
     EXPECT_EQ(otherMoves(polar(0.4, 0), polar(0.2, 1)), pinchIn);
 }
 
-TEST(PinchOrRotateTest, OnlyTheEndPositionsOfTheFingersCount) {
+TEST(PinchOrRotateTest, OnlyTheFirstAndLastPositionOfEachFingerCount) {
     EXPECT_EQ(pinchOrRotateOf(trackThrough({{0, 0}}), trackThrough({{0, 0.2}, {0, 0.9}, {0, 0.2}})),
               std::nullopt);
 }

@@ -8,7 +8,7 @@ namespace {
 using namespace kit;
 using enum GestureType;
 
-TEST(SessionTapsTest, FingersThatLandAndLiftTogetherTap) {
+TEST(SessionTapsTest, FingersThatLandAndLiftTogetherMakeATap) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"two fingers", fingers(2).down().hold(0.2).up(), {twoFingerTap}},
         {"three fingers", fingers(3).down().hold(0.2).up(), {threeFingerTap}},

@@ -91,7 +91,7 @@ TEST(EvemuReader, ReportsButtonsAfterContactsOfTheSameFrame) {
                             "2: button 1 up"));
 }
 
-TEST(EvemuReader, ReadsAnEmptyRecordingWithoutEvents) {
+TEST(EvemuReader, DescriptionWithoutEventsIsAnEmptyRecording) {
     const ReadRecording recording = readRecords(head);
     EXPECT_EQ(recording.error, "");
     EXPECT_THAT(recording.records, IsEmpty());

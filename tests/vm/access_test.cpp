@@ -216,7 +216,7 @@ TEST_F(GrantAccessTest, TagsOnlyTouchpadsAndUinputForTheSeat) {
     EXPECT_FALSE(isTaggedForTheSeat(ownKeyboardNode()));
 }
 
-TEST_F(GrantAccessTest, TagsATouchpadPluggedInAfterTheGrantForTheSeat) {
+TEST_F(GrantAccessTest, TouchpadPluggedInAfterTheGrantIsTaggedForTheSeat) {
     ASSERT_EQ(grantAccess().status, 0);
     const VirtualPad pad(ordinaryPad());
     EXPECT_TRUE(isTaggedForTheSeat(pad.node()));

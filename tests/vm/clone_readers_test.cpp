@@ -106,7 +106,7 @@ TEST_F(UnwatchedCloneTest, TouchpadWithAMissedReaderKeepsWorkingAndIsGrabbedOnAR
     EXPECT_TRUE(contains(others.readUntil({EV_ABS, ABS_MT_TRACKING_ID, -1}),
                          {EV_ABS, ABS_MT_TRACKING_ID, 7}));
 
-    // The driver retries when the touchpad is used after a pause.
+    // The driver creates another clone when the touchpad is used after the retry delay has passed.
     const Deadline deadline;
     while (cloneNodes().empty() && !deadline.passed()) {
         session->settle(pad);

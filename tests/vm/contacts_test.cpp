@@ -90,7 +90,7 @@ TEST(ContactsTest, TimestampsAreTheKernelsMonotonicClock) {
 
     const auto reports = session.seen().reports;
     ASSERT_EQ(reports.size(), 2U);
-    constexpr double microsecond = 1e-6; // event times are in microseconds
+    constexpr double microsecond = 1e-6; // the resolution of event times, in seconds
     EXPECT_GE(reports[0].timestamp, before - microsecond);
     EXPECT_GE(reports[1].timestamp, reports[0].timestamp);
     EXPECT_LE(reports[1].timestamp, after);

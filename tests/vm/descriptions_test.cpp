@@ -57,7 +57,8 @@ std::int32_t onAxis(const PadAxis& axis, float share) {
            static_cast<std::int32_t>(static_cast<float>(axis.maximum - axis.minimum) * share);
 }
 
-// Puts a finger in each slot, along the diagonal from the upper left corner, with high pressure.
+// Puts a finger in each slot, along the diagonal from the upper left corner, with a pressure in the
+// middle of its range.
 EventFrame fingersOnTheDiagonal(const PadShape& shape) {
     EventFrame frame;
     const auto set = [&frame](std::uint16_t code, std::int32_t value) {

@@ -43,7 +43,7 @@ auto lineOf(const VirtualPad& pad, const std::string& verdict) {
         AllOf(StartsWith(pad.node().string() + ", " + pad.shape().name), EndsWith(verdict)));
 }
 
-TEST(DeviceReportTest, ReportsAUsedTouchpadAndWritableUinput) {
+TEST(DeviceReportTest, ReportsATouchpadInUseAndWritableUinput) {
     const VirtualPad pad(ordinaryPad());
     const Lines lines = report();
     EXPECT_THAT(lines,

@@ -72,9 +72,9 @@ std::string nameOf(const std::filesystem::path& inSys) {
     return attributeOf(inSys, "name");
 }
 
-// Returns whether udev has written its record of the device, which is its last step. An older
-// device with the same number may have left a record, so the function compares times. A desktop
-// does not open a device before udev has announced it.
+// Returns whether udev has written its record of the device, which is udev's last step before it
+// announces the device. A desktop opens a device only after that. An older device with the same
+// number may have left a record, so the function compares times.
 bool hasUdevRecord(const std::filesystem::path& inSys) {
     namespace fs = std::filesystem;
     std::ifstream stream(inSys / "dev");

@@ -30,8 +30,9 @@ std::ostream& operator<<(std::ostream& output, const Row& row) {
     return output << row.file;
 }
 
-// The counts follow from the events: one report per frame that changes a contact, one contact per
-// tracking id in an empty slot, and one per finger without a slot.
+// The counts follow from the events. Reports: one per frame that changes a contact. Contacts: one
+// per tracking id that appears in an empty slot, and one per finger that is only counted and has no
+// slot.
 const Row rows[] = {
     // Tablets that track many fingers.
     {"tablets/Wacom Bamboo 16FG 4x5 Finger double-center-circle.events", 419, 2},

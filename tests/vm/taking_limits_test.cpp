@@ -27,7 +27,7 @@ namespace {
 class GrabLimitsTest : public testing::Test {
 protected:
     // Expects that the driver does not grab the touchpad.
-    void expectThatItIsLetAlone(const std::string& obstacle) {
+    void expectItIsLeftAlone(const std::string& obstacle) {
         filter.switchOn(true);
         for (int round = 0; filter.obstacle(device) == driver::cloneIsNew || round < 3; ++round) {
             pad.write(together({fingerDown(0, round, 1000, 500), {leftDown}}));
@@ -58,7 +58,7 @@ void control(const char* option) {
 
 TEST_F(GrabLimitsTest, DoesNotGrabWhileUdevIsStopped) {
     control("--stop-exec-queue");
-    expectThatItIsLetAlone("udev has not announced the touchpad's clone as a touchpad");
+    expectItIsLeftAlone("udev has not announced the touchpad's clone as a touchpad");
     control("--start-exec-queue");
     filter.switchOn(true);
     const EventReader clone(waitForClone());
@@ -71,7 +71,7 @@ TEST_F(GrabLimitsTest, DoesNotGrabWhileUdevIsStopped) {
 }
 
 TEST_F(GrabLimitsTest, DoesNotGrabWhileNoProgramOpensTheClone) {
-    expectThatItIsLetAlone("no program has opened the touchpad's clone");
+    expectItIsLeftAlone("no program has opened the touchpad's clone");
 }
 
 // Creates keyboards with one key until the kernel has no free event node.
@@ -124,7 +124,7 @@ private:
 TEST_F(GrabLimitsTest, DoesNotGrabWithoutAnEventNodeForTheClone) {
     control("--stop-exec-queue"); // keeps udev from processing the many keyboards
     const UsedUpNodes keyboards;
-    expectThatItIsLetAlone("the kernel has made no event node for the touchpad's clone");
+    expectItIsLeftAlone("the kernel has made no event node for the touchpad's clone");
 }
 
 } // namespace

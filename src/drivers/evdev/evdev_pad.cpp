@@ -42,7 +42,8 @@ double monotonicNow() {
         .count();
 }
 
-// Opens the node with the monotonic clock. Returns an invalid file if either fails.
+// Opens the node and makes it use the monotonic clock for its events. Returns an invalid file if
+// either step fails.
 OpenFile openNode(const std::string& node, int access) {
     OpenFile file(::open(node.c_str(), access | O_NONBLOCK | O_CLOEXEC));
     // Set the clock before reading the first event, because this discards queued events.

@@ -52,8 +52,9 @@ bool PadInterception::repeatsButton(const InputEvent& event) const {
     return isFilteredButton(event) && source.isPressed(event.code) == (event.value != 0);
 }
 
-// The clone has the touchpad's slots, and no touchpad has more contacts. An event for a slot beyond
-// these must not change the contact in the previously selected slot.
+// Returns whether the event selects a slot that the touchpad lacks, or belongs to one. The clone
+// lacks that slot, too, and would stay in the previous one, so the missing slot's events would
+// change the wrong contact.
 bool PadInterception::needsMissingSlot(const InputEvent& event) const {
     if (event.type != EV_ABS) {
         return false;

@@ -313,8 +313,8 @@ void TouchpadDriver::withdrawUnreadable() {
     }
 }
 
-// Reads the descriptors that poll() reported as ready. Reading a touchpad that was reopened since
-// then is harmless.
+// Reads the descriptors that poll() reported as ready. A touchpad may have been reopened after
+// poll() returned; reading it is then harmless.
 void TouchpadDriver::readReady() {
     for (std::size_t index = 0; index < descriptors.size(); ++index) {
         if (!isReady(descriptors[index])) {

@@ -104,8 +104,8 @@ std::error_code LineListener::listen() const {
     socketFile.native().copy(address.sun_path, socketFile.native().size());
     std::error_code ignored; // bind() fails if the folder is missing
     std::filesystem::remove(socketFile, ignored);
-    // Not every system can set the mode of a socket before bind(). This is safe, because no client
-    // can connect before listen(), and the mode excludes other users by then.
+    // The mode is set after bind(), because not every system can set it earlier. This is safe: no
+    // client can connect before listen(), and by then the mode excludes other users.
     const bool listens = bind(socket.descriptor(), reinterpret_cast<const sockaddr*>(&address),
                               sizeof address) == 0 &&
                          chmod(socketFile.c_str(), S_IRUSR | S_IWUSR) == 0 &&

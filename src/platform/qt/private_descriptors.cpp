@@ -12,8 +12,8 @@ namespace glidemap {
 
 #ifdef __linux__
 
-// Sets the flags in the call that creates the descriptor. With a separate call, a process forked by
-// another thread in between would inherit the descriptor.
+// The functions that create a descriptor set CLOEXEC and NONBLOCK in the same call. With a separate
+// call, a process forked by another thread in between would inherit the descriptor.
 
 OpenFile localSocket() {
     return OpenFile(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));

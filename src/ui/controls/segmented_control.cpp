@@ -105,8 +105,9 @@ void SegmentedControl::setCurrent(int index) {
     fixFocusPolicies();
 }
 
-// Only a choice by the user reaches onChange: setCurrent() updates `chosen` before it checks the
-// segment, so that this function returns early.
+// Called whenever a segment is switched on. Only a choice by the user reaches onChange:
+// setCurrent() updates `chosen` before it calls setChecked(true), so that this function returns
+// early.
 void SegmentedControl::choose(int index) {
     if (index == chosen) {
         return;

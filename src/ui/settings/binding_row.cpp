@@ -294,8 +294,8 @@ bool BindingRow::movesFocus(int key, QAbstractButton* from) {
     return true;
 }
 
-// Return clicks the focused button. On the check box, Return is left to the list, as are the keys
-// that move the selection.
+// The Return key clicks the focused button, but on the check box it is left to the list. On every
+// control, the keys that move the selection are left to the list.
 bool BindingRow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn && onFocusInside) {
         onFocusInside(static_cast<QFocusEvent*>(event)->reason());

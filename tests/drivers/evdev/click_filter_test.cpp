@@ -298,8 +298,9 @@ TEST_F(ClickFilterTest, WatchdogUngrabsTheTouchpadWhenTheFilterHangs) {
     EXPECT_EQ(waitForAsked(2).size(), 2U);
 }
 
-// The reader may block before it has read any event, even for a touchpad that is not forwarded. The
-// watchdog must ungrab the forwarded touchpad anyway.
+// An event of any touchpad wakes the reader, which may then have to wait for the driver's lock
+// before it can read. The watchdog must ungrab the forwarded touchpad even if the event came from
+// another one.
 TEST_F(ClickFilterTest, WatchdogUngrabsTheTouchpadWhenTheReaderWaitsForALock) {
     pads->plug("event2", "without");
     pads->stream("event2")->hasButtons = false;
@@ -311,7 +312,8 @@ TEST_F(ClickFilterTest, WatchdogUngrabsTheTouchpadWhenTheReaderWaitsForALock) {
     EXPECT_TRUE(pads->waitUntilBlocked());
     pads->stream("event2")->send(fingerDown);
     while (system().isGrabbed()) {
-        time.advance(std::chrono::seconds(1)); // repeated, because the watchdog may not wait yet
+        // Repeated, because the watchdog may not be waiting yet.
+        time.advance(std::chrono::seconds(1));
         std::this_thread::yield();
     }
     pads->blockCandidates(false);

@@ -521,7 +521,8 @@ TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheUngrabIsForwardedAfterANewGra
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "grab", "3:57=5"}));
 }
 
-// A stopped process could neither grab the touchpad nor remove the clone.
+// The watchdog is paused before a signal such as SIGTSTP stops the process. A stopped process could
+// neither grab the touchpad nor remove a new clone.
 TEST_F(PadInterceptionTest, CreatesNoCloneWhileTheWatchdogIsPaused) {
     switchOn();
     clicks.watchdog().pause();

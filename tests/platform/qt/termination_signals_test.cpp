@@ -72,7 +72,7 @@ TEST(TerminationSignalsTest, TimeLimitTerminatesAHangingProgram) {
     EXPECT_EQ(hangingProgram([](const auto& ending) { ending.limitEnd(); }), EXIT_SUCCESS);
 }
 
-TEST(TerminationSignalsTest, TimeLimitAppliesAfterItsObjectIsDestroyed) {
+TEST(TerminationSignalsTest, TimeLimitAppliesEvenAfterTerminationSignalsIsDestroyed) {
     EXPECT_EQ(hangingProgram([](const auto&) {
                   const TerminationSignals inner([] {}, std::chrono::milliseconds(50));
                   inner.limitEnd();

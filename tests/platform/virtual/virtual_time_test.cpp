@@ -84,7 +84,7 @@ TEST_F(VirtualTimeTest, RunsItemsWithEqualDeadlinesInSchedulingOrder) {
                 ElementsAre(Event{"first", 0.5}, Event{"second", 0.5}, Event{"third", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, RunsADueItemThatAnotherItemSchedulesInTheSameAdvance) {
+TEST_F(VirtualTimeTest, ItemScheduledByAnotherItemRunsInTheSameAdvanceIfDue) {
     scheduleWork(0.5, [this] {
         record("parent");
         schedule("due", 0.25);

@@ -1,4 +1,4 @@
-// Without a screen reader. What a screen reader says is tested with a real one, in
+// Tests announce() without a screen reader. What a screen reader says is tested with a real one, in
 // tests/application.
 #include "ui/controls/announcement.h"
 

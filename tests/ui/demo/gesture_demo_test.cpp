@@ -98,7 +98,7 @@ TEST(GestureDemoTest, AllFingersAreLiftedAtTheEndOfTheLoop) {
     }
 }
 
-TEST(GestureDemoTest, FingerCountIsConstantAndAllFingersAreVisibleAtOnce) {
+TEST(GestureDemoTest, FingerCountIsConstantAndAllFingersAreFullyVisibleAtSomeMoment) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         const std::size_t count = frame(gesture, 0).fingers.size();

@@ -277,7 +277,7 @@ TEST_F(BindingListViewTest, OpenDemonstrationSurvivesAnEdit) {
     EXPECT_EQ(stage->window().findChild<QLabel*>("previewName")->text(), "两指张开（放大）");
 }
 
-TEST_F(BindingListViewTest, DemonstrationClosesWithItsBindingAndWhenTheListScrolls) {
+TEST_F(BindingListViewTest, DemonstrationClosesWhenItsBindingIsDeletedOrTheListScrolls) {
     open(test::manyBindings(100));
     stage->clickInRow(1, "preview");
     ASSERT_TRUE(stage->row(1)->showsPreview());

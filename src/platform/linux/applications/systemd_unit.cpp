@@ -59,9 +59,9 @@ std::string unescape(std::string_view text) {
     return plain;
 }
 
-// Returns the texts after each dash, the shortest first. If dashes in the ID are escaped, the ID is
-// the shortest text. If they are not, and the unit name contains no launcher, the ID is the
-// longest.
+// Returns the candidates for the ID at the end of a unit name: the text after each dash and, last,
+// the whole text, all unescaped. If the launcher escaped the dashes in the ID, the ID is the first
+// candidate. If it did not, and the name contains no LAUNCHER, the ID is the last one.
 std::vector<std::string> endsOf(std::string_view text) {
     std::vector<std::string> ends;
     for (std::size_t dash = text.size(); dash > 0;) {

@@ -39,10 +39,11 @@ std::string keyboardIdentifier() {
     return "0:0:" + name;
 }
 
-// Returns the command that sets an option of the keymap. The option changes no key, only the use of
-// a light, and our keyboard has no lights. It replaces the user's options for our keyboard only.
-// A repeat setting would separate the keyboard on sway 1.7, too. But sway 1.10 applies it to every
-// keyboard of the group, so the user's keys would not repeat.
+// Returns the command that sets an option of our keyboard's keymap, so that sway does not merge our
+// keyboard with the user's. The option changes no key, only the use of a light, and our keyboard
+// has no lights. It replaces the user's options for our keyboard only. On sway 1.7 a different
+// repeat setting would also keep the keyboards apart. But sway 1.10 applies that setting to all
+// merged keyboards, so the user's keys would not repeat.
 std::string separation() {
     return "input \"" + keyboardIdentifier() + "\" xkb_options grp_led:scroll";
 }

@@ -98,8 +98,9 @@ void SessionLockers::take(const SessionProcess& process, const std::string& ownC
     }
 }
 
-// Parses the arguments of swayidle, such as "timeout 300 COMMAND" and "lock COMMAND". logind's
-// request runs only the command of "lock".
+// Parses the arguments of swayidle or one line of its configuration, such as "timeout 300 COMMAND"
+// or "lock COMMAND". When logind asks the session to lock, swayidle runs only the command of
+// "lock".
 void SessionLockers::takeFrom(const std::vector<std::string>& words) {
     for (std::size_t at = 0; at < words.size(); ++at) {
         if (!locks(words[at])) {

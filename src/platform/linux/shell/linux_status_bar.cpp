@@ -38,8 +38,9 @@ constexpr int noTimeout = std::numeric_limits<int>::max();
 // watcher may start before its host. If Qt searched for a tray then, it would find none and never
 // search again.
 //
-// This class calls the watcher asynchronously. Qt waits for the watcher, so a watcher counts as
-// missing until it has replied.
+// Qt's own call would block until the watcher replies, so this class calls the watcher
+// asynchronously first. A watcher that does not reply within `patience` counts as missing until it
+// does.
 class LinuxStatusBar::BusTray {
 public:
     explicit BusTray(std::function<void()> notify)

@@ -69,7 +69,7 @@ void LocalKeyMonitor::Monitor::remove() {
 void LocalKeyMonitor::Monitor::install() {
     const std::weak_ptr<Monitor> weakly = weak_from_this();
     // Removing a monitor releases its block, possibly while the block runs. Therefore, the block
-    // must not use its captures after the call of passedOn().
+    // must not use its captures after it has called passedOn().
     installed = [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
                                                       handler:^NSEvent*(NSEvent* event) {
                                                         const auto held = weakly.lock();

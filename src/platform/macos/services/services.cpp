@@ -133,7 +133,7 @@ std::shared_ptr<UserDefaults> makeUserDefaults() {
 
 AlertServices makeAlertServices(MainQueue& /*mainQueue*/,
                                 const SingleInstance::Request& /*activation*/) {
-    // The system updates the settings, so `appearance` needs no foundation.
+    // MacosAppearance follows the system's settings by itself, so no other object has to update it.
     return {.foundation = nullptr,
             .appearance = madeBeforeTheLoop([] { return std::make_shared<MacosAppearance>(); })};
 }

@@ -16,7 +16,7 @@ NSURL* urlOf(const std::string& text) {
     return string != nil ? [NSURL URLWithString:string] : nil;
 }
 
-// With the default configuration, an application that already runs is activated.
+// With the default configuration, an application that is already running is activated.
 void launch(NSURL* application) {
     [[NSWorkspace sharedWorkspace] openApplicationAtURL:application
                                           configuration:[NSWorkspaceOpenConfiguration configuration]

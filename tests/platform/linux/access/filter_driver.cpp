@@ -20,7 +20,8 @@ void* filterContext = nullptr;
 std::mutex notes;
 std::condition_variable noted;
 std::string calls;
-int switching = 0; // pending calls
+// Counts calls of GlidemapSwitchClickFilter since the last reset, including unfinished ones.
+int switching = 0;
 std::string copy;
 
 void note(const std::string& call) {

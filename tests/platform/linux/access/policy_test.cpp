@@ -1,4 +1,4 @@
-// Checks the polkit policy, a small XML file, as polkit reads it.
+// Parses the polkit policy, a small XML file, and checks its values.
 #include <glib.h>
 #include <gtest/gtest.h>
 

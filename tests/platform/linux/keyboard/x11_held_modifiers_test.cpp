@@ -39,7 +39,7 @@ struct Script {
     bool hasNews = false;
 };
 
-// Like the real server, counts keys on the user's keyboards and on ours as held.
+// Like the real server, reports a modifier as held if it is down on the user's keyboard or on ours.
 class ScriptedServer : public XKeyServer {
 public:
     explicit ScriptedServer(Script& followed) : script(followed), news(eventfd(0, EFD_NONBLOCK)) {}
@@ -126,7 +126,7 @@ TEST_F(X11HeldModifiersTest, LeavesTypingToUinputIfNoModifierIsHeld) {
     EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, RestoresAHeldModifierUntilTheUserReleasesTheModifier) {
+TEST_F(X11HeldModifiersTest, RestoredModifierStaysDownUntilTheUserReleasesIt) {
     script.user = {KEY_LEFTSHIFT};
     type();
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "+SHIFT"}));
