@@ -14,11 +14,10 @@ namespace glidemap {
 
 namespace {
 
-// Whether the window is behind others. Returns false for a window that is not visible yet: the
-// desktop decides about its position and focus.
-bool isBehind(const QWidget& window) {
+// Returns false for a new window: the desktop decides about its position and focus.
+bool isShown(const QWidget& window) {
     const QWindow* const handle = window.windowHandle();
-    return handle != nullptr && handle->isExposed() && !window.isActiveWindow();
+    return handle != nullptr && handle->isExposed();
 }
 
 // Returns null if no window is visible.
@@ -44,7 +43,8 @@ void LinuxApplicationShell::activate(QWidget& window) {
     if (const auto connection = x11Connection()) {
         activateOnX11(*connection, static_cast<std::uint32_t>(window.winId()),
                       std::exchange(startupID, {}));
-    } else if (askDesktop && isBehind(window)) {
+    } else if (askDesktop && isShown(window)) {
+        // Even if the window is active for Qt, which learns late that another window has the focus.
         askDesktop();
     }
 }
