@@ -9,11 +9,11 @@ namespace glidemap {
 
 namespace {
 
-// Real touchpads have at most a tenth of these slots. A description with more slots is invalid.
+// Ten times as many slots as any real touchpad has. A description with more slots is invalid.
 constexpr std::int32_t maxSlots = 256;
 
-// A button may go down and up, or up and down, between two reports. If a broken device sends more
-// changes, pairs of opposite changes are left out.
+// A button may go down and up, or up and down, between two SYN_REPORTs. If a broken device sends
+// more changes, pairs of opposite changes are left out.
 constexpr std::ptrdiff_t maxButtonChanges = 2;
 
 // Returns the number of fingers that a BTN_TOOL key announces, or 0 for other keys.
@@ -157,8 +157,8 @@ void ContactAssembler::changeButton(std::size_t button, bool down) {
         buttons.push_back({number, down});
         return;
     }
-    // This change reverts the previous one, so removing that one has the same effect as adding this
-    // one.
+    // This change reverts the previous change of the same button. Removing the previous change has
+    // the same effect as adding this one.
     const auto last =
         std::ranges::find(buttons.rbegin(), buttons.rend(), number, &ButtonChange::button);
     buttons.erase(std::next(last).base());
@@ -225,7 +225,8 @@ void ContactAssembler::report(double time, std::size_t missing) {
     reportPresent(time, missing, cornersMoved);
 }
 
-// Keeps fingers that the pad still counts although their slot is closed or reused.
+// Keeps the fingers that the pad still counts although their contacts have ended or their slots
+// have new contacts.
 void ContactAssembler::keepFingersWithoutSlot(std::size_t missing) {
     for (Slot& slot : slots) {
         if (slot.leaving && standIns.count() < missing) {

@@ -1,6 +1,7 @@
 // Converts a touchpad's kernel events (multitouch protocol B: slots and tracking ids) to contact
-// records, one report for each SYN_REPORT. The evdev driver and the readers of evemu and libinput
-// recordings share this class, so a recording gives the same contacts as its touchpad.
+// records. Each SYN_REPORT completes a frame, which reports the contacts if they have changed. The
+// evdev driver and the readers of evemu and libinput recordings share this class, so a recording
+// yields the same contacts as the touchpad did.
 //
 //   state of a record:   3 makes touch ──▶ 4 touching
 //                              ▲               │            ──▶ 7 has left, in one last report
@@ -37,7 +38,7 @@ struct InputEvent {
     std::int32_t value = 0;
 };
 
-// A physical button of the pad: 0 left, 1 right, 2 middle.
+// A press or release of a physical button: 0 left, 1 right, 2 middle.
 struct ButtonChange {
     std::int32_t button = 0;
     bool down = false;
@@ -45,10 +46,10 @@ struct ButtonChange {
     friend bool operator==(const ButtonChange&, const ButtonChange&) = default;
 };
 
-// The result of one SYN_REPORT. Valid until the next call of handle() or release().
+// The result of one SYN_REPORT or of release(). Valid until the next call of handle() or release().
 struct PadFrame {
     double timestamp = 0;
-    bool contactsChanged = false; // false: no report is due
+    bool contactsChanged = false; // if false, do not report `contacts`, which is then empty
     std::span<const MTTouch> contacts;
     std::span<const ButtonChange> buttons;
     std::int32_t number = 0; // increases with each report
@@ -99,7 +100,7 @@ private:
     PadDescription pad;
     std::vector<Slot> slots;
     std::int32_t slotNumber = 0;
-    bool eventsLost = false; // ignore events until the next synchronisation
+    bool eventsLost = false; // ignore events until the next SYN_REPORT
 
     std::uint32_t toolKeys = 0; // bit n: the key that announces n fingers is down
     std::size_t fingersBefore = 0;

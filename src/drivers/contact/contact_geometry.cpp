@@ -18,7 +18,7 @@ double extent(const AxisRange& axis) {
     return static_cast<double>(axis.maximum) - static_cast<double>(axis.minimum);
 }
 
-// Converts to millimetres if the resolution is known; otherwise returns the pad's own units.
+// Returns the size in millimetres, or in the device's units if the resolution is unknown.
 float contactSize(const std::optional<AxisRange>& axis, std::int32_t value) {
     if (!axis.has_value()) {
         return 0;

@@ -1,10 +1,11 @@
 // Converts the values that the kernel holds for a slot to the fields of a contact record.
 //
-// Units:   inputs in the device's own units. Results normalised 0..1 with the origin bottom-left,
-//          in millimetres, or in radians.
+// Units:   inputs in the device's own units. Results are normalised (0..1, origin at the bottom
+//          left), in millimetres or in radians. Without a resolution, a contact's size stays in the
+//          device's units, and positions in millimetres are 0.
 // Thread:  any; pure functions.
 // Errors:  none. A value outside its axis's range is clamped. If an axis has no extent, every value
-//          is in the middle.
+//          is mapped to its middle.
 #pragma once
 
 #include "drivers/contact/pad_description.h"

@@ -10,7 +10,8 @@ namespace glidemap {
 
 namespace {
 
-// The distance between a stand-in and its anchor. Too small to be recognised as a hold and tap,
+// A new stand-in is placed on the line from its anchor towards the centre, at the first free
+// multiple of this distance. The distance itself is too small to be recognised as a hold and tap,
 // which needs 0.05 on an axis, but large enough for another finger.
 constexpr float spacing = 0.04F;
 constexpr float ownRoom = 0.02F;

@@ -36,15 +36,15 @@ public:
     void adopt(const MTTouch& record);
 
     // Call this when a stand-in's finger gets a slot. Removes a stand-in and returns its record, so
-    // that the slot's contact continues it. Returns nullopt if no stand-in exists.
+    // that the slot's contact can continue that record. Returns nullopt if no stand-in exists.
     std::optional<MTTouch> give();
 
-    // Removes one stand-in if there are more than `wanted`.
+    // Removes one stand-in and returns its record if more than `wanted` exist.
     std::optional<MTTouch> removeBeyond(std::size_t wanted);
 
-    // Moves each stand-in with its anchor among the contacts of this report, then adds missing
-    // stand-ins. If an anchor has left, its stand-in keeps its position and follows another
-    // contact. `contacts` may be empty only if `wanted` is 0.
+    // Moves each stand-in together with its anchor, then adds stand-ins until `wanted` exist. If an
+    // anchor has left, its stand-in keeps its position and follows another contact. `contacts` are
+    // the contacts of this report. They may be empty only if `wanted` is 0.
     void update(std::span<const MTTouch> contacts, std::size_t wanted,
                 ContactIdentifiers& identifiers);
 

@@ -27,7 +27,7 @@ struct PadDescription {
     std::optional<AxisRange> touchMajor;
     std::optional<AxisRange> touchMinor;
     std::optional<AxisRange> orientation;
-    bool semiMultitouch = false; // two contacts are the corners of a bounding box
+    bool semiMultitouch = false; // the two slots are the corners of a box around all fingers
 };
 
 } // namespace glidemap

@@ -2,15 +2,16 @@
 // driver grabs touchpads that have buttons. A clone of each touchpad forwards all events except the
 // button changes that the filter drops.
 //
-// Thread:  any thread may set and switch the filter, also from within the callback. The callback
-//          runs on the reader's thread, after the contact callback of the same frame.
+// Thread:  any thread may set and switch the filter, also from within the filter's function. That
+//          function runs on the driver's reader thread, after the contact callback of the same
+//          frame.
 // Owner:   the driver keeps the function and its context until they are replaced. Once
 //          GlidemapSetClickFilter has returned, the previous filter is not called any more, unless
 //          the call came from within that filter.
 // Errors:  a touchpad that cannot be grabbed or cloned is not filtered: all its clicks pass. If
-//          another program has grabbed it, the driver retries when that program has released it. If
-//          cloning fails, the driver retries when the filter is switched on again, even if it is
-//          already on.
+//          another program has grabbed it, the driver retries when a later touch ends. If cloning
+//          fails, the driver retries after a delay, and also when the filter is switched on again,
+//          even if it is already on.
 #pragma once
 
 #include "input/touch_driver.h"
@@ -46,7 +47,7 @@ using CanFilterClicks = bool (*)();
 // for a log. Returns null if no such reason exists. The text is never freed.
 using ClickFilterObstacle = const char* (*)(Device device);
 
-// A temporary reason, which disappears within two seconds.
+// A temporary obstacle, which disappears within two seconds.
 inline constexpr const char* cloneIsNew = "the system is initialising the touchpad's clone";
 
 inline constexpr const char* setClickFilterSymbol = "GlidemapSetClickFilter";

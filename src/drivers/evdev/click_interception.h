@@ -40,7 +40,8 @@ public:
     // Returns how often the filter was switched on. Each time, the driver retries failed touchpads.
     unsigned attempt() const { return attempts; }
 
-    // Returns whether anything has changed since the last call.
+    // Returns whether the filter was set or switched since the last call, or another touchpad may
+    // introduce its clone now.
     bool takeChange() { return std::exchange(hasChanged, false); }
 
     // Returns whether the filter drops a button change of a forwarded touchpad. Returns false while

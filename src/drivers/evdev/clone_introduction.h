@@ -29,14 +29,14 @@ public:
     // A program that has opened the clone discards events until it has set the clock and read the
     // state.
     static constexpr std::chrono::milliseconds graceOfReader{100};
-    // Used where the system does not report programs that open a device.
+    // Used if the system does not report whether a program has opened the clone.
     static constexpr std::chrono::milliseconds graceOfUnknownReader{500};
 
     explicit CloneIntroduction(Moment madeAt) : deadline(madeAt + patience) {}
 
     State look(const CloneStanding& standing, Moment now);
 
-    // Returns when to call look() again if nothing changes before.
+    // Returns when to call look() again if nothing changes before then.
     Moment nextLook() const;
 
     // Returns the reason why programs cannot read the clone yet, for a log, or null if they can.

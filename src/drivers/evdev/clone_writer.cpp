@@ -75,7 +75,7 @@ void CloneWriter::complete(std::int32_t slot, std::uint16_t code, std::int32_t v
     }
 }
 
-// Writes the single-touch axes, for programs that do not track slots.
+// Adds the single-touch values that the clone lacks, for programs that do not track slots.
 void CloneWriter::completeAxes(const PadState& source, double time) {
     for (std::uint16_t code = 0; code < ABS_MT_SLOT; ++code) {
         if (held.axis(code) != source.axis(code)) {
@@ -86,7 +86,7 @@ void CloneWriter::completeAxes(const PadState& source, double time) {
 
 // Marks contacts as palms while a press is dropped. Compares touchpad and clone in every frame, so
 // that the marks always end with the dropped press. A lifting finger loses its mark, because the
-// next contact in its slot may not be a palm.
+// slot's next contact may be an ordinary finger.
 void CloneWriter::markContacts(const PadState& source, double time) {
     const bool pressWasTaken = source.holdsKeyThatIsUpIn(held);
     for (std::int32_t slot = 0; slot < held.slotCount(); ++slot) {

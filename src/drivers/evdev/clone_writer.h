@@ -7,8 +7,8 @@
 // lacks.
 //
 // While a dropped press is held, the writer marks the fingers as palms. Otherwise a program that
-// detects taps would take a short touch for a tap, because it does not see the button. Palms do not
-// tap, point or scroll. When the button is up, the contacts are fingers again.
+// detects taps would take a short touch for a tap, because it does not see the button press. Palms
+// do not tap, point or scroll. When the button is up, the contacts are fingers again.
 //
 // Allocates only for frames that are larger than all earlier frames.
 //

@@ -1,6 +1,6 @@
-// Extends the touch driver's C interface, in the evdev driver only: reports a line of text for each
-// device that resembles a touchpad, with the reason if the driver does not use it. For
-// troubleshooting.
+// Extends the touch driver's C interface, in the evdev driver only. For troubleshooting, reports
+// one line of text for each device that resembles a touchpad. If the driver does not use the
+// device, the line contains the reason.
 //
 // Thread:  any, one call at a time; the driver delivers all lines before the function returns.
 // Owner:   a line is valid only during the call that reports it.

@@ -1,9 +1,10 @@
 // The driver's C interface: the touch driver's five symbols, two symbols that read its device list,
-// and symbols that only this driver has. See input/touch_driver.h.
+// and optional symbols. See input/touch_driver.h, click_filter.h, device_name.h and
+// device_report.h.
 //
-// The first call creates the driver. The driver and its lists are never destroyed, because the
-// interface has no function to release them, and the driver's thread may outlive the program's
-// static objects.
+// The first call that needs the driver creates it. The driver and its lists are never destroyed,
+// because the interface has no function to release them, and the driver's thread may outlive the
+// program's static objects.
 
 #include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/device_name.h"
@@ -50,8 +51,8 @@ driver::DeviceList keep(std::unique_ptr<const List> list) {
     return lists->back().get();
 }
 
-// Calls the function and ignores its exceptions, because none may leave the C interface. Allocation
-// or the start of a thread may fail.
+// Calls the function and ignores its exceptions, because no exception may leave a C interface.
+// Allocating memory or starting a thread can throw.
 template <typename Function>
 void withoutExceptions(Function function) noexcept {
     try {

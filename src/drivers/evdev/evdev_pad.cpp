@@ -46,7 +46,8 @@ double monotonicNow() {
 // either step fails.
 OpenFile openNode(const std::string& node, int access) {
     OpenFile file(::open(node.c_str(), access | O_NONBLOCK | O_CLOEXEC));
-    // Set the clock before reading the first event, because this discards queued events.
+    // Set the clock before reading the first event, because setting the clock discards queued
+    // events.
     int clock = CLOCK_MONOTONIC;
     if (file && ioctl(file.descriptor(), EVIOCSCLOCKID, &clock) != 0) {
         return {};
@@ -228,7 +229,8 @@ std::optional<double> EvdevPad::lastWitnessEvent() const {
     return last;
 }
 
-// Returns the kernel's current values by slot. Empty if the touchpad does not have the axis.
+// Returns the kernel's current value of the axis for each slot. Returns an empty vector if the
+// touchpad does not have the axis.
 std::vector<std::int32_t> EvdevPad::slotValues(std::uint16_t code) const {
     std::vector<std::int32_t> answer(static_cast<std::size_t>(pad.slotCount) + 1);
     answer[0] = code;
@@ -256,9 +258,10 @@ void EvdevPad::saveStateSeenByOthers() {
     }
 }
 
-// The touchpad is still grabbed, so no other program receives these events. Slots with a finger are
-// skipped, because the finger's next report updates the other programs. The kernel reports a slot
-// as current only if a value in it changes, hence the two different positions.
+// Writes the saved values to the device. The touchpad is still grabbed, so no other program
+// receives these events. Slots with a finger are skipped, because the next report of that finger
+// updates the other programs. A slot becomes the current one in the kernel only when a value in it
+// changes, hence the two different positions.
 void EvdevPad::restoreStateSeenByOthers() const {
     const std::vector<std::int32_t> touches = slotValues(ABS_MT_TRACKING_ID);
     const auto isFree = [&](std::int32_t slot) {

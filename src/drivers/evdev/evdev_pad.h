@@ -1,6 +1,6 @@
 // The event node of one touchpad. Opens it read-only, describes it, and reads it through libevdev,
-// which tracks the slots and recovers changes after the kernel has dropped events. A grab hides the
-// touchpad from other programs, which use its clone instead.
+// which tracks the slots and, after the kernel has dropped events, supplies the lost changes. A
+// grab hides the touchpad from other programs, which use its clone instead.
 //
 // The kernel reports only changes, and other programs receive no events of a grabbed touchpad.
 // Before the driver releases the touchpad, it therefore writes to the node the values that other
@@ -8,7 +8,8 @@
 //
 // Units:   event times in seconds of the monotonic clock.
 // Thread:  one at a time.
-// Errors:  returned as values: a null pad, or Read::gone or Read::broken.
+// Errors:  returned as values: a null pad or clone, nullopt for a failed grab, Read::gone or
+//          Read::broken.
 #pragma once
 
 #include "core/open_file.h"
@@ -27,7 +28,7 @@ namespace glidemap {
 
 class EvdevPad : public OpenPad {
 public:
-    // Returns null if the node cannot be read or has no slots.
+    // Returns null if the node cannot be read or the device has no slots.
     static std::unique_ptr<OpenPad> open(const std::string& node);
 
     int descriptor() const override { return file.descriptor(); }

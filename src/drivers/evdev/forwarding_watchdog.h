@@ -1,15 +1,15 @@
 // Releases the touchpads if the loop that forwards their events gets stuck, for instance in a
-// callback. Otherwise the user could not use any touchpad.
+// callback. Otherwise the user could not use any grabbed touchpad.
 //
 //   reader     poll ─▶ work() … progress() … rest() ─▶ poll ─▶ work() ……………… stuck ………………▶
-//   watchdog   waits without a time-out ─▶ for a second at a time ──▶ gives back ─▶ onStall
-//                      ▲──────────── nothing touches ────────────┘
+//   watchdog   waits without a time-out ─▶ for a second at a time ──▶ releases ─▶ onStall
+//                      ▲───────── no finger touches ──────────┘
 //
 // The reader must check holds() before it writes, because the watchdog may have released the
 // touchpad.
 //
-// Reports do not wake the watchdog's thread. From the first report of a touch, it checks once a
-// second, until the touch ends or the finger only rests.
+// During a touch, only the first report wakes the watchdog's thread. The thread then checks the
+// reader once a second, until the touch ends or no event has arrived for a second.
 //
 // Thread:  its own, started when the first touchpad is held; work(), progress() and rest() on the
 //          reader's thread, all other functions on any thread.
@@ -43,8 +43,8 @@ public:
         PadClone* clone = nullptr;
     };
 
-    // `onStall` is called after the touchpads were released: on the watchdog's thread after a
-    // stall, and on the caller's thread by resume().
+    // `onStall` is called on the watchdog's thread after a stall, when the touchpads have been
+    // released. resume() also calls it, on the caller's thread.
     ForwardingWatchdog(WatchdogTime& itsTime, std::function<void()> onStall);
     ForwardingWatchdog(const ForwardingWatchdog&) = delete;
     ForwardingWatchdog& operator=(const ForwardingWatchdog&) = delete;

@@ -20,7 +20,8 @@
 
 namespace glidemap {
 
-// The properties that a touchpad keeps when it is unplugged and returns on another node.
+// The properties that a touchpad keeps when it is unplugged and then connected again, possibly with
+// another node.
 struct PadIdentity {
     std::int32_t bus = 0;
     std::int32_t vendor = 0;
@@ -40,7 +41,7 @@ struct PadCandidate {
     bool readable = true; // whether this user may read it; checked without opening the node
 };
 
-// Whether udev has announced a new clone, and whether a program has opened it.
+// Whether a clone has a node, whether udev has announced it, and whether a program has opened it.
 struct CloneStanding {
     bool hasNode = false;
     bool isAnnounced = false;   // udev has initialised the clone and tags it as a touchpad
@@ -62,7 +63,8 @@ public:
     // exist.
     virtual std::string place() const = 0;
 
-    // Writes a frame with its SYN_REPORT. Returns false if the clone cannot be written any more.
+    // Writes a frame, which includes its SYN_REPORT. Returns false if the clone cannot be written
+    // any more.
     virtual bool write(std::span<const InputEvent> frame) = 0;
 
     // Removes the device. The kernel releases its contacts and keys, and later writes fail. May be
@@ -131,7 +133,7 @@ public:
     CloneWatch& operator=(const CloneWatch&) = delete;
     virtual ~CloneWatch() = default;
 
-    // A descriptor is readable when the progress of a clone may have changed. An unused entry is
+    // A descriptor is readable when the standing of a clone may have changed. An unused entry is
     // −1.
     virtual std::array<int, 2> descriptors() const = 0;
 

@@ -94,7 +94,7 @@ void PadInterception::forwardFrame(double time) {
     }
 }
 
-// Called for a touch that began before the ungrab took effect. No other program received its
+// Called for a touch that began before the ungrab took effect. Other programs did not receive its
 // beginning, so they would ignore the rest of it. Grabs the touchpad again, so that the clone
 // forwards the touch.
 void PadInterception::grabAgain(double time) {
@@ -159,8 +159,6 @@ std::optional<PadInterception::Moment> PadInterception::nextLook() const {
     return isIntroducing() ? std::optional(introduction->nextLook()) : std::nullopt;
 }
 
-// The first attempt does not wait until the touchpad is neutral, so that programs can open the
-// clone in the meantime.
 void PadInterception::prepareClone() {
     leaveAt.reset();
     if (!writer.has_value()) {
@@ -171,6 +169,8 @@ void PadInterception::prepareClone() {
     }
 }
 
+// The first attempt does not wait until the touchpad is neutral, so that programs can open the
+// clone in the meantime.
 void PadInterception::makeClone() {
     const bool mayRetry = source.isNeutral() && clicks.now() >= retryAt;
     if (failedAttempt == clicks.attempt() && !mayRetry) {
@@ -252,8 +252,8 @@ void PadInterception::ungrabPad() {
     }
 }
 
-// Keeps the clone for a while, so that programs can read its last events and the filter can reuse
-// it.
+// Keeps the clone for a while, so that programs can read its last events, and so that it can be
+// used again if the filter is switched on.
 void PadInterception::leave() {
     if (isForwarding()) {
         clicks.watchdog().release(pad);

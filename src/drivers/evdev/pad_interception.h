@@ -22,8 +22,9 @@
 // Owner:   PadConnection, beside the pad.
 // Errors:  a touchpad that cannot be cloned or grabbed keeps working without the filter. If
 //          creating the clone fails or no program opens it, the driver retries when the filter is
-//          switched on again. It also retries at a neutral moment one second later; each failure
-//          doubles that delay. If the grab fails, the driver retries at the next neutral moment.
+//          switched on again. It also retries when the touchpad is neutral after a delay of one
+//          second. Each failure doubles the delay. If the grab fails, the driver retries at the
+//          next neutral moment.
 #pragma once
 
 #include "drivers/evdev/click_interception.h"
@@ -55,10 +56,11 @@ public:
     PadInterception& operator=(const PadInterception&) = delete;
     ~PadInterception();
 
-    // Receives every event of the touchpad in order, except SYN_REPORT.
+    // Receives every event of the touchpad in order. Ignores SYN_REPORT, for which the caller then
+    // calls endFrame().
     void add(const InputEvent& event);
 
-    // Receives the SYN_REPORT, after the contacts of the frame were reported. The filter may call
+    // Call this at a SYN_REPORT, after the contacts of the frame were reported. The filter may call
     // the driver and stop this touchpad.
     void endFrame(double time);
 

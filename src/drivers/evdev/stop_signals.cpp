@@ -21,8 +21,8 @@ namespace {
 
 constexpr std::array<int, 3> stops{SIGTSTP, SIGTTIN, SIGTTOU};
 
-// The write end of the pipe. The signal handler writes the signal's number to it, and may interrupt
-// any code.
+// The write end of the pipe. The signal handler writes the signal's number to it. The handler may
+// interrupt any code, so the variable must be lock-free.
 std::atomic<int> signalEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
@@ -83,8 +83,8 @@ void begin(std::function<void()> giveBack, std::function<void()> grabAgain) {
         return;
     }
     OpenFile readEnd(ends[0]);
-    // Never closed, because the handler may run at any time. Non-blocking, because a full pipe must
-    // not block the interrupted code.
+    // The write end is never closed, because the handler may run at any time. It does not block,
+    // because a full pipe must not block the interrupted code.
     fcntl(ends[1], F_SETFL, O_NONBLOCK);
     signalEnd = ends[1];
     std::thread thread =

@@ -2,7 +2,7 @@
 // the process. A stopped process would keep its grabs but forward nothing. Afterwards the signal
 // has its default effect.
 //
-//   handler ─▶ a pipe ─▶ thread: gives back ─▶ the signal's default action … SIGCONT ─▶ goes on
+//   handler ─▶ a pipe ─▶ thread: gives back ─▶ the signal's default action … SIGCONT ─▶ grabs again
 //
 // SIGSTOP cannot be caught. A signal that the program ignores or handles itself is not changed.
 //
@@ -15,8 +15,8 @@
 
 namespace glidemap {
 
-// Idempotent. Both callbacks run on the thread above: `giveBack` before the process stops,
-// `grabAgain` when it continues.
+// Only the first call has an effect. Both callbacks run on the thread that is described above:
+// `giveBack` before the process stops, `grabAgain` when it continues.
 void watchStopSignals(std::function<void()> giveBack, std::function<void()> grabAgain);
 
 } // namespace glidemap

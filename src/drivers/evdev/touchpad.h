@@ -55,11 +55,13 @@ public:
     PadConnection* connected() const { return connection.get(); }
     bool isOpenAt(const std::string& otherNode) const;
 
-    // Returns when the forwarding next needs the reader, or nullopt if it does not.
+    // Returns when the reader must serve the touchpad's clone even if no event arrives. Returns
+    // nullopt if the clone does not require it.
     std::optional<ClickInterception::Moment> nextLook() const;
     bool isForwardedAndTouched() const;
 
-    // Returns the node at which the touchpad was last seen. Empty if it was never seen.
+    // Returns the node at which the touchpad was last seen. Returns an empty string if it was never
+    // seen.
     const std::string& lastNode() const { return node; }
     void setLastNode(const std::string& newNode) { node = newNode; }
 
@@ -69,8 +71,8 @@ public:
     void start();
     void connect(std::unique_ptr<PadConnection> newConnection);
 
-    // After a read error, the touchpad is not read again until this call, because constant retries
-    // would keep the machine busy.
+    // After a read error, the touchpad is not opened again before this call, because constant
+    // retries would keep the machine busy.
     void allowRetry() { broken = false; }
 
     // Releases the touchpad and returns its connection. The caller must keep the connection,

@@ -61,7 +61,8 @@ std::vector<driver::Device> TouchpadDriver::createList() {
     return list;
 }
 
-// Returns the record that reads this node, a free record with the same identity, or a new record.
+// Returns the Touchpad object that reads this node, an unconnected object with the same identity,
+// or a new one.
 Touchpad& TouchpadDriver::recordFor(const PadCandidate& candidate,
                                     const std::vector<driver::Device>& taken) {
     for (const auto& touchpad : touchpads) {
@@ -162,7 +163,7 @@ void TouchpadDriver::start(driver::Device device) {
     touchpad->start();
     connect(*touchpad);
     clicks.watchdog().progress(); // opening several touchpads may delay the reader
-    mustSearch = true; // to read its current contacts, or to reopen it if it has returned
+    mustSearch = true; // to read the current contacts, or to open a touchpad that returned
     launchReader();
     wakeReader();
 }

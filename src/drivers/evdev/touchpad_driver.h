@@ -9,12 +9,13 @@
 // While a touchpad is missing, the reader also watches for its return. While a clone is new, and
 // for a second after its last use, the reader also wakes for that clone.
 //
-// Thread:  any; the public functions may be called from within a callback. On other threads they
-//          wait for a callback that is running on the reader's thread, so that no callback starts
-//          after stop() has returned. start() and stop() must not overlap on two threads.
+// Thread:  any; the public functions may be called from within a callback. On other threads, all
+//          except pause() and resume() wait for a callback that is running on the reader's thread,
+//          so that no callback starts after stop() has returned. start() and stop() must not
+//          overlap on two threads.
 // Owner:   the process.
-// Errors:  a touchpad that cannot be opened is not in the list. If a started touchpad cannot be
-//          opened, the driver waits for it.
+// Errors:  a touchpad that this user may not read is not in the list. If a started touchpad cannot
+//          be opened, the driver waits for it.
 #pragma once
 
 #include "core/open_file.h"
@@ -65,7 +66,7 @@ public:
     void setButtonCallback(driver::ButtonCallback callback);
     void setClickFilter(driver::FilterClick filter, void* context);
     void switchClickFilter(bool on);
-    // Call this before the process is stopped. Releases all touchpads at once, even if another
+    // Call this before the process is stopped. Releases all touchpads immediately, even if another
     // thread hangs. If a touchpad was released, the filter is switched off when the process
     // continues, as after a stall. The filter's function may switch it on again.
     void pause();

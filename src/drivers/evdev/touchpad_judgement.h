@@ -1,4 +1,5 @@
-// Decides whether the driver uses an event device, from udev and sysfs, without opening any device.
+// Decides whether the driver uses an event device. Reads only the data of udev and sysfs and opens
+// no device.
 //
 // Thread:  any.
 // Owner:   the returned texts are constants.

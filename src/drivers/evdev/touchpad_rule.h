@@ -3,7 +3,7 @@
 // keyboard, because it could then read the keys.
 //
 // Thread:  any, one at a time for a device.
-// Errors:  none; a device without properties is no touchpad.
+// Errors:  none; a device without properties is not a touchpad.
 #pragma once
 
 struct udev_device;

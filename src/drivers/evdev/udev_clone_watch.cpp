@@ -75,7 +75,7 @@ void UdevCloneWatch::readNodeChanges() {
 }
 
 // The kernel merges equal consecutive notifications. If two programs close a node at the same time,
-// the folder's watch alone would count one close, and the node would seem to be open still. A
+// the folder's watch alone would count one close, and the node would still seem to be open. A
 // second watch, on the node itself, inserts a different notification between the two. It requires
 // permission to read the node, so the driver retries when the node's permissions change.
 void UdevCloneWatch::separateNotifications(const std::string& name) {

@@ -58,10 +58,10 @@ std::optional<NumberedCandidate> candidate(udev_device* event) {
 
 constexpr const char* nodeFolder = "/dev/input";
 
-// Becomes readable when a touchpad may have returned: udev has initialised an input device, or the
-// permissions of a node have changed. Permissions may change long after the node appears: the user
-// of the seat gets access later, and a switch of sessions changes only permissions. A source that
-// cannot be watched is ignored. Used on the reader's thread.
+// The descriptors become readable when a touchpad may have returned: udev has reported an input
+// device, or a node or its permissions have changed. Permissions may change long after the node
+// appears: the user of the seat gets access later, and a switch of sessions changes only
+// permissions. A source that cannot be watched is ignored. Used on the reader's thread.
 class UdevWatch : public ReturnWatch {
 public:
     UdevWatch();
@@ -88,8 +88,8 @@ UdevWatch::UdevWatch() : context(udev_new()), nodeChanges(inotify_init1(IN_NONBL
     watchNodes();
 }
 
-// /dev/input disappears with its last node and reappears with its first, so the watch is added each
-// time. This has no effect if the folder is already watched.
+// /dev/input disappears with its last node and reappears with its first, so the watch is added
+// again after each notification. This has no effect if the folder is already watched.
 void UdevWatch::watchNodes() {
     if (nodeChanges) {
         inotify_add_watch(nodeChanges.descriptor(), nodeFolder, IN_ATTRIB | IN_CREATE | IN_ONLYDIR);
@@ -137,7 +137,7 @@ std::vector<PadCandidate> UdevDirectory::candidates() {
             found.push_back(std::move(*each));
         }
     }
-    // Sorted by the kernel's number, so that the order is the same every time.
+    // Sorted by the node's minor number, so that the order is the same every time.
     std::ranges::sort(found, {}, &NumberedCandidate::number);
     std::vector<PadCandidate> result;
     result.reserve(found.size());

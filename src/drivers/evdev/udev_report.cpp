@@ -21,8 +21,8 @@ namespace {
 
 constexpr const char* uinputNode = "/dev/uinput";
 
-// Returns, for the verb "read", "this user may read it" or "this user may not read it (mode 0660,
-// group input)".
+// For the verb "read", returns "this user may read it", "this user may not read it (mode 0660,
+// group input)", or a text with the reason if the node does not exist.
 std::string access(const char* node, int mode, const std::string& verb) {
     if (faccessat(AT_FDCWD, node, mode, AT_EACCESS) == 0) {
         return "this user may " + verb + " it";

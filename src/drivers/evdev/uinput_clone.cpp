@@ -43,7 +43,7 @@ bool has(const libevdev* source, unsigned type, unsigned code) {
     return libevdev_has_event_code(source, type, code) != 0;
 }
 
-// Enables every code of the type that the source has.
+// Enables the codes of one event type, namely those that the source has.
 bool declareCodes(int file, const libevdev* source, unsigned type, unsigned long request) {
     if (libevdev_has_event_type(source, type) == 0) {
         return true;
@@ -214,7 +214,7 @@ std::string UinputClone::place() const {
     return {};
 }
 
-// Writes the whole frame at once, so that readers never see half of it.
+// Writes the whole frame with one call, so that readers never see half of it.
 bool UinputClone::write(std::span<const InputEvent> frame) {
     buffer.clear();
     for (const InputEvent& event : frame) {

@@ -21,7 +21,7 @@ public:
 
     virtual Moment now() const = 0;
 
-    // Waits for a notification, until the given time if it is set. May wake up spuriously.
+    // Waits for a notification, at most until the given time if it is set. May wake up spuriously.
     virtual void wait(std::condition_variable& condition, std::unique_lock<std::mutex>& lock,
                       std::optional<Moment> until) = 0;
 };

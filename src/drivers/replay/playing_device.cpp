@@ -29,8 +29,8 @@ constexpr double reportInterval = 0.008;
 // the beginning of the next do not form a gesture.
 constexpr double pauseBetweenPasses = 1;
 
-// A recording may contain any times. This bound is longer than any real recording, and the clock
-// can express it.
+// A recording may contain arbitrary times. This bound is longer than any real recording, and the
+// clock can express it.
 constexpr double maxPlayingTime = 1e9;
 
 double seconds(Clock::time_point time) {
@@ -61,7 +61,7 @@ std::optional<std::vector<Record>> readWhole(const char* path) {
 
 } // namespace
 
-// One playback, from start to stop.
+// One playback, from start() to stop().
 class PlayingDevice::Run : public std::enable_shared_from_this<Run> {
 public:
     explicit Run(PlayingDevice& played) : device(played) {}
@@ -83,7 +83,7 @@ private:
 
     PlayingDevice& device;
     const Clock::time_point startTime = Clock::now();
-    double elapsed = 0; // time of the next record, since the start
+    double elapsed = 0; // in seconds, from `startTime` to the next record
     bool isTouching = false;
     std::vector<std::int32_t> heldButtons;
     std::vector<MTTouch> touches;
@@ -160,7 +160,8 @@ void PlayingDevice::Run::deliver(const Record& record) {
     }
 }
 
-// Lifts all contacts and buttons at the end of a pass.
+// Ends all contacts and releases all buttons at the end of a pass. Returns false if the device was
+// stopped.
 bool PlayingDevice::Run::liftAll() {
     if (!isTouching && heldButtons.empty()) {
         return true;

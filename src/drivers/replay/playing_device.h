@@ -1,10 +1,11 @@
-// Plays a recording in real time, as if its fingers touched a pad now.
+// Plays a recording in real time, as if the recorded fingers were touching a pad now.
 //
-//   one pass:  first record ──▶ … ──▶ last record ──▶ lifts all contacts and buttons
+//   one pass:  first record ──▶ … ──▶ last record ──▶ ends all contacts, releases all buttons
 //   looping:   pass ── a pause ──▶ pass ── a pause ──▶ …
 //
-// Units:   timestamps are seconds of the steady clock: the start of playing plus the time since the
-//          first record. They never go backwards, even if the recording's do.
+// Units:   seconds. A report's timestamp is the steady clock's time of start() plus the playing
+//          time of the earlier records. Timestamps never decrease, even if those of the recording
+//          do.
 // Thread:  one for each start(), on which the callbacks are called.
 // Errors:  none.
 #pragma once
@@ -26,8 +27,8 @@ class PlayingDevice : public ReplayDevice {
 public:
     PlayingDevice(std::vector<Record> records, Repetition repetition);
 
-    // Plays from the first record. Does nothing while the device plays, or after it has played to
-    // the end, until it is stopped.
+    // Plays from the first record. Has no effect if the device is already started, even if the
+    // recording has been played to its end; call stop() first.
     void start() override;
     void stop() override;
 
@@ -40,8 +41,8 @@ private:
 };
 
 // Creates the device that the environment selects: GLIDEMAP_RECORDING names the recording,
-// GLIDEMAP_RECORDING_LOOP=1 repeats it. If any part of the recording cannot be read, writes the
-// problem to standard error and returns null. Call it on the main thread.
+// GLIDEMAP_RECORDING_LOOP=1 repeats it. If no recording is named or any part of it cannot be read,
+// writes the problem to standard error and returns null. Call this on the main thread.
 std::unique_ptr<ReplayDevice> deviceFromEnvironment();
 
 } // namespace glidemap::replay

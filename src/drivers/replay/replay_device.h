@@ -1,5 +1,5 @@
-// A device of the replay driver. Delivers its reports and buttons one at a time, while it holds a
-// lock (the gate).
+// A device of the replay driver. Delivers reports and button changes one at a time, while it holds
+// a lock, the gate.
 //
 // Thread:  start() and stop() on any thread, also from within a callback; reports arrive on one
 //          thread at a time. The gate's lock is held during a callback, so stop() waits for a
@@ -31,7 +31,7 @@ public:
 
     virtual void start() = 0;
 
-    // After this has returned, no callback is called, unless the call came from within a callback.
+    // After this has returned, no callback is running, except one that called this function itself.
     virtual void stop() = 0;
 
 protected:

@@ -17,8 +17,8 @@ using replay::ReplayDevice;
 
 using List = std::vector<std::unique_ptr<ReplayDevice>>;
 
-// A device without a recording. The caller pushes its reports, on its own thread, and determines
-// their times.
+// A device without a recording. The program passes its reports and their timestamps to
+// GlidemapReplayPush(), which calls the callback on the same thread.
 class PushedDevice : public ReplayDevice {
 public:
     void start() override {
@@ -75,7 +75,7 @@ ReplayDevice* replayDevice(driver::Device device) {
 #define GLIDEMAP_EXPORT extern "C" [[gnu::visibility("default")]]
 
 // Returns the newest list again while its device is in use. Otherwise a program that looks for new
-// devices during the playback would start a second one.
+// devices during the playback would start a second playback.
 GLIDEMAP_EXPORT driver::DeviceList MTDeviceCreateList() {
     if (!lists().empty() && isPlayed(*lists().back())) {
         return lists().back().get();
