@@ -1,5 +1,5 @@
-// Shows the system's prompt in which the user can grant access, and notifies when it closes. Only
-// one prompt is open at a time.
+// Shows the system's prompt in which the user can grant access to the input devices, and calls
+// `onAnswer` when the prompt has closed. Only one prompt is open at a time.
 //
 // Thread:  the main thread; ask() does not wait for the user.
 // Owner:   the program. A prompt that closes after the destruction is not reported.
@@ -18,7 +18,7 @@ namespace glidemap {
 
 class AccessPrompt {
 public:
-    // The command must show the prompt, and exit when the user has closed it.
+    // `askingCommand` must show the prompt, and exit when the user has closed it.
     AccessPrompt(std::shared_ptr<MainQueue> queue, std::vector<std::string> askingCommand);
     AccessPrompt(const AccessPrompt&) = delete;
     AccessPrompt& operator=(const AccessPrompt&) = delete;
@@ -26,12 +26,13 @@ public:
     // Shows a prompt after the main thread's current task. Does nothing while a prompt is open.
     void ask();
 
-    // Delays prompts until ready() is called, when the user can read the explanation.
+    // Delays prompts until ready() is called, because the user must be able to read the explanation
+    // before a prompt appears.
     void waitUntilReady() { isReady = false; }
     void ready();
 
-    // Whether the last prompt failed because no authentication agent is running or authentication
-    // failed. Returns false if the user dismissed the prompt.
+    // Returns whether the last prompt could not be shown, for example because no authentication
+    // agent is running, or authentication failed. Returns false if the user dismissed the prompt.
     bool hasFailed() const { return failed; }
 
     // Returns the program that grants access when it runs as root; empty if it is not installed.
@@ -50,7 +51,7 @@ private:
     bool isAsking = false;
     bool isReady = true;
     bool failed = false;
-    std::shared_ptr<AccessPrompt*> life; // pending prompts hold it weakly
+    std::shared_ptr<AccessPrompt*> life; // pending prompts hold weak references to it
 };
 
 } // namespace glidemap

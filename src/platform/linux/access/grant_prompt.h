@@ -1,7 +1,7 @@
 // Uses polkit's pkexec to run the program that grants access. pkexec asks the user for permission.
 //
-// Thread:  start() on any thread; it does not block. A separate thread waits for the command and
-//          then calls `finished`, if set.
+// Thread:  startGrantPrompt() on any thread; it does not block. A separate thread waits for the
+//          command and then calls `finished`, if set.
 // Errors:  none; a prompt that cannot be shown grants no access.
 #pragma once
 
@@ -12,10 +12,10 @@
 
 namespace glidemap {
 
-// Returns the pkexec command line with the program that grants access. The program is searched in
-// ../libexec/glidemap of this installation, and in installations below /usr. Installations in the
-// user's own folders are skipped, because root must never run a file that this user can write.
-// Returns an empty list if no program is found.
+// Returns the pkexec command line with the program that grants access. The program is searched for
+// in libexec/glidemap of this installation, of /usr and of /usr/local. A program that this user
+// could change is skipped, because root must never run it. Returns an empty list if no program is
+// found. `program` is the path of Glidemap's own executable.
 std::vector<std::string> grantAccessCommand();
 std::vector<std::string> grantAccessCommand(const std::filesystem::path& program);
 

@@ -85,8 +85,8 @@ public:
 
 private:
     // Watches the folders of the nodes. The folder of input nodes disappears with its last node and
-    // is created with its first node, so the watch is added again each time. Adding an existing
-    // watch has no effect.
+    // is created with its first node, so the watch is added again after each notification. Adding
+    // an existing watch has no effect.
     void watchNodes() {
         inotify_add_watch(nodeChanges.descriptor(), nodeFolder, IN_ATTRIB | IN_ONLYDIR);
         inotify_add_watch(nodeChanges.descriptor(), uinputFolder, IN_ATTRIB | IN_ONLYDIR);

@@ -3,8 +3,8 @@
 //   udev: a touchpad or uinput exists, and its ACL is set ──┐
 //   a node's permissions have changed without udev ─────────┴─▶ changed, once per burst
 //
-// Thread:  the main thread creates and destroys it, and calls `changed`. Events since the
-//          construction are reported. The desktop thread waits for them without polling.
+// Thread:  the main thread creates and destroys the watch, and calls `changed`. Events since the
+//          construction are reported. The desktop thread waits for events without polling.
 // Owner:   the program. `changed` is not called after destruction.
 // Errors:  none; a source that cannot be watched is skipped.
 #pragma once
@@ -29,7 +29,7 @@ private:
     class OnDesktopThread;
 
     DesktopThread& desktop;
-    std::shared_ptr<std::function<void()>> onChange; // tasks in the main queue hold it weakly
+    std::shared_ptr<std::function<void()>> onChange; // tasks in the main queue hold weak references
     std::shared_ptr<OnDesktopThread> watch;          // used and destroyed on the desktop thread
 };
 

@@ -1,7 +1,8 @@
 // Implements trust on Linux: the program is trusted if it can read every touchpad and create
 // virtual devices.
 //
-// Each call checks this again, because access may be granted or revoked while the program runs.
+// Each call checks the access rights again, because they may be granted or revoked while the
+// program runs.
 //
 // Thread:  the main thread.
 // Owner:   the program.

@@ -5,7 +5,7 @@
 // Therefore the filter is on only while the tap is enabled and clicks may have to be swallowed.
 //
 // Thread:  see ClickTap; setNeeded() on any thread. The driver's reader thread calls the callback.
-// Owner:   the click monitor. The device manager outlives the tap.
+// Owner:   the click monitor. The device manager must outlive the tap.
 // Errors:  create() returns false if the driver cannot filter clicks or lacks permission.
 #pragma once
 
@@ -37,8 +37,8 @@ private:
 
     void useSwitch(driver::SwitchClickFilter turn);
 
-    // Sets isEnabled or isNeeded, and notifies the driver. If several threads call this at a time,
-    // the driver gets the final state last.
+    // Sets isEnabled or isNeeded, and notifies the driver. If several threads call this
+    // concurrently, the last call to the driver passes the final state.
     void want(bool& wish, bool value);
 
     const MultitouchDeviceManager& manager;

@@ -6,7 +6,7 @@ namespace glidemap {
 
 namespace {
 
-// The physical location (PHYS) of the virtual devices that this program creates.
+// The beginning of the physical location (PHYS) of all virtual devices that this program creates.
 constexpr std::string_view ownPlace = "glidemap";
 
 bool hasProperty(udev_device* device, const char* name) {

@@ -1,11 +1,11 @@
 // Maps the windows that a desktop reports to applications, and publishes the result.
 //
 // While the focus moves from one window to another, most desktops briefly report that no window is
-// active. The last application stays frontmost until this state has lasted longer than the
-// patience.
+// active. The last application stays frontmost until no window has been active for
+// `patienceWithNone`.
 //
 // Thread:  the desktop thread; any thread may read the published state.
-// Owner:   LinuxWorkspace, which keeps the published state alive longer.
+// Owner:   LinuxWorkspace, which also owns the published state; that state outlives the follower.
 // Errors:  none.
 #pragma once
 
@@ -28,7 +28,8 @@
 
 namespace glidemap {
 
-// The id of our desktop entry. Desktops that report no process identify our windows by it, too.
+// The id of our desktop entry. It also identifies our windows on desktops that do not report the
+// process of a window.
 inline constexpr const char* ownIdentifier = "org.glidemap.Glidemap";
 
 struct PublishedApplications {
@@ -52,9 +53,9 @@ public:
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;
 
     // Returns a function that selects the windows of the application with this desktop entry file.
-    // For a program in a terminal, it selects the windows of the terminal emulator that the entry
-    // has started. The function is valid until the next task of the desktop thread, while the
-    // follower exists.
+    // For a program in a terminal, it also selects the windows of the terminal emulator that the
+    // entry has started. The function is valid until the next task of the desktop thread, and only
+    // while the follower exists.
     WindowChoice windowsOf(const std::string& entryPath);
 
 private:

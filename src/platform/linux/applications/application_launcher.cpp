@@ -22,7 +22,7 @@ namespace {
 // A launch request, which the callbacks share.
 struct Launch {
     GlibOwner<GDesktopAppInfo> entry;
-    std::string url; // to open; empty to launch the application itself
+    std::string url; // the URL to open; empty to launch the application itself
     LaunchToken token;
 };
 
@@ -31,7 +31,8 @@ bool canBeActivated(GDesktopAppInfo* entry) {
 }
 
 // Returns the bus name of an entry: "org.example.App" for
-// "/usr/share/applications/org.example.App.desktop". Empty if that is not a valid bus name.
+// "/usr/share/applications/org.example.App.desktop". Returns an empty string if that is not a valid
+// bus name.
 std::string busNameOf(GDesktopAppInfo* entry) {
     const char* const path = g_desktop_app_info_get_filename(entry);
     if (path == nullptr) {
@@ -98,7 +99,7 @@ void activate(const std::shared_ptr<DesktopBus>& bus, const std::string& name,
               });
 }
 
-// Only D-Bus activation waits for the bus; a process starts without it.
+// Only D-Bus activation waits for the bus; a process is started without the bus.
 void begin(GlibOwner<GDesktopAppInfo> entry, const std::string& url, const LaunchToken& token) {
     const std::string name = canBeActivated(entry.get()) ? busNameOf(entry.get()) : "";
     if (name.empty()) {

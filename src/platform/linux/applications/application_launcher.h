@@ -1,11 +1,12 @@
 // Launches applications from their desktop entries.
 //
 // A launched application is independent of this process. It gets its own session and, under
-// systemd, its own unit, so that it keeps running when this process ends. It inherits no
-// descriptors and no blocked signals. When it exits, init reaps it.
+// systemd, its own unit, so that it keeps running when this process ends. It inherits no blocked
+// signals, and no descriptors except standard output and standard error. When it exits, init reaps
+// it.
 //
-// Thread:  the desktop thread; returns before the application has started.
-// Errors:  not reported to the caller.
+// Thread:  the desktop thread. A function may return before the application has started.
+// Errors:  logged, not reported to the caller.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
@@ -20,7 +21,7 @@ namespace glidemap {
 // already runs, it is raised.
 void launchApplication(const std::string& url);
 
-// Launches from an entry that has already been read.
+// Launches the application of an entry that has already been read.
 void launchApplication(GDesktopAppInfo* entry, const LaunchToken& token);
 
 // Whether the entry supports D-Bus activation or startup notification.

@@ -74,7 +74,7 @@ std::string snapProgramOf(const Words& words, std::size_t at) {
     return at < words.size() ? words[at] : "";
 }
 
-// The index of the actual command, after words that only prepare its environment.
+// Returns the index of the actual command, after words that only prepare its environment.
 std::size_t commandOf(const Words& words) {
     std::size_t at = skipOptions(words, 0);
     while (at < words.size() && oneOf(wrappers, fileNameOf(words[at]))) {

@@ -13,7 +13,7 @@
 
 namespace glidemap {
 
-// The file name without its folder; empty if the command has no program.
+// Returns the program's file name without its folder; empty if the command has no program.
 std::string programOf(const std::vector<std::string>& words);
 
 // Returns the application id of a `flatpak run …` command; empty for other commands.

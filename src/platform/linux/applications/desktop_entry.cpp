@@ -9,7 +9,8 @@ void readExec(DesktopEntry& entry, const std::string& line) {
     const auto words = wordsOfExecLine(line);
     entry.flatpak = flatpakOf(words);
     entry.steamGame = steamGameOf(words);
-    // The program of a game's entry is Steam, so without this check every game would match Steam.
+    // The program of a game's entry is Steam, so without this check the entry of every game would
+    // match the windows of Steam.
     if (entry.steamGame.empty()) {
         entry.program = programOf(words);
     }

@@ -1,7 +1,7 @@
 // Builds the command line of a desktop entry: its Exec key with field codes expanded, in a terminal
 // if the entry requires one.
 //
-// Thread:  the entry's thread.
+// Thread:  the thread that uses the entry; the desktop thread in the program.
 // Errors:  returns an empty command, and the reason as text.
 #pragma once
 

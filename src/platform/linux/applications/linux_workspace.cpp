@@ -29,8 +29,8 @@ LaunchedApplication described(GDesktopAppInfo* entry) {
 
 using Entry = std::shared_ptr<GDesktopAppInfo>;
 
-// Null if no entry with this identifier is installed. An identifier with a slash would leave the
-// folders that hold entries.
+// Returns null if no entry with this identifier is installed. Rejects an identifier with a slash,
+// because it could leave the folders that contain entries.
 Entry entryOf(const std::string& bundleID) {
     const bool isIdentifier = !bundleID.empty() && bundleID.find('/') == std::string::npos;
     return GlibOwner<GDesktopAppInfo>(
@@ -78,7 +78,8 @@ struct LinuxWorkspace::State {
         }
     }
 
-    // A cache of the entry found last, which is usually opened next. Used on the main thread only.
+    // Caches the entry that was found last, because it is usually opened next. Used on the main
+    // thread only.
     std::string foundURL;
     std::shared_ptr<GDesktopAppInfo> found;
 

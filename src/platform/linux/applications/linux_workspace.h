@@ -1,11 +1,11 @@
-// Implements Workspace on Linux with the installed desktop entries, the windows that the desktop
-// reports, and GIO for launching.
+// Implements Workspace on Linux. Combines the installed desktop entries with the windows that the
+// desktop reports, and launches applications.
 //
 // Thread:  see Workspace. The desktop thread tracks windows and launches applications;
 //          frontmostApplication() reads one atomic pointer.
 // Owner:   the program. The desktop thread must outlive the workspace; no thread may use the
 //          workspace after its destruction.
-// Errors:  none. If no candidate supports the desktop, no application is frontmost or running.
+// Errors:  none. If no window backend supports the desktop, no application is frontmost or running.
 #pragma once
 
 #include "dispatch/workspace.h"
@@ -21,11 +21,12 @@ namespace glidemap {
 
 class LinuxWorkspace : public Workspace {
 public:
-    // How long the desktop must report that no window is active before the workspace does. Window
-    // managers need a few milliseconds to move the focus.
+    // How long the desktop must report that no window is active before the workspace reports that
+    // no application is frontmost. Window managers need a few milliseconds to move the focus.
     static constexpr std::chrono::milliseconds usualPatience{100};
 
-    // Implements panels of the desktop that have no URL. Called on the main thread; may be empty.
+    // Functions for parts of the desktop that have no URL. They are called on the main thread and
+    // may be empty.
     struct Panels {
         std::function<void()> missionControl = {};
         std::function<bool()> hasMissionControl = {};
@@ -33,7 +34,8 @@ public:
     };
 
     // On the desktop thread, creates and starts the candidates in order until one supports the
-    // desktop. The constructor does not block; the state is known after the desktop's first report.
+    // desktop. The constructor does not block. The frontmost and running applications are known
+    // after the desktop's first report.
     LinuxWorkspace(DesktopThread& desktop, std::vector<WindowBackendFactory> candidates,
                    Panels ownPanels, std::chrono::milliseconds patienceWithNone = usualPatience);
     ~LinuxWorkspace() override;

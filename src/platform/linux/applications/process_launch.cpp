@@ -51,7 +51,7 @@ std::vector<std::string> environmentFor(GDesktopAppInfo* entry, const LaunchToke
 }
 
 // Whether the application completes startup notification. For other applications, the desktop would
-// show a busy indicator until a time limit ends.
+// show a busy indicator until a time limit expires.
 bool takesNotice(GDesktopAppInfo* entry) {
     return g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) != FALSE;
 }

@@ -43,7 +43,7 @@ std::string targetOf(const std::string& link) {
     std::array<char, 4096> target{};
     const ssize_t size = readlink(link.c_str(), target.data(), target.size());
     std::string path(target.data(), size > 0 ? static_cast<std::size_t>(size) : 0);
-    constexpr std::string_view deleted = " (deleted)"; // an update replaced the file while it runs
+    constexpr std::string_view deleted = " (deleted)"; // an update replaced the running program
     if (path.ends_with(deleted)) {
         path.resize(path.size() - deleted.size());
     }

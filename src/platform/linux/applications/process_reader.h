@@ -1,8 +1,8 @@
 // Reads the properties of a process that identify its application.
 //
 // Thread:  any.
-// Errors:  none. A property that cannot be read is empty, because the process has exited or belongs
-//          to another user.
+// Errors:  none. A property that cannot be read is empty, for example because the process has
+//          exited or belongs to another user.
 #pragma once
 
 #include <sys/types.h>
@@ -16,7 +16,8 @@ struct ProcessFacts {
     std::string controlGroups; // the content of /proc/PID/cgroup
     std::string executable;    // path
     std::vector<std::string> arguments;
-    // The path of the desktop entry that launched this process; empty if it launched an ancestor.
+    // The path of the desktop entry that launched this process; empty if the entry launched an
+    // ancestor of the process.
     std::string launchedFrom;
     // Whether the process has a controlling terminal. If so, a command in a terminal started it.
     bool onTerminal = false;

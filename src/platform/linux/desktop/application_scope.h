@@ -15,8 +15,8 @@ namespace glidemap {
 // `identifier` is the id of the desktop entry, with or without ".desktop".
 void moveIntoScope(std::string_view identifier, pid_t process);
 
-// Returns "app-glidemap-org.example.App-1234.scope", for example. Characters that systemd does not
-// allow are escaped.
+// Returns "app-glidemap-org.example.App-1234.scope", for example. All characters of the identifier
+// except letters, digits and "._:" are escaped.
 std::string scopeName(std::string_view identifier, pid_t process);
 
 } // namespace glidemap

@@ -1,6 +1,6 @@
 // Finds the addresses of the system bus and the session bus.
 //
-// Errors:  a bus that is not running counts as absent.
+// Errors:  none; returns nullopt if neither the environment nor a socket indicates a bus.
 #pragma once
 
 #include <optional>

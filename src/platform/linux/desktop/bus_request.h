@@ -1,16 +1,16 @@
 // A transaction on D-Bus: a chain of asynchronous calls to services that may be missing, slow or
 // stuck.
 //
-// A transaction opens its bus, makes its calls and closes the bus. It is used for rare actions,
-// such as locking the screen and showing the overview. Between these actions, an open connection
-// would only wake up the program.
+// A transaction connects to its bus, makes its calls and closes the connection. Transactions are
+// used for rare actions, such as locking the screen and showing the overview. Between these
+// actions, an open connection would only wake up the program.
 //
 // Thread:  BusRequests on the main thread. Transactions run and end on the desktop thread.
 // Owner:   a transaction's own callbacks keep it alive until the chain ends. The destructor of
 //          BusRequests cancels pending transactions and waits until they have ended, which does not
 //          take long.
-// Errors:  as replies. Each step has a time limit. A cancelled transaction calls no further
-//          callbacks.
+// Errors:  reported as replies. Each step has a time limit. A cancelled transaction calls no
+//          further callbacks.
 #pragma once
 
 #include "platform/linux/desktop/desktop_bus.h"

@@ -97,8 +97,9 @@ struct SharedAttempt {
     }
 };
 
-// Returns the shared bus, which is kept, because GIO closes its connection with the last reference.
-// Never destroyed, and used only on the thread that launches programs.
+// Returns the shared bus. The reference is kept, because GIO closes its connection when the last
+// reference is released. The pointer is never destroyed, and it is used only on the thread that
+// launches programs.
 std::shared_ptr<DesktopBus>& keptBus() {
     static auto& kept = *new std::shared_ptr<DesktopBus>;
     return kept;
@@ -273,7 +274,7 @@ void DesktopBus::unsubscribe(unsigned subscription) {
     }
 }
 
-// The node may be released on return, because the registration holds a reference to the interface.
+// `node` may be released on return, because the registration holds a reference to the interface.
 void DesktopBus::serve(const char* path, const char* description, MethodHandler handler) {
     static constexpr GDBusInterfaceVTable methods = {callMethodHandler, nullptr, nullptr, {}};
     const GlibOwner<GDBusNodeInfo> node(g_dbus_node_info_new_for_xml(description, nullptr));

@@ -1,14 +1,13 @@
-// The client of the message buses: a connection with its calls, signals and names. All services of
+// A connection to a D-Bus message bus, with its calls, signals and watched names. All services of
 // this program use it, except the status bar, which shares Qt's connection.
 //
-// Each connection that is not shared has a unique name of its own. Only services to which the owner
-// sends this name know it.
+// Each connection that is not shared has a unique name of its own.
 //
-// Thread:  the thread that opens it uses and destroys it, and runs all callbacks in its default
-//          GLib context; none runs after the destruction.
+// Thread:  one thread opens, uses and destroys the connection. All callbacks run on this thread, in
+//          its thread-default GLib context. No callback runs after the destruction.
 // Owner:   a service. The destructor closes the connection, unless it is GIO's shared one.
-// Errors:  a lost connection is reported as the disappearance of its names, and as an error of
-//          pending calls.
+// Errors:  a lost connection is reported as the disappearance of all watched names, and as an error
+//          of pending calls.
 #pragma once
 
 #include "platform/linux/desktop/bus_address.h"
@@ -29,7 +28,7 @@ struct BusObject {
     std::string interface;
 };
 
-// The signals to receive. An empty text matches any.
+// The signals to receive. An empty field matches every value.
 struct BusSignal {
     std::string service = {};
     std::string path = {};
@@ -40,18 +39,18 @@ struct BusSignal {
 
 enum class IfNotRunning { leave, start };
 
-// Whether the error means that the object or its method is missing: not yet available, or another
-// version.
+// Returns whether the error means that the object, the interface or the method does not exist, for
+// example because the service is still starting or has another version.
 bool isUnknownOnTheBus(const GError& error);
 
-// The value in a reply of type "(b)", or of type "(v)" that holds a boolean. Nullopt for another
-// type, and for null.
+// Returns the value in a reply of type "(b)", or of type "(v)" if it holds a boolean. Returns
+// nullopt for other types and for null.
 std::optional<bool> booleanIn(GVariant* reply);
 
-// The value in a reply of type "(v)". Null for another type, and for null.
+// Returns the value in a reply of type "(v)". Returns null for other types and for null.
 GlibOwner<GVariant> variantIn(GVariant* reply);
 
-// The texts in a reply of type "(as)". Nullopt for another type, and for null.
+// Returns the texts in a reply of type "(as)". Returns nullopt for other types and for null.
 std::optional<std::vector<std::string>> wordsIn(GVariant* reply);
 
 class DesktopBus {
@@ -59,8 +58,8 @@ public:
     using Milliseconds = std::chrono::milliseconds;
 
     // These two functions block. They return null if the bus is missing or refuses the connection.
-    // Without an address, opens the session bus, and also returns null if the bus does not respond
-    // within a few seconds.
+    // Without an address, open() connects to the session bus, and also returns null if that bus
+    // does not respond within a few seconds.
     static std::unique_ptr<DesktopBus> open();
     static std::unique_ptr<DesktopBus> open(const std::string& address);
 
@@ -79,8 +78,8 @@ public:
     DesktopBus& operator=(const DesktopBus&) = delete;
     ~DesktopBus();
 
-    // Reports the name's current owner immediately, and then every change. A restart of the owner
-    // is reported as vanished and then appeared.
+    // First reports whether the name has an owner, and then every change. A restart of the owner is
+    // reported as vanished and then appeared.
     void watchName(const char* name, std::function<void(const std::string& owner)> appeared,
                    std::function<void()> vanished);
 
@@ -101,7 +100,7 @@ public:
     // Calls a method without waiting for a reply. The call is sent before the connection closes.
     void send(const BusObject& object, const char* method, GVariant* arguments);
 
-    // Blocks until the reply arrives or the patience ends. On failure, `values` is null.
+    // Blocks until the reply arrives or `patience` has passed. On failure, `values` is null.
     struct Reply {
         GlibOwner<GVariant> values;
         GlibOwner<GError> error;

@@ -32,7 +32,7 @@ public:
     GMainContext* context() const;
 
     // A registered callback, cancelled when the watch is destroyed. The callback may destroy its
-    // own watch. Create, use and destroy watches on the thread.
+    // own watch. Create, use and destroy watches on this thread.
     using Watch = GlibOwner<GSource>;
 
     // Calls the function whenever the descriptor is readable or the peer has closed it.

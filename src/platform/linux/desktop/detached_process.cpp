@@ -222,7 +222,7 @@ DetachedProcess startDetached(const DetachedCommand& command) {
     if (command.words.empty()) {
         return {-1, EINVAL};
     }
-    DetachedCommand own = command; // execvpe() needs non-const texts
+    DetachedCommand own = command; // execvpe() needs non-const strings
     Plan plan;
     if (!own.processVariable.empty()) {
         std::string variable = own.processVariable + "=";

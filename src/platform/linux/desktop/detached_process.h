@@ -18,7 +18,7 @@
 namespace glidemap {
 
 // A separate journal stream for the program, if our own messages go to the journal. Without it, the
-// journal would attribute the program's messages to this program.
+// journal would attribute the messages of the launched program to Glidemap.
 struct JournalStream {
     std::string socket;       // the journal's socket; if empty, the program keeps our streams
     std::string name;         // the identifier for the program's messages
@@ -26,18 +26,19 @@ struct JournalStream {
     bool errorOutput = false; // standard error goes to the journal
 };
 
-// Returns the stream for a program with this name; empty unless our standard output or error goes
-// to the journal.
+// Returns the stream for a program with this name. Returns an empty stream unless our standard
+// output or error goes to the journal.
 JournalStream journalStreamFor(const std::string& name);
 
 struct DetachedCommand {
-    // The program and its arguments. If the program's name contains no slash, it is searched in
-    // PATH.
+    // The program and its arguments. If the program's name contains no slash, it is searched for in
+    // this process's PATH.
     std::vector<std::string> words;
     std::vector<std::string> environment; // "NAME=value"
     std::string folder = {};              // the working folder; if empty, ours is inherited
     JournalStream journal = {};
-    // The environment variable to set to the id of the new process; may be empty.
+    // The name of an environment variable that is set to the id of the new process. If empty, no
+    // variable is set.
     std::string processVariable = {};
 };
 

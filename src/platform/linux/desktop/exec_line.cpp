@@ -29,7 +29,7 @@ std::string quotedFileOf(const std::string& url) {
     return path ? quoted(*path) : "";
 }
 
-// Deprecated field codes expand to nothing.
+// Deprecated and unknown field codes expand to nothing.
 std::string expanded(char code, const FieldValues& values) {
     switch (code) {
     case '%':

@@ -28,17 +28,19 @@ struct FieldValues {
     std::string url;
 };
 
-// Quotes the values as GIO does.
+// Replaces the field codes in `exec`. Quotes the values as GIO does.
 std::string withFieldCodes(const std::string& exec, const FieldValues& values);
 
 // Returns the words of an Exec line when there is no file or URL to open.
 std::vector<std::string> wordsOfExecLine(const std::string& line);
 
-// Returns the Exec value that starts this program, before the file format's own escaping.
+// Returns the Exec value that starts `program`, without the escaping that the format of desktop
+// files requires in addition.
 std::string execLineOf(const std::filesystem::path& program);
 
-// The file that a session would execute: at the absolute path, or found by name in the folders of
-// `searchPath`, separated by colons. Nullopt if no such file is executable.
+// Returns the file that a session would execute: `program` itself if it is an absolute path,
+// otherwise the first match in the folders of `searchPath`, which are separated by colons. Returns
+// nullopt if no such file is executable.
 std::optional<std::filesystem::path> findProgram(const std::string& program,
                                                  std::string_view searchPath);
 

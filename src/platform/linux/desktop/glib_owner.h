@@ -1,4 +1,5 @@
-// Owners of GLib's objects and values, and copies of the texts that GLib allocates.
+// Owning pointers for GLib's objects and values, and functions that copy texts that GLib has
+// allocated.
 //
 // Thread:  any, as GLib allows for the type. A source must be destroyed on the thread of its
 //          context.
@@ -38,12 +39,12 @@ struct GlibRelease {
     void operator()(GDesktopAppInfo* entry) const;
     void operator()(GError* error) const;
     void operator()(GKeyFile* keys) const;
-    void operator()(GList* objects) const; // and the objects in it
+    void operator()(GList* objects) const; // also releases the objects in it
     void operator()(GMainContext* context) const;
     void operator()(GMainLoop* loop) const;
     void operator()(GSettings* settings) const;
     void operator()(GSettingsSchema* schema) const;
-    void operator()(GSource* source) const; // also stops it
+    void operator()(GSource* source) const; // also stops the source
     void operator()(GSubprocess* process) const;
     void operator()(GVariant* value) const;
 };
@@ -51,7 +52,7 @@ struct GlibRelease {
 template <typename Type>
 using GlibOwner = std::unique_ptr<Type, GlibRelease>;
 
-// Empty for null.
+// Returns an empty string for null.
 std::string textOrEmpty(const char* text);
 
 // These copy a text or list that GLib has allocated, and free the original. Null becomes nullopt or

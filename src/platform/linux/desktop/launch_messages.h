@@ -15,7 +15,7 @@ namespace glidemap {
 using LaunchFields = std::vector<std::pair<std::string_view, std::string_view>>;
 
 // Returns `new: ID="…" NAME="…"`, for example, split into pieces that fit into client messages. The
-// last piece ends with a 0. Empty fields are omitted.
+// last piece ends with a null byte. Empty fields are omitted.
 std::vector<std::string> launchMessage(std::string_view kind, const LaunchFields& fields);
 
 } // namespace glidemap

@@ -1,4 +1,4 @@
-// A connection to an X server with its atoms, and requests that several services send.
+// A connection to an X server. Caches atoms, and sends the requests that several services need.
 //
 // Thread:  the connection's thread. Requests wait for the server, except where noted.
 // Owner:   any. Copies share the connection; the last copy closes it.
@@ -27,14 +27,14 @@ using X11Reply = std::unique_ptr<Reply, X11Release>;
 
 class X11Connection {
 public:
-    // Connects to the display; to the display in DISPLAY if the name is empty.
+    // Connects to `display`. If it is empty, connects to the display that DISPLAY names.
     static std::optional<X11Connection> open(const std::string& display = {});
 
     // Uses a connection that another library owns and closes.
     explicit X11Connection(xcb_connection_t* borrowed);
 
     xcb_connection_t* raw() const;
-    std::uint32_t root() const; // of the connection's screen
+    std::uint32_t root() const; // the root window of the connection's screen
     int screen() const;         // the screen's number
     bool isLost() const;
     int descriptor() const;
@@ -47,8 +47,8 @@ public:
     // Whether a program owns the selection. Some services announce themselves in this way.
     bool selectionHasOwner(std::string_view selection) const;
 
-    // This function and the next one do not flush. They wait for the server only until they know
-    // the atoms that they use.
+    // This function and the next one do not flush. They wait for the server only if an atom that
+    // they use is not cached yet.
     void requestFromWindowManager(std::uint32_t window, std::string_view request,
                                   const std::array<std::uint32_t, 5>& details) const;
 

@@ -24,7 +24,6 @@ struct BusSurvey {
     std::set<std::string> startable;
 };
 
-// Returns a word for the state, for display.
 const char* nameOf(BusSurvey::State state);
 
 BusSurvey surveyBus(Bus bus, std::chrono::milliseconds patience);

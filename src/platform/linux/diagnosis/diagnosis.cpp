@@ -188,7 +188,7 @@ void addTouchpads(ReportPage& page) {
 }
 
 // Adds the fallback of an action if all services for it are missing. Adds nothing if a bus does not
-// reply, because it may have one of the services.
+// reply, because one of the services may be on that bus.
 void addAction(ReportPage& page, const char* action, std::span<const Service> services,
                const Buses& buses, const char* otherwise) {
     const bool allMissing = std::ranges::all_of(services, [&buses](const Service& service) {

@@ -1,5 +1,5 @@
 // Formats a report of headings and indented lines. The home folder is shortened to "~", and control
-// characters are removed.
+// characters are replaced with question marks.
 //
 // Thread:  one.
 // Errors:  none.

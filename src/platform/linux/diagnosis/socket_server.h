@@ -9,8 +9,8 @@
 
 namespace glidemap {
 
-// Returns the program's name, truncated by the kernel, as in "kwin_wayland_wr". Empty if no program
-// listens. A path that begins with "@" stands for an abstract socket.
+// Returns the program's name, truncated by the kernel, as in "kwin_wayland_wr". Returns an empty
+// string if no program listens. A path that begins with "@" stands for an abstract socket.
 std::string programListeningOn(const std::string& path);
 
 } // namespace glidemap

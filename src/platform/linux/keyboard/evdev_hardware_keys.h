@@ -1,7 +1,8 @@
 // Maps the key events of an X server or a Wayland compositor to physical keys.
 //
-// Both report the kernel's key code plus 8, because the X protocol reserves the lowest codes. The
-// keyboard layout is ignored, because only the position of the key matters.
+// On both systems, the scan code of a key event is the kernel's key code plus 8, because the X
+// protocol reserves the lowest codes. The keyboard layout is ignored, because only the position of
+// the key matters.
 //
 // Thread:  any; stateless.
 // Errors:  returns nullopt for a key without a virtual key code.

@@ -22,8 +22,8 @@ public:
     HeldModifiers& operator=(const HeldModifiers&) = delete;
     virtual ~HeldModifiers() = default;
 
-    // Types the changes as if no modifier were held. If none is held, calls `plainly`, which must
-    // type the changes. Does not block.
+    // Types the changes as if no modifier were held. If no modifier is held, or the implementation
+    // cannot type the changes itself, calls `plainly`, which must type them. Does not block.
     virtual void type(std::vector<KeyChange> changes, std::function<void()> plainly) = 0;
 };
 

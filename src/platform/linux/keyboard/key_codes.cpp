@@ -110,8 +110,9 @@ constexpr auto pairs = std::to_array<KeyCodePair>({
     {102, KEY_HANJA}, // left of the space bar: selects Latin letters
     {103, KEY_F11},
     {104, KEY_HANGEUL}, // right of the space bar: selects Japanese letters
-    // On other keyboards the keys at these places are Print, Scroll Lock and Pause, which shortcuts
-    // use. Keys labelled F13 to F15 are rare.
+    // The virtual key codes 105, 107 and 113 are those of F13, F14 and F15. On other keyboards, the
+    // keys at their places are Print, Scroll Lock and Pause, which shortcuts use. Keys labelled F13
+    // to F15 are rare.
     {105, KEY_SYSRQ},
     {106, KEY_F16},
     {107, KEY_SCROLLLOCK},
@@ -119,9 +120,9 @@ constexpr auto pairs = std::to_array<KeyCodePair>({
     {110, KEY_COMPOSE}, // the menu key
     {111, KEY_F12},
     {113, KEY_PAUSE},
-    // "Help" is at the place of Insert on other keyboards, and both send the same code. KEY_HELP
-    // exists, too, but such keys are rare, and a shortcut with Insert could not be recorded with
-    // it.
+    // "Help" is at the place of Insert on other keyboards, and both keys send the same code. The
+    // kernel also has KEY_HELP, but keys that send it are rare, and with KEY_HELP in this table no
+    // shortcut with Insert could be recorded.
     {114, KEY_INSERT},
     {115, KEY_HOME},
     {116, KEY_PAGEUP},

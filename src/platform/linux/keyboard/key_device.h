@@ -24,7 +24,7 @@ public:
     virtual void unplug() = 0;
 
     // Writes each change as a complete report. No other event can come between the changes. Returns
-    // false unless all changes were written, for example because the device does not exist.
+    // false if not all changes were written, for example because the device does not exist.
     virtual bool write(std::span<const KeyChange> changes) = 0;
 };
 

@@ -2,7 +2,8 @@
 // are keys: they are pressed before the key that needs them, and released after it.
 //
 // Only the left-hand modifier keys are used, because the right-hand ones have other functions in
-// many layouts. A modifier key that is itself typed is not pressed as a modifier first.
+// many layouts. If the typed key is itself a modifier key, that modifier is not pressed in
+// addition.
 //
 // Thread:  one.
 // Owner:   the virtual keyboard, because the state describes which keys are down on it.

@@ -1,5 +1,6 @@
-// Types a shortcut while the user holds modifiers, on desktops where all keyboards share one
-// modifier state: releases the held modifiers, types the shortcut, and presses the modifiers again.
+// Computes the key changes that type a shortcut while the user holds modifiers, on desktops where
+// all keyboards share one modifier state: the held modifiers are released, the shortcut is typed,
+// and the modifiers are pressed again.
 //
 // If Super or Alt is pressed and released alone, desktops and windows run a command of their own,
 // such as opening a menu. To prevent this, Control is pressed and released in between.

@@ -2,8 +2,8 @@
 //
 // Thread:  any.
 // Owner:   the virtual keyboard owns the result. The desktop thread must outlive it.
-// Errors:  returns null if there is no implementation: the desktop is neither X11 nor sway, or the
-//          X server lacks an extension.
+// Errors:  returns null if there is no implementation: the session uses neither X11 nor sway, or
+//          the X server cannot be reached or lacks an extension.
 #pragma once
 
 #include "platform/linux/desktop/desktop_thread.h"

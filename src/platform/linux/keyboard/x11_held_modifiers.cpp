@@ -75,7 +75,7 @@ void X11HeldModifiers::restore(const std::vector<std::uint16_t>& held) {
     releaseReleasedKeys();
 }
 
-// Releases the keys on the XTEST keyboard that the user has released on real keyboards.
+// Releases, on the XTEST keyboard, the keys that the user has released on the real keyboards.
 void X11HeldModifiers::releaseReleasedKeys() {
     const std::set<std::uint16_t> down = server->keysDown().users;
     std::set<std::uint16_t> released;

@@ -60,13 +60,13 @@ bool hasExtensions(const X11Connection& server) {
     if (test == nullptr || test->present == 0 || input == nullptr || input->present == 0) {
         return false;
     }
-    // From this version on the server reports raw events of all keys, grabbed or not.
+    // In version 2.2, the server reports raw events of all keys, whether they are grabbed or not.
     const auto version = server.reply(xcb_input_xi_query_version_reply,
                                       xcb_input_xi_query_version(server.raw(), 2, 2));
     return version != nullptr && version->major_version >= 2;
 }
 
-// The server's own XTEST keyboards have such names.
+// The names of the server's XTEST keyboards contain this word.
 bool isXTest(std::string_view name) {
     return name.find("XTEST") != std::string_view::npos;
 }

@@ -1,5 +1,5 @@
-// Queries key states and types through the X server of this session. It contains only requests and
-// replies, no decisions.
+// Asks the X server of this session which keys are down, and types keys through it. Contains only
+// requests and replies, no decisions.
 //
 // Units:   the kernel's key codes; the server's codes are higher by eight.
 // Thread:  one, which blocks until the server replies.
@@ -16,7 +16,7 @@ namespace glidemap {
 
 class X11Server : public XKeyServer {
 public:
-    // Connects to the server named by DISPLAY. Returns null if the server cannot be reached, or
+    // Connects to the server that DISPLAY names. Returns null if the server cannot be reached, or
     // does not support XTEST or version 2 of the input extension.
     static std::unique_ptr<X11Server> connect();
     ~X11Server() override;

@@ -24,7 +24,7 @@ namespace glidemap {
 // The folders of autostart files, and the session that reads them.
 struct AutostartPlaces {
     std::filesystem::path userFolder;
-    // The first folder that contains the file is used.
+    // The first folder that contains our autostart file is used.
     std::vector<std::filesystem::path> systemFolders;
     AutostartSession session;
     std::filesystem::path program; // the program to register

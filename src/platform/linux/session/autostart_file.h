@@ -38,7 +38,7 @@ public:
     Start start(const AutostartSession& session) const;
     bool starts(const AutostartSession& session, const std::filesystem::path& program) const;
 
-    // Removes all keys that prevent this session from starting the file, and sets the program
+    // Removes all keys that prevent this session from starting the program, and sets the program
     // unless the file already starts it.
     void repair(const AutostartSession& session, const std::filesystem::path& program);
     void hide();

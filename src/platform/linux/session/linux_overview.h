@@ -1,11 +1,11 @@
 // Toggles the desktop's own overview of all windows.
 //
-//   GNOME Shell, Cinnamon   the property OverviewActive, inverted
-//   KWin                    its shortcut "Overview", if it exists
-//   others                  nothing: Xfce, sway and similar desktops have no overview
+//   GNOME Shell, Cinnamon   inverts the property OverviewActive
+//   KWin                    invokes the shortcut "Overview" if it exists
+//   others                  does nothing; Xfce, sway and similar desktops have no overview
 //
-// Each call determines the desktop again, because a shell may restart. It checks for names on the
-// bus, which is more reliable than reading the session's environment variables.
+// Each call determines the desktop again, because a shell may restart. It tries the services of
+// these shells on the bus, which is more reliable than reading the session's environment variables.
 //
 // Thread:  the main thread; the desktop thread calls the bus.
 // Owner:   the program. The destructor cancels pending calls.
@@ -35,8 +35,8 @@ public:
     void toggle();
 
     // Returns false if the last lookup found no overview. Starts the next lookup in the background.
-    // If a lookup is pending, does not start another, because each lookup opens a connection and
-    // the bus limits their number.
+    // If a lookup is pending, does not start another, because each lookup opens a connection, and
+    // the bus limits the number of connections.
     bool mayExist();
 
 private:

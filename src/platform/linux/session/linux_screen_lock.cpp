@@ -23,8 +23,8 @@ namespace {
 
 constexpr const char* logind = "org.freedesktop.login1";
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
-// "auto" stands for the caller's session. For a program started by the user's service manager,
-// which belongs to no session, it stands for the session of the user's display.
+// "auto" stands for the caller's session. A program that was started by the user's service manager
+// belongs to no session; in this case, "auto" stands for the session of the user's display.
 constexpr const char* ownSession = "/org/freedesktop/login1/session/auto";
 
 constexpr BusMethod lockSession{Bus::system, logind, ownSession, sessionInterface, "Lock"};
@@ -65,7 +65,7 @@ private:
     }
 
     // Reads LockedHint. If the session reports the lock only after the first screen saver was
-    // called, the remaining ones are skipped.
+    // called, the remaining screen savers are skipped.
     void readLocked() {
         call(getSessionProperty, g_variant_new("(ss)", sessionInterface, "LockedHint"),
              [this, kept = alive()](const BusReply& answer) {
@@ -76,7 +76,7 @@ private:
              });
     }
 
-    // Starts no second locker if one already covers the screen or is about to do so.
+    // Does not start a second locker if a locker already covers the screen or is about to cover it.
     void lookForLockers() {
         lockers = SessionLockers::ofThisSession();
         if (lockers->isLocked()) {

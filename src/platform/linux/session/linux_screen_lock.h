@@ -4,14 +4,14 @@
 //
 //  1. logind. A successful call is not sufficient, because logind only forwards the request, and a
 //     desktop without a screen locker ignores it. The screen counts as locked once the session's
-//     LockedHint is true, the program of a locker runs, or a program runs that is known to handle
-//     logind's request.
+//     LockedHint is true, a locker program is running, or a program is running that is known to
+//     lock the screen when logind requests it.
 //  2. Screen saver services: running ones, then those that D-Bus can start. A successful reply
 //     counts as a lock.
 //  3. The screen lockers of the session itself.
 //
 // If all fail, `otherwise` is called. It is not called if a service that timed out or a program
-// that still runs may yet lock the screen.
+// that still runs may still lock the screen.
 //
 // Thread:  the main thread; the desktop thread calls the buses.
 // Owner:   the program. The destructor cancels pending calls; `otherwise` is then not called.
@@ -30,8 +30,8 @@ namespace glidemap {
 class LinuxScreenLock : public ScreenLock {
 public:
     struct Patience {
-        // The time limit for the reply of a running service. It replies within milliseconds, even
-        // if the machine is busy locking.
+        // The time limit for the reply of a running service. A working service replies within
+        // milliseconds, even while the machine is busy locking the screen.
         std::chrono::milliseconds answer{1000};
         // The time limit from logind's reply until LockedHint is true, while the locker starts.
         std::chrono::milliseconds locked{1000};

@@ -19,8 +19,8 @@ namespace {
 constexpr const char* logind = "org.freedesktop.login1";
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
 constexpr const char* managerInterface = "org.freedesktop.login1.Manager";
-// "auto" stands for the caller's session. For a program started by the user's service manager,
-// which belongs to no session, it stands for the session of the user's display.
+// "auto" stands for the caller's session. A program that was started by the user's service manager
+// belongs to no session; in this case, "auto" stands for the session of the user's display.
 constexpr BusMethod getSession{Bus::system, logind, "/org/freedesktop/login1/session/auto",
                                "org.freedesktop.DBus.Properties", "GetAll"};
 
@@ -33,8 +33,9 @@ constexpr BusRequest::Milliseconds asMilliseconds(std::chrono::seconds seconds) 
     return seconds;
 }
 
-// A session that is closing is ignored. A program started in a terminal multiplexer during an
-// earlier login still belongs to that session, which does not describe the user's current screen.
+// A session that is closing is ignored. A program that was started in a terminal multiplexer during
+// an earlier login still belongs to the session of that login, which does not describe the user's
+// current screen.
 bool isInBackground(GVariantDict* session) {
     gboolean active = TRUE;
     const char* state = "";

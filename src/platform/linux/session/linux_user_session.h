@@ -36,7 +36,7 @@ public:
 private:
     struct Known;
 
-    // Tasks in the main queue hold it weakly.
+    // Tasks in the main queue hold weak references.
     std::shared_ptr<LinuxUserSession*> life = std::make_shared<LinuxUserSession*>(this);
     std::shared_ptr<Known> known;
     BusRequests requests; // destroyed first

@@ -37,14 +37,14 @@ bool isOurs(const fs::path& process) {
     return stat(process.c_str(), &facts) == 0 && facts.st_uid == getuid();
 }
 
-// Whether the variable has the same value in this process and in the other one.
+// Whether the variable is set in this process and has the same value in `environment`.
 bool agree(const std::vector<std::string>& environment, const char* variable) {
     const std::string ours = fromEnvironment(variable);
     return !ours.empty() &&
            std::ranges::find(environment, variable + ("=" + ours)) != environment.end();
 }
 
-// The name of a Wayland display is a socket in the runtime folder, so both variables must be equal.
+// A Wayland display is named after a socket in the runtime folder, so both variables must be equal.
 bool isOnOurDisplay(const fs::path& process) {
     const std::vector<std::string> environment = splitAtZeros(contentOf(process / "environ"));
     return agree(environment, "DISPLAY") ||

@@ -1,5 +1,6 @@
-// Lists the running programs with given names that belong to this user and use this display.
-// Another session of the same user may run programs with the same names.
+// Lists the running programs with given names that belong to this user and use this display. The
+// display is compared, because another session of the same user may run programs with the same
+// names.
 //
 // Thread:  any.
 // Errors:  none; a process that cannot be read or has exited is skipped.

@@ -38,7 +38,7 @@ public:
 private:
     std::optional<ColorScheme> colorScheme;
     // Motion is reduced if any of these is true. No source takes precedence, because the portal's
-    // reduced-motion may not reflect the desktop's own key.
+    // reduced-motion does not always reflect the desktop's own key.
     bool reduced = false;
     bool withoutGnomeAnimations = false;
     bool withoutKdeAnimations = false;

@@ -1,7 +1,7 @@
-// Determines whether the desktop blends windows, so that windows may be translucent.
+// Determines whether the desktop blends windows, so that windows can be translucent.
 //
-// Thread:  desktopComposites() on any thread; RecentCompositing on one thread. Blocks for one round
-//          trip to the X server, well below a millisecond.
+// Thread:  desktopComposites() on any thread; RecentCompositing on one thread. On X11, blocks while
+//          it connects to the X server and queries it, for less than a millisecond.
 // Errors:  none; returns true if the server cannot be reached, because no window is visible then.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The desktop helper for GNOME on Wayland, an extension of GNOME Shell.
+// Queries and installs the desktop helper for GNOME on Wayland, an extension of GNOME Shell.
 //
 // The shell may reply slowly or never. Therefore a separate thread waits for its replies, one query
 // at a time.
@@ -6,7 +6,7 @@
 // Thread:  see DesktopHelper.
 // Owner:   the program. The destructor waits for a pending query, for a few seconds if the shell is
 //          stuck.
-// Errors:  as text from the shell.
+// Errors:  lastError() returns the shell's error text.
 #pragma once
 
 #include "core/main_queue.h"
@@ -53,7 +53,7 @@ private:
     std::optional<std::string> _lastError;
     Observable observers;
     std::thread worker;
-    std::shared_ptr<GnomeDesktopHelper*> life; // pending replies hold it weakly
+    std::shared_ptr<GnomeDesktopHelper*> life; // pending replies hold weak references
 };
 
 } // namespace glidemap

@@ -44,7 +44,8 @@ void LinuxApplicationShell::activate(QWidget& window) {
         activateOnX11(*connection, static_cast<std::uint32_t>(window.winId()),
                       std::exchange(startupID, {}));
     } else if (askDesktop && isShown(window)) {
-        // Even if the window is active for Qt, which learns late that another window has the focus.
+        // The desktop is asked even if the window is active for Qt, because Qt is notified late
+        // when another window gets the focus.
         askDesktop();
     }
 }

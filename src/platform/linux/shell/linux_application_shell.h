@@ -1,7 +1,7 @@
 // Integrates the program with a Linux desktop. A desktop raises a window only if the user requested
 // it. To prove this, the program passes an activation token on Wayland, and the time of the user's
-// input on X11. A program started from a terminal has no token; the shell then requests the
-// activation in the way a task bar does.
+// input on X11. A program started from a terminal has no token. In this case, `bringForward` asks
+// the desktop to activate the window, as a task bar does.
 //
 // On X11, the launcher shows a busy indicator until the program reports that it has started. Qt
 // cannot report this, because takeActivationToken() has already removed the startup id from the
@@ -22,7 +22,8 @@ namespace glidemap {
 class LinuxApplicationShell : public ApplicationShell {
 public:
     // `bringForward` must make the desktop activate our most recently used window. It is called on
-    // Wayland if Qt's own activation has no effect.
+    // Wayland whenever a window that is already visible is activated, because Qt's own activation
+    // may have no effect.
     explicit LinuxApplicationShell(std::function<void()> bringForward = {});
 
     void becomeAccessory() override;
@@ -30,7 +31,7 @@ public:
     void terminate() override;
 
     // Sets the token and the startup id of a launcher for the next activation. Either may be empty.
-    // Changes the environment, so no other thread should read it at the same time.
+    // Changes the environment, so no other thread may read it at the same time.
     void requestToken(const std::string& activationToken, std::string launchID);
 
     // Completes the launcher's startup notification if no activation has completed it. Must be

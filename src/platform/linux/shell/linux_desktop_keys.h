@@ -2,8 +2,8 @@
 // keyboard, which bypasses the window manager's key bindings. The X server releases the grab when
 // the window is destroyed or the program exits.
 //
-// On Wayland, the desktop keeps its keys, because the protocol for this needs a private interface
-// of Qt (docs/decisions/0070-the-keys-of-the-desktop.md).
+// On Wayland, the desktop keeps its keys, because the protocol that disables the desktop's key
+// bindings needs a private interface of Qt (docs/decisions/0070-the-keys-of-the-desktop.md).
 //
 // Thread:  the main thread.
 // Owner:   the platform's KeyPresses object.

@@ -1,8 +1,9 @@
-// Implements SystemNotes on Linux: which device nodes are missing, what the access button does, how
-// to grant access manually if the prompt failed, and which gestures the desktop itself uses.
+// Implements SystemNotes on Linux: explains which devices the program cannot access, what the
+// access button does, how to grant access manually if the prompt failed, when the login item starts
+// the program, and which gestures the desktop itself uses.
 //
-// Thread:  the main thread. Each call checks the nodes again.
-// Owner:   the program. The prompt outlives it.
+// Thread:  the main thread. missingAccess() checks the nodes on each call.
+// Owner:   the program. The prompt must outlive this object.
 // Errors:  none.
 #pragma once
 

@@ -35,7 +35,8 @@ LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
       keyboard(std::make_shared<UinputKeyboard>(heldModifiersOfThisSession(desktop))),
       toSession(session->changes().subscribe({}, [this] { followSession(); })) {
     overview.mayExist(); // starts the first lookup
-    // Creates the keyboard before it is needed, because a desktop takes a moment to detect it.
+    // The keyboard exists already, because a desktop takes a moment to detect a new keyboard. This
+    // call removes it if another session is in front.
     followSession();
     accessPrompt.onAnswer = [this] {
         retryServices();

@@ -3,7 +3,7 @@
 //
 //   desktop thread ◀─ workspace, overview, screen lock, held modifiers
 //   access prompt ─┐
-//   device watch ──┴▶ onDevicesChanged ─▶ services without access or touchpad retry
+//   device watch ──┴▶ onDevicesChanged ─▶ services that lack access or a touchpad try again
 //   user session ───▶ no keyboard while another session is in front
 //
 // Thread:  the main thread, while the application object exists.
@@ -39,8 +39,8 @@ public:
     LinuxServices(const LinuxServices&) = delete;
     LinuxServices& operator=(const LinuxServices&) = delete;
 
-    // Called when a touchpad may have been connected, or access may have been granted. At this
-    // point, the keyboard has already retried to open its device.
+    // Called when a touchpad may have been connected, or access may have been granted. If the
+    // session is active, the keyboard has already tried again to open its device.
     std::function<void()> onDevicesChanged;
 
     AccessPrompt& prompt() { return accessPrompt; }
@@ -51,7 +51,7 @@ private:
 
     DesktopThread desktop; // outlives all services that live on its thread
     AccessPrompt accessPrompt;
-    // Starts watching before the first attempt to type or read, so that no change is missed.
+    // The watch starts before the first attempt to type or read, so that no change is missed.
     InputDeviceWatch devices;
     LinuxOverview overview;
     PortalAppearance portal;

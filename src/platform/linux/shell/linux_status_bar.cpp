@@ -148,7 +148,7 @@ private:
     const xcb_atom_t selection;
 };
 
-// The connection to the bus is opened on a separate thread, because this blocks.
+// The connection to the bus is opened on a separate thread, because opening it blocks.
 LinuxStatusBar::LinuxStatusBar()
     : context(std::make_unique<QObject>()),
       connecting(std::async(std::launch::async, [this, receiver = context.get()] {

@@ -42,8 +42,8 @@ Path libraryPath() {
     return length < PATH_MAX ? path : Path{"/"};
 }
 
-// Uses RTLD_GLOBAL, so that drivers that are loaded later share these libraries, as if the program
-// were linked with them.
+// Uses RTLD_GLOBAL, so that drivers that are loaded later share the libraries of the program, as if
+// the executable were linked with them.
 RunProgram loadedProgram() {
     void* const loaded = dlopen(libraryPath().text, RTLD_NOW | RTLD_GLOBAL);
     return loaded != nullptr ? reinterpret_cast<RunProgram>(dlsym(loaded, "glidemapRunProgram"))

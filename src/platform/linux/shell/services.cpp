@@ -42,8 +42,8 @@ std::string takeFromEnvironment(const char* variable) {
     return value;
 }
 
-// The shell stores the token in the environment, where Qt reads it. Must be called before other
-// threads that may read the environment are created.
+// The application shell stores the token in the environment, where Qt reads it. Must be called
+// before other threads that may read the environment are created.
 std::shared_ptr<LinuxApplicationShell> makeShell(const SingleInstance::Request& activation,
                                                  std::function<void()> bringForward = {}) {
     auto shell = std::make_shared<LinuxApplicationShell>(std::move(bringForward));
@@ -129,8 +129,8 @@ std::function<void()> hideSilentBus() {
 }
 
 std::function<void()> startFontScan() {
-    // Qt would set the locale while the scan reads it. Qt does not change a locale that is already
-    // set.
+    // The locale is set here, because Qt would otherwise set it while the scan reads it. Qt does
+    // not change a locale that is already set.
     std::setlocale(LC_ALL, ""); // NOLINT(concurrency-mt-unsafe): no other thread runs yet
     return [fonts = std::make_shared<FontReading>()] {
         fonts->finish();

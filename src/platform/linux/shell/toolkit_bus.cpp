@@ -33,7 +33,7 @@ void ToolkitBus::finish() const {
     if (!silent) {
         return;
     }
-    QDBusConnection::sessionBus(); // fails, and Qt never tries again
+    QDBusConnection::sessionBus(); // the connection fails, and Qt does not retry
     if (address) {
         setenv(variable, address->c_str(), 1);
     } else {

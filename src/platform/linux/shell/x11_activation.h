@@ -14,12 +14,12 @@
 
 namespace glidemap {
 
-// Returns the timestamp in the startup id. If it contains none, returns 0, which stands for the
-// current time.
+// Returns the timestamp in the startup id. If the id contains no timestamp, returns 0, which stands
+// for the current time.
 std::uint32_t timeOfLaunch(std::string_view startupID);
 
-// Returns the broadcast message, split into pieces that fit into client messages. The last piece
-// ends with a 0.
+// Returns the message that completes the startup notification, split into pieces that fit into
+// client messages. The last piece ends with a null byte.
 std::vector<std::string> endOfLaunch(std::string_view startupID);
 
 // `startupID` may be empty.

@@ -1,7 +1,7 @@
 // Returns Qt's connection to the X server.
 //
 // Thread:  the main thread, while the application object exists.
-// Errors:  nullopt outside X11.
+// Errors:  returns nullopt outside X11.
 #pragma once
 
 #include "platform/linux/desktop/x11.h"

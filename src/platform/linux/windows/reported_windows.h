@@ -1,7 +1,7 @@
 // Stores the last state that a backend reported to its listener, and reports only changes.
 //
-// A change of the title alone is not reported if the application can be identified without the
-// title. Otherwise programs that show progress in their title would keep the workspace busy.
+// A change of the title alone is reported only for windows without an app id. Otherwise programs
+// that show progress in their title would keep the workspace busy.
 //
 // Thread:  the desktop thread.
 // Owner:   a backend.
@@ -18,8 +18,8 @@ namespace glidemap {
 class ReportedWindows {
 public:
     // Reports the current state: completely on the first call, and only changes later. The list of
-    // windows is reported before the active window, so that the listener already knows an active
-    // window that is in the list.
+    // windows is reported before the active window, so that the listener receives an active window
+    // as part of the list first.
     void report(WindowListener& listener, std::vector<WindowIdentity> windows,
                 std::optional<WindowIdentity> active);
 

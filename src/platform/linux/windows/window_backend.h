@@ -2,7 +2,7 @@
 // reports the desktop's windows and the active window, driven by events and without polling.
 //
 // Thread:  the desktop thread (see DesktopThread).
-// Owner:   the workspace owns the backend, and is its listener until it destroys the backend.
+// Owner:   the workspace. The listener must outlive the backend.
 // Errors:  when a desktop exits, its backend reports that there are no windows.
 #pragma once
 
@@ -46,7 +46,7 @@ using WindowChoice = std::function<bool(const WindowIdentity& window)>;
 struct LaunchToken {
     std::string startupID;       // DESKTOP_STARTUP_ID, for X11
     std::string activationToken; // XDG_ACTIVATION_TOKEN, for Wayland
-    std::function<void()> begun; // must be called when the program runs
+    std::function<void()> begun; // must be called when the program has been started
 };
 
 // The application to launch, with properties of its desktop entry.

@@ -1,7 +1,7 @@
 // Finds the process that serves the Wayland display of this session.
 //
 // Thread:  any; does not block. Connects to the display and disconnects.
-// Errors:  returns nullopt if the display cannot be reached, or if the system does not report its
+// Errors:  returns nullopt if the display cannot be reached, or if the system does not report the
 //          process.
 #pragma once
 

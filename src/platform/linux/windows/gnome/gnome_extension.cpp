@@ -22,7 +22,7 @@ namespace {
 constexpr const char* shellName = "org.gnome.Shell";
 constexpr const char* settingsName = "org.gnome.shell";
 constexpr const char* shellPath = "/org/gnome/Shell";
-constexpr std::chrono::seconds shellPatience{5}; // a stuck shell must not block a window for longer
+constexpr std::chrono::seconds shellPatience{5}; // a stuck shell must not make the user wait longer
 constexpr int firstVersionOfModules = 45;
 
 // GNOME Shell's values for the state of an extension.

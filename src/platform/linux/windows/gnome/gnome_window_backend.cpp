@@ -95,9 +95,9 @@ void GnomeWindowBackend::State::appeared(const std::string& owner) {
     check(owner);
 }
 
-// Verifies the owner of the shell's name, because any program can own it while the shell does not.
-// Called again when the extension reports that it has started: the shell owns the name shortly
-// before it serves the display, and loads its extensions after that.
+// Verifies the owner of the shell's name, because any program can own that name while the shell
+// does not. Called again when the extension reports that it has started: the shell owns the name
+// shortly before it serves the display, and loads its extensions after that.
 void GnomeWindowBackend::State::check(const std::string& owner) {
     bus->call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"},
               "GetConnectionUnixProcessID", g_variant_new("(s)", owner.c_str()),
@@ -151,7 +151,7 @@ void GnomeWindowBackend::State::receive(GVariant* message) {
                     active.empty() ? std::nullopt : std::optional(active.front()));
 }
 
-// In the extension's format. Null if no window matches.
+// Returns the selected windows in the extension's format, or null if no window is selected.
 GlibOwner<GVariant> GnomeWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
     if (latest == nullptr) {
         return nullptr;

@@ -1,6 +1,6 @@
 // Gets the windows of GNOME Shell from our extension (packaging/gnome-shell), because the shell has
-// no other interface for them. It reports no windows without the extension, and while the screen is
-// locked, which disables the extension.
+// no other interface for them. The backend reports no windows if the extension is missing, or while
+// the screen is locked, because the shell then disables the extension.
 //
 // Thread:  constructed, started and destroyed on the desktop thread.
 // Owner:   the workspace.

@@ -1,7 +1,7 @@
 // Activates a window of KWin. Only a script that runs inside KWin can do this.
 //
 // Thread:  the desktop thread.
-// Owner:   the callbacks of its bus calls keep it alive. No callback runs after the bus is
+// Owner:   the callbacks of the bus calls own the activation. No callback runs after the bus is
 //          destroyed.
 // Errors:  calls `otherwise`.
 #pragma once

@@ -11,9 +11,10 @@ namespace {
 
 // Works with Plasma 5 and 6, whose scripting interfaces use different names for the same objects.
 //
-// Reports are delayed by a timer of 0 ms, until KWin has finished its current work. While the focus
-// moves, no window is active for a moment, and a closed window is still listed when the next one is
-// activated. An X11 program may also set the names of a window after the window was added.
+// Reports of changes are delayed by a timer of 0 ms, until KWin has finished its current work.
+// While the focus moves, no window is active for a moment, and a closed window is still listed when
+// the next one is activated. An X11 program may also set the names of a window after the window was
+// added.
 constexpr const char* reportingScript = R"((function () {
     const isSix = workspace.windowActivated !== undefined;
 
@@ -99,7 +100,7 @@ constexpr const char* activatingScript = R"((function () {
 )";
 
 std::string constant(const char* name, const std::string& value) {
-    // A JSON string is also a valid string in the script's language.
+    // A JSON string is also a valid JavaScript string.
     return std::string("const ") + name + " = " + nlohmann::json(value).dump() + ";\n";
 }
 

@@ -33,10 +33,10 @@ struct KWinWindowBackend::State {
     WindowListener* listener = nullptr;
     ReportedWindows reported;
     std::unique_ptr<DesktopBus> bus;
-    std::unique_ptr<KWinScriptLoader> loader; // while KWin is on the bus
+    std::unique_ptr<KWinScriptLoader> loader; // exists while KWin is on the bus
     KWinReport latest;
-    // The time of the last use of each window, by its handle. One counter serves as the clock of
-    // all windows.
+    // The last use of each window, by its handle: the value of `uses` when the window became
+    // active.
     std::map<std::string, std::uint64_t> lastUses;
     std::uint64_t uses = 0;
 
@@ -70,7 +70,8 @@ void KWinWindowBackend::State::noteUse() {
     }
 }
 
-// Returns the handle of the window used last among the selected ones; empty if no window matches.
+// Returns the handle of the most recently used window among the selected windows, or an empty
+// string if no window is selected.
 std::string KWinWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
     std::string best;
     std::uint64_t lastUse = 0;

@@ -1,4 +1,4 @@
-// A connection to a Wayland compositor that limits every wait.
+// A connection to a Wayland compositor. Every wait has a time limit.
 //
 // Thread:  the desktop thread.
 // Owner:   the backend. It must destroy all objects of the connection before the connection.

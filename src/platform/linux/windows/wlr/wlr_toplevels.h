@@ -4,7 +4,7 @@
 // either.
 //
 // Thread:  the desktop thread; the list changes while the connection dispatches events.
-// Owner:   the backend, which destroys it before its connection.
+// Owner:   the backend, which destroys this object before the connection.
 // Errors:  none; if the compositor ends the protocol, the list is empty.
 #pragma once
 

@@ -82,7 +82,7 @@ private:
     xcb_atom_t listAtom;
     xcb_atom_t managerAtom;
     xcb_atom_t workspaceAtom;
-    xcb_window_t clock = XCB_WINDOW_NONE;      // the server reports when this window changes
+    xcb_window_t clock = XCB_WINDOW_NONE;      // changes of this window report the server's time
     xcb_window_t toActivate = XCB_WINDOW_NONE; // the window to activate when the time arrives
     std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
     std::uint32_t launches = 0;
@@ -92,13 +92,13 @@ private:
     xcb_window_t active = XCB_WINDOW_NONE;
     bool hasList = false;
     std::vector<xcb_window_t> listed;
-    std::map<xcb_window_t, Client> clients; // the listed windows, and the active one
+    std::map<xcb_window_t, Client> clients; // the listed windows and the active window
     std::optional<WindowIdentity> reportedActive;
     std::vector<WindowIdentity> reportedWindows;
     DesktopThread::Watch watch;
 };
 
-// Fetches all atoms at once, so that no later request waits for the server.
+// Fetches all atoms in advance, so that no later request waits for the server.
 X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to, X11Connection connection)
     : thread(desktop), listener(to), server(std::move(connection)), requests(server),
       reader(requests), root(server.root()) {
@@ -212,8 +212,8 @@ void X11Backend::Session::takeTime(xcb_timestamp_t time) {
 }
 
 // The startup id ends with the server's time, which stands for the time of the user's input. The
-// message is sent when the program runs. Otherwise the window manager would wait for a program that
-// may fail to start.
+// message that announces the launch is sent only when the program has been started. Otherwise the
+// window manager would wait for a program that may fail to start.
 void X11Backend::Session::requestToken(const LaunchedApplication& application,
                                        std::function<void(const LaunchToken&)> then) {
     if (server.isLost()) {
@@ -325,8 +325,8 @@ void X11Backend::Session::takeList(const X11Property& property) {
     forgetClosedWindows();
 }
 
-// Also subscribes to known windows again: if a program has exited and another has started, the id
-// may now belong to a new window.
+// Also subscribes again to windows that are already in `clients`. If a program has exited and
+// another has started, the same id may belong to a new window.
 void X11Backend::Session::follow(xcb_window_t window) {
     clients.try_emplace(window);
     requests.followProperties(window);

@@ -1,5 +1,5 @@
-// Sends requests to an X server and processes replies when they arrive. It never blocks, even if
-// the server is busy or grabbed.
+// Sends requests to an X server and processes replies when they arrive. Only the constructor waits
+// for the server. Later calls never block, even if the server is busy or grabbed.
 //
 // Thread:  one; the desktop thread in the program.
 // Owner:   X11Backend.
@@ -24,13 +24,13 @@ namespace glidemap {
 // The value of a property. It may have been truncated to the requested size.
 struct X11Property {
     bool windowIsGone = false;
-    bool hasItems = false;            // the property has 32-bit items, possibly none
+    bool hasItems = false;            // the property is a 32-bit one; `items` may still be empty
     std::string text;                 // the value of an 8-bit property
     std::vector<std::uint32_t> items; // the value of a 32-bit property
 };
 
-// A query that repeats after a change, with at most one in flight: continuous changes cannot flood
-// the server.
+// Repeats a query after each change, but with at most one query in flight, so that continuous
+// changes cannot flood the server.
 class X11Inquiry {
 public:
     // Returns true if the caller must send the query now.
@@ -60,8 +60,8 @@ public:
     // Requests at most `items` items of four bytes.
     void property(xcb_window_t window, xcb_atom_t name, std::uint32_t items, PropertyTaker taker);
 
-    // Requests the process id of the client that created the window, as known by the server. Unlike
-    // _NET_WM_PID, it is correct for a sandbox with its own process ids.
+    // Requests the process id of the client that created the window. It comes from the server, so
+    // unlike _NET_WM_PID it is correct even for a sandbox with its own process ids.
     void processOf(xcb_window_t window, ProcessTaker taker);
 
     // Subscribes to changes of the window's properties.

@@ -32,7 +32,8 @@ public:
     // Calls `taker` when the server has replied.
     void read(xcb_window_t window, std::function<void(const X11Window&)> taker);
 
-    // Whether a change of this property may change the result of read().
+    // Whether the window must be read again after a change of this property. A change of the title
+    // does not require it.
     bool reads(xcb_atom_t property) const;
 
 private:
