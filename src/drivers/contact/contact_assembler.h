@@ -73,7 +73,7 @@ private:
         bool begun = false;   // the contact has not been reported yet
         bool changed = false; // since the last report
         bool leaving = false; // the last reported contact has ended
-        MTTouch record{};     // last report of the contact; identifier 0: not reported
+        MTTouch record{};     // the last report; before the first one, the identifier is 0
         MTPoint shift{};      // from the pad's position to the reported position
     };
 

@@ -1,5 +1,5 @@
-// Reads the bit sets that sysfs shows for an input device: words as wide as this program's long, in
-// hexadecimal, the highest first, without leading zeros.
+// Reads the bit sets that sysfs shows for an input device: hexadecimal words of the size of this
+// program's `long`, the highest word first, without leading zeros.
 //
 // Thread:  any; pure functions.
 // Errors:  none; an invalid text contains no bits.

@@ -24,8 +24,8 @@ public:
     using MakeCloneWatch = std::function<std::unique_ptr<CloneWatch>()>;
     using Moment = WatchdogTime::Moment;
 
-    // The maximum number of new clones at the same time. udev initialises devices one by one, and
-    // each clone must be ready within two seconds.
+    // The maximum number of clones that are introduced at the same time. udev initialises devices
+    // one by one, and each clone must be ready within two seconds.
     static constexpr int maxIntroductions = 2;
 
     // `wakeReader` is called on any thread, `makeCloneWatch` on the reader's thread.

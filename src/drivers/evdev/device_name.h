@@ -2,7 +2,7 @@
 // human-readable name.
 //
 // Thread:  any.
-// Owner:   the driver; the text lasts as long as the device.
+// Owner:   the driver; the text is valid as long as the device exists.
 // Errors:  returns null if the device does not exist.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The event node of one touchpad. Opens it read-only, describes it, and reads it through libevdev,
+// The event node of one touchpad. Describes the touchpad, and reads its events through libevdev,
 // which tracks the slots and, after the kernel has dropped events, supplies the lost changes. A
 // grab hides the touchpad from other programs, which use its clone instead.
 //

@@ -64,8 +64,8 @@ public:
     void work();
     // Called by the reader when it has completed a part of its work.
     void progress();
-    // Called by the reader before it waits for events. `touched`: a finger is on a forwarded
-    // touchpad.
+    // Called by the reader before it waits for events. `touched` is true if a finger is on a
+    // forwarded touchpad.
     void rest(bool touched);
 
     // Call this before the process is stopped. Releases all touchpads as after a stall, and holds

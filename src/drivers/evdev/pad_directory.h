@@ -100,9 +100,9 @@ public:
     // clock: other programs received the earlier events, and only this process receives the later
     // ones. Returns nullopt if the grab fails.
     virtual std::optional<double> grab() = 0;
-    // Releases the grab. Returns a time, by the events' clock: until then, other programs received
-    // no events of the grabbed touchpad. May be called on any thread, also while another thread
-    // reads.
+    // Releases the grab. Returns the time just before the release, by the events' clock: from the
+    // grab until this time, other programs received no events of the touchpad. May be called on any
+    // thread, also while another thread reads.
     virtual double ungrab() = 0;
 
     // Returns null if the clone cannot be created, for example without permission.

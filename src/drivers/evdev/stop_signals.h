@@ -8,7 +8,8 @@
 //
 // Thread:  its own, which sleeps until such a signal arrives. It also works if other threads hang.
 // Owner:   the process, once, because a handler may run until the process ends.
-// Errors:  if the pipe or the thread cannot be created, the signals stop the process at once.
+// Errors:  if the pipe or the thread cannot be created, the signals stop the process without
+//          releasing the touchpads.
 #pragma once
 
 #include <functional>

@@ -83,7 +83,8 @@ void UdevCloneWatch::separateNotifications(const std::string& name) {
                       openAndClose);
 }
 
-// A notification of a node's own watch has no name. It only separates the others and is ignored.
+// A notification of a node's own watch has no name. It only separates other notifications and is
+// ignored.
 void UdevCloneWatch::note(const inotify_event& change) {
     if ((change.mask & IN_Q_OVERFLOW) != 0) {
         seesOpening = false;

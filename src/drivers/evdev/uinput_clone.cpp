@@ -43,7 +43,7 @@ bool has(const libevdev* source, unsigned type, unsigned code) {
     return libevdev_has_event_code(source, type, code) != 0;
 }
 
-// Enables the codes of one event type, namely those that the source has.
+// For one event type, enables all codes that the source supports.
 bool declareCodes(int file, const libevdev* source, unsigned type, unsigned long request) {
     if (libevdev_has_event_type(source, type) == 0) {
         return true;

@@ -6,7 +6,7 @@
 // Units:   seconds. A report's timestamp is the steady clock's time of start() plus the playing
 //          time of the earlier records. Timestamps never decrease, even if those of the recording
 //          do.
-// Thread:  one for each start(), on which the callbacks are called.
+// Thread:  each start() creates a thread, on which the callbacks are called.
 // Errors:  none.
 #pragma once
 

@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-// Uses only the last 15 characters of the name, because the kernel accepts no longer names.
+// Uses only the last 15 characters of the name, because the kernel does not accept more.
 void nameThread(std::string_view name);
 
 // Sets the name, and raises the priority to keep latency low on a busy machine.

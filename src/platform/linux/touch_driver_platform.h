@@ -17,7 +17,7 @@ namespace glidemap {
 // Returns the path of this executable; empty if the system does not report it.
 std::string programFile();
 
-// Returns the driver in GLIDEMAP_TOUCH_DRIVER, or else the driver for real touchpads.
+// Returns the driver that GLIDEMAP_TOUCH_DRIVER names, or else the driver for real touchpads.
 TouchDriverPlatform touchDriverPlatform();
 
 // Returns the driver at this path, and ignores the environment.

@@ -17,8 +17,8 @@ using GDesktopAppInfo = struct _GDesktopAppInfo;
 
 namespace glidemap {
 
-// `url` is the file URL of a desktop entry. If the application supports D-Bus activation and
-// already runs, it is raised.
+// `url` is the file URL of a desktop entry. If the application supports D-Bus activation and is
+// already running, it is raised.
 void launchApplication(const std::string& url);
 
 // Launches the application of an entry that has already been read.

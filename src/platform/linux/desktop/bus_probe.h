@@ -11,7 +11,7 @@
 namespace glidemap {
 
 // Opens a separate connection and starts authentication. Only unix:path and unix:abstract addresses
-// are checked. Others count as responding, because only the libraries can connect to them.
+// are checked. Other addresses count as responding, because only the libraries can connect to them.
 bool busResponds(const std::string& address, std::chrono::milliseconds patience);
 
 // Restricts GIO to local files for the rest of the process. Otherwise, if gvfs is installed, GIO's

@@ -1,5 +1,5 @@
-// Port: keeps modifiers that the user holds on a real keyboard out of typed shortcuts. On desktops
-// that merge all keyboards, held modifiers would become part of a typed shortcut.
+// Port: prevents modifiers that the user holds on a real keyboard from changing typed shortcuts. On
+// desktops that merge all keyboards, held modifiers would become part of a typed shortcut.
 //
 // Thread:  type() on one thread; `plainly` may be called on any thread. `plainly` of one type()
 //          call is called before `plainly` of the next.

@@ -1,9 +1,9 @@
 // Types with a uinput keyboard, which works on every desktop and on the console.
 //
-// A desktop needs a moment to detect a new keyboard, and ignores keys typed before. Therefore the
-// keyboard is created on startup, not by the first shortcut. If permission is missing, each attempt
-// to type tries to create the keyboard again. The owner may also call plugIn() when permission is
-// granted.
+// A desktop needs a moment to detect a new keyboard, and ignores keys that are typed before that.
+// Therefore the keyboard is created on startup, not by the first shortcut. If permission is
+// missing, each attempt to type tries to create the keyboard again. The owner may also call
+// plugIn() when permission is granted.
 //
 // Thread:  the main thread; no call blocks.
 // Owner:   the program. The destructor releases the keys.

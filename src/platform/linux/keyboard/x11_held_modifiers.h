@@ -1,5 +1,5 @@
-// Detects held modifiers on X11 and types around them. The server has one modifier state for all
-// keyboards, and reports the pressed keys to every client.
+// Detects held modifiers on X11, and types shortcuts as if they were not held. The server has one
+// modifier state for all keyboards, and reports the pressed keys to every client.
 //
 // While no modifier is held, the uinput keyboard types. Otherwise the server's XTEST keyboard
 // releases the modifiers, types the shortcut, and presses the modifiers again. Using one keyboard

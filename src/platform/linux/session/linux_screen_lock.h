@@ -11,11 +11,11 @@
 //  3. The screen lockers of the session itself.
 //
 // If all fail, `otherwise` is called. It is not called if a service that timed out or a program
-// that still runs may still lock the screen.
+// that has not exited may still lock the screen.
 //
 // Thread:  the main thread; the desktop thread calls the buses.
 // Owner:   the program. The destructor cancels pending calls; `otherwise` is then not called.
-// Errors:  none; a service that does not reply within its time limit counts as missing.
+// Errors:  none; a service that does not reply within its time limit is skipped.
 #pragma once
 
 #include "core/main_queue.h"

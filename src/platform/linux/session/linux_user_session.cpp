@@ -50,8 +50,8 @@ bool isLockedHint(GVariantDict* session) {
     return locked != FALSE;
 }
 
-// Follows the session's state in logind until it is cancelled. While logind is missing, the
-// callback is not called.
+// Follows the session's state in logind until the request is cancelled. While logind is missing,
+// the callback is not called.
 class SessionFollower : public BusRequest {
 public:
     struct State {

@@ -1,7 +1,8 @@
-// Follows the state of the user's session: whether it is in the foreground, and whether it is
-// locked.
+// Follows the state of the user's session: whether it is in the foreground, whether it is locked,
+// and whether the machine is asleep.
 //
-//   logind, system bus        Active ──────▶ in front or not
+//   logind, system bus        Active ───────────▶ in front or not
+//                             PrepareForSleep ──▶ asleep or not
 //                             LockedHint ─┐
 //   screen savers, session bus  active ───┴▶ locked if any of them reports it
 //

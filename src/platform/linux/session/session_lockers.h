@@ -15,8 +15,8 @@ namespace glidemap {
 
 struct LockCommand {
     std::vector<std::string> words;
-    // Whether the command runs as long as the screen is locked. Other commands exit immediately,
-    // and report by their exit status whether they have locked the screen.
+    // Whether the command runs until the screen is unlocked. Other commands exit immediately, and
+    // report by their exit status whether they have locked the screen.
     bool stays = false;
 };
 

@@ -1,7 +1,7 @@
 // Lists the windows of a wlroots compositor with the protocol zwlr_foreign_toplevel_management.
 //
-// The protocol does not report processes. For windows of X11 programs, it does not report an app id
-// either.
+// The protocol does not report processes. For windows of X11 programs, some compositors report no
+// app id either.
 //
 // Thread:  the desktop thread; the list changes while the connection dispatches events.
 // Owner:   the backend, which destroys this object before the connection.

@@ -61,7 +61,7 @@ public:
     void property(xcb_window_t window, xcb_atom_t name, std::uint32_t items, PropertyTaker taker);
 
     // Requests the process id of the client that created the window. It comes from the server, so
-    // unlike _NET_WM_PID it is correct even for a sandbox with its own process ids.
+    // unlike _NET_WM_PID it is correct even for a program in a sandbox with its own process ids.
     void processOf(xcb_window_t window, ProcessTaker taker);
 
     // Subscribes to changes of the window's properties.
