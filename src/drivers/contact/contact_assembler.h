@@ -10,8 +10,8 @@
 //
 // Allocates nothing after construction.
 //
-// Units:   event times in seconds; records as in input/mt_touch.h, millimetres in `absolute` where
-//          the resolution is known.
+// Units:   event times in seconds; records as in input/mt_touch.h. Positions in `absolute` are in
+//          millimetres, or 0 if the resolution is unknown.
 // Thread:  one; holds no lock.
 // Owner:   one for each touchpad.
 // Errors:  none; impossible events (invalid slots, values out of range) are ignored or clamped.

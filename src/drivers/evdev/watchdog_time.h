@@ -1,4 +1,5 @@
-// Port: the watchdog's clock and wait. Tests provide a clock that advances only on command.
+// Port: the clock that the watchdog reads and waits with. Tests provide a clock that advances only
+// on command.
 //
 // Thread:  now() on any thread; wait() on the watchdog's thread.
 #pragma once

@@ -4,7 +4,7 @@
 // Thread:  the main thread; ask() does not wait for the user.
 // Owner:   the program. A prompt that closes after the destruction is not reported.
 // Errors:  a prompt that cannot be shown counts as closed without access, and hasFailed() returns
-//          true. The caller checks whether access was granted.
+//          true. The caller must check whether access was granted.
 #pragma once
 
 #include "core/main_queue.h"

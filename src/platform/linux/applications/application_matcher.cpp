@@ -59,7 +59,6 @@ const DesktopEntry* onlyOne(const Candidates& candidates, Rule holds) {
     return allVisible == 1 ? visible : nullptr;
 }
 
-// Searches for the entry of one window.
 class Search {
 public:
     Search(const std::vector<DesktopEntry>& entries, const WindowIdentity& of, ProcessFacts known)

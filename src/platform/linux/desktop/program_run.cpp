@@ -53,7 +53,7 @@ ProgramRun::ProgramRun(const std::vector<std::string>& words,
     arguments.push_back(nullptr);
     constexpr auto silent = static_cast<GSubprocessFlags>(G_SUBPROCESS_FLAGS_STDOUT_SILENCE |
                                                           G_SUBPROCESS_FLAGS_STDERR_SILENCE);
-    // The pending wait holds a reference.
+    // The pending wait holds a reference to the process.
     const GlibOwner<GSubprocess> process(g_subprocess_newv(arguments.data(), silent, nullptr));
     if (process == nullptr) {
         State::reportLater(state);

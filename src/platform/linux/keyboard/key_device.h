@@ -1,7 +1,7 @@
 // Port: a virtual keyboard whose events other programs receive.
 //
 // Thread:  any, but only one call at a time.
-// Errors:  as return values.
+// Errors:  returned as values.
 #pragma once
 
 #include "platform/linux/keyboard/key_strokes.h"

@@ -7,7 +7,7 @@
 //
 // Thread:  one.
 // Owner:   the virtual keyboard, because the state describes which keys are down on it.
-// Errors:  as return values. Pressing a pressed key or releasing a released key changes nothing.
+// Errors:  returned as values. Pressing a pressed key or releasing a released key changes nothing.
 #pragma once
 
 #include "dispatch/key_event_poster.h"

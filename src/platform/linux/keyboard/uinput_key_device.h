@@ -3,7 +3,7 @@
 //
 // Thread:  any, but only one call at a time.
 // Owner:   UinputKeyboard. The destructor removes the device.
-// Errors:  as return values. Usually, the cause is missing write permission for /dev/uinput.
+// Errors:  returned as values. Usually, the cause is missing write permission for /dev/uinput.
 #pragma once
 
 #include "platform/linux/keyboard/key_device.h"

@@ -37,7 +37,7 @@ public:
     virtual void type(std::span<const KeyChange> changes) = 0;
     virtual bool canType(std::span<const KeyChange> changes) const = 0;
 
-    // Switches notifications about releases on or off, for the keys of all keyboards.
+    // Switches notifications about key releases on or off, for all keyboards.
     virtual void listenToReleases(bool listen) = 0;
 
     // Discards pending events, and returns whether there were any. Does not block.

@@ -7,7 +7,7 @@
 //
 // Thread:  the main thread; blocks on the disk.
 // Owner:   the program.
-// Errors:  the system's error text.
+// Errors:  returned as the system's error text.
 #pragma once
 
 #include "app/login_item_service.h"

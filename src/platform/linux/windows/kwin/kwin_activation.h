@@ -3,7 +3,7 @@
 // Thread:  the desktop thread.
 // Owner:   the callbacks of the bus calls own the activation. No callback runs after the bus is
 //          destroyed.
-// Errors:  calls `otherwise`.
+// Errors:  calls `otherwise` if KWin cannot run the script.
 #pragma once
 
 #include "platform/linux/desktop/desktop_bus.h"
