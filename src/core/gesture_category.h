@@ -1,6 +1,6 @@
 // The ten groups of gestures, as the settings window lists them.
 //
-// Thread:  any; the texts are in the current language unless the caller names another.
+// Thread:  any; the texts are in the current language unless the caller passes another.
 #pragma once
 
 #include <array>
