@@ -197,9 +197,9 @@ constexpr std::array<std::string_view, 11> knownKeys = {
     "shortcut", "bundleID", "name",   "keyCode", "modifiers",
 };
 
-// Decodes each element of the array as soon as the parser has read it. Keeps only the known keys,
-// so unknown values need no memory, however long or deep they are. Stores null for a value whose
-// type no known key uses.
+// Decodes each element of the array as soon as the parser has read it. Stores only the values of
+// known keys, so unknown values use no memory once they have been parsed. Stores null for a value
+// whose type no known key uses.
 class BindingsReader : public nlohmann::json_sax<json> {
 public:
     BindingsReader() noexcept(false) = default;     // the constructor of json may throw
