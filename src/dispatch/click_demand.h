@@ -17,7 +17,7 @@ namespace glidemap {
 
 class ClickDemand {
 public:
-    // Notifies the tap immediately, and again after each change.
+    // Notifies the tap immediately, and again whenever the result changes.
     ClickDemand(std::shared_ptr<GestureDispatcher> dispatcher, std::shared_ptr<ClickTap> tap);
     ClickDemand(const ClickDemand&) = delete;
     ClickDemand& operator=(const ClickDemand&) = delete;

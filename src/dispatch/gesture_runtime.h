@@ -52,7 +52,7 @@ public:
 
     void start();
 
-    // Idempotent. Changes of the session then have no effect until the next start().
+    // Idempotent. After this call, changes of the session have no effect until the next start().
     void stop();
 
     // Call this when touchpads may have been attached or the program may have gained access to
