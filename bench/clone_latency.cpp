@@ -5,8 +5,8 @@
 //   beside   write ─▶ touchpad ─▶ a program that waits for it           the driver reads, too
 //   cloned   write ─▶ touchpad ─▶ driver ─▶ clone ─▶ a program that waits for it
 //
-// Measured from just before the write until the program has read the frame. All threads are asleep
-// before each frame, as between the reports of a real touchpad.
+// The measured time starts just before the write and ends when the program has read the frame. All
+// threads are asleep before each frame, as between the reports of a real touchpad.
 #include "bench/samples.h"
 #include "forwarded_pad.h"
 
