@@ -51,13 +51,13 @@ public:
     Script moveBy(double dx, double dy, double seconds) const;
     Script moveFinger(std::size_t index, double dx, double dy, double seconds) const;
     Script moveAll(std::vector<Spot> to, double seconds) const;
-    // Turns around the centre of the hand, on the pad's real shape (wider than high); a positive
-    // angle is counterclockwise.
+    // Turns the fingers around the centre of the hand, on a pad that is 1.35 times as wide as high.
+    // A positive angle is counterclockwise.
     Script turnBy(double angle, double seconds) const;
-    // Moves away from the centre of the hand; a factor below 1 moves towards it.
+    // Moves the fingers away from the centre of the hand. A factor below 1 moves them towards it.
     Script spreadBy(double factor, double seconds) const;
-    // Moves every finger on a circle on the pad's real shape, starting at the top; positive turns
-    // are counterclockwise.
+    // Moves every finger on a circle, on a pad that is 1.35 times as wide as high. The finger
+    // starts at the top. A positive number of turns is counterclockwise.
     Script circle(double radius, double turns, double seconds) const;
     Script add(int count) const;
     Script addAt(double x, double y) const;
@@ -66,9 +66,10 @@ public:
     Script up() const;
     Script report() const;
 
-    // Waits while no finger touches.
+    // Lets time pass between touches. Throws if a finger is down; use hold() then.
     Script wait(double seconds) const;
-    // Appends all of `next` with shifted times; see "Exact times" above.
+    // Appends all verbs of `next`, which start at the end of this script. Durations stay the same,
+    // but the time of an until() in `next` is not shifted.
     Script then(const Script& next) const;
 
     std::vector<TouchFrame> frames() const { return performed.frames(); }
