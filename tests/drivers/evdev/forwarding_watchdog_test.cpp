@@ -84,7 +84,7 @@ TEST_F(ForwardingWatchdogTest, ReaderThatMakesProgressIsNotStuck) {
         time.advance(998ms);
         EXPECT_TRUE(time.waitUntilWaitingFor(1ms));
         watchdog.progress();
-        time.advance(1ms); // wakes the watchdog, which sees the progress
+        time.advance(1ms); // wakes the watchdog, which then detects the progress
     }
     EXPECT_TRUE(watchdog.holds(one.pad));
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
