@@ -1,5 +1,6 @@
-// Tests files that are larger or deeper than any list of bindings. Each is decoded or rejected, and
-// the memory used is at most a few times the length of the file.
+// Tests files that are larger or more deeply nested than any list of bindings. Each file is decoded
+// or rejected, and the test limits the memory that this takes to a few times the length of the
+// file.
 #include "bindings/binding_json.h"
 #include "kit/live_memory.h"
 

@@ -23,7 +23,7 @@ public:
     // Creates a store, as another launch of the program does.
     BindingStore launch() const { return BindingStore(asked()); }
 
-    // Writes the file before a launch.
+    // Writes the bindings file, which a later launch() reads. Creates its folder if it is missing.
     void write(std::string_view content) const;
 
 private:
