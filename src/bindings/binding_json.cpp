@@ -215,7 +215,7 @@ public:
     bool string(std::string& value) override { return scalar(std::move(value)); }
     bool binary(json::binary_t& /*value*/) override { return false; }
 
-    // Only called for negative numbers, including "-0".
+    // Called only for negative numbers, including "-0".
     bool number_integer(std::int64_t value) override {
         return value == 0 ? number_unsigned(0) : null();
     }
