@@ -16,7 +16,7 @@
 // touch continues after wake-up.
 //
 // Thread:  the main thread. The callbacks that it installs in the engine and the monitor run on
-//          their threads, hold it weakly, and do nothing after its destruction.
+//          their threads, hold its parts weakly, and do nothing after its destruction.
 // Owner:   the application, the test agent and each replayed recording create their own.
 // Errors:  none of its own. If the touchpad or a permission is missing, the other parts keep
 //          working.
