@@ -18,8 +18,8 @@ namespace glidemap {
 
 namespace {
 
-// Seconds and normalised units. A tap may drift less than a long press, because a finger rolls more
-// the longer it rests.
+// Seconds and normalised units. A tap may drift less than a long press, because a finger that rests
+// longer rolls more.
 constexpr double maxTapDuration = 0.3;
 constexpr double maxTapDrift = 0.035;
 constexpr double doubleTapInterval = 0.45;

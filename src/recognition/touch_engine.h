@@ -106,9 +106,9 @@ private:
     std::shared_ptr<FramePool> frames = std::make_shared<FramePool>();
     mutable std::mutex touchCountLock;
     int _touchingCount = 0;
-    FingerChanges fingerChanges; // guarded by touchCountLock, like the count
-    // The number of the finger change after which all recognizers wait for the next one, or
-    // noChange.
+    FingerChanges fingerChanges; // guarded by touchCountLock, like _touchingCount
+    // While all recognizers wait for the next finger change: the number of changes so far.
+    // Otherwise noChange.
     std::atomic<std::uint64_t> awaitedChange = noChange;
     std::atomic<double> lastFireTime = 0;
     bool hasStarted = false;
