@@ -24,7 +24,7 @@ namespace {
 
 using namespace glidemap::vm;
 
-constexpr double microsecond = 1000; // nanoseconds, the samples' unit
+constexpr double microsecond = 1000; // in nanoseconds, the unit of the samples
 
 // Waits for a device's events on a thread of its own, and records when it has read a frame.
 class WaitingProgram {
