@@ -8,12 +8,12 @@
 //
 // When frames are sent. Every verb moves the hand from one time to another. down(), add(), lift(),
 // up() and report() send one frame, at the end of the previous verb. If that time has already been
-// reported, the frame is sent one interval later. hold() and until() send frames during their time;
-// the frame at its end belongs to the next verb. In down().hold(0.3).up(), the frame of `up()` is
-// sent 0.3 s after that of down(). A move ends with its own frame, at the finger's destination.
+// reported, the frame is sent one interval later. hold() and until() send frames during their time,
+// but the frame at the end belongs to the next verb. In down().hold(0.3).up(), the frame of `up()`
+// is sent 0.3 s after that of down(). A move ends with its own frame, at the finger's destination.
 //
 // Exact times. The first frame is at 0, and a time is the sum of the verbs' durations; the times of
-// frames within a verb count from its start. A difference to 0 is exact, so
+// frames within a verb count from its start. Subtracting 0 is exact, so
 // fingers(2).down().until(limit).up() lasts exactly `limit`, and so does until(justAbove(limit)).
 // If a limit is measured from a later time, startingAt() puts that time at 0:
 // fingers(2).startingAt(-0.1).down().until(0).up() ends exactly at 0.
