@@ -149,7 +149,7 @@ TEST_F(ForwardingWatchdogTest, GrabsNothingWhilePaused) {
     EXPECT_TRUE(grab(two));
 }
 
-// The process stops once pause() returns, and a stopped process cannot release a grab.
+// After pause() has returned, the process is stopped, and a stopped process cannot release a grab.
 TEST_F(ForwardingWatchdogTest, PauseDuringAGrabUngrabsTheTouchpadBeforeReturning) {
     std::thread pausing;
     bool isGrabbed = true;

@@ -88,7 +88,7 @@ TEST(ReplayDriver, PlaysOnceByDefault) {
     session.setRecording(tap);
     session.start();
     session.waitFor(3);
-    waitForThreads(before); // a player that still runs keeps its thread
+    waitForThreads(before); // waits until the player's thread has ended
     EXPECT_EQ(session.deliveryCount(), 3U);
 }
 
