@@ -81,8 +81,8 @@ std::string textOf(const Row& row) {
     const std::size_t times = row.size / (row.repeated.size() + row.repeatedAgain.size()) + 1;
     std::string text;
     text.reserve(row.size + 1'000);
-    // Doubles the text: test code is compiled without optimisation in every build, and a hundred
-    // million appends would take seconds.
+    // Doubles the text again and again, because test code is compiled without optimisation, and a
+    // hundred million appends would take seconds.
     const auto repeat = [&](std::string_view what) {
         const std::size_t start = text.size();
         const std::size_t end = start + times * what.size();
