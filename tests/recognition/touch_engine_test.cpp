@@ -163,7 +163,7 @@ TEST(TouchEngineTest, CooldownStartsBeforeTheCallbackRuns) {
 TEST(TouchEngineTest, CooldownDropsAQuickUnboundDoubleTap) {
     EngineStage stage;
     const auto tap = fingers(2).down().hold(0.05).up();
-    stage.play(tap.wait(0.15).then(tap)); // ends 0.2 s apart
+    stage.play(tap.wait(0.15).then(tap)); // the taps end 0.2 s apart
     stage.finish();
     EXPECT_EQ(gesturesOf(stage.reported), std::vector{twoFingerTap});
 }
@@ -344,7 +344,7 @@ TEST(TouchEngineDestructionTest, EngineMayBeDestroyedWhileFramesAreQueued) {
     stage.submit({0.1, {}});
     const std::weak_ptr<TouchEngine> watched = stage.engine;
     stage.engine.reset();
-    EXPECT_TRUE(watched.expired()); // the queue does not own it
+    EXPECT_TRUE(watched.expired()); // the queue does not own the engine
     stage.run();
     EXPECT_EQ(stage.reported, ReportedGestures());
 }
