@@ -57,7 +57,7 @@ bool WordSearch::finds(const std::string& names) const {
         words, [&](const std::string& word) { return names.find(word) != std::string::npos; });
 }
 
-// The line break prevents a word from matching across the two texts.
+// The line break between the two texts prevents a word from matching across them.
 std::string searchableNames(const std::function<std::string(const Lang&)>& names) {
     static const FixedLanguage english("en");
     static const FixedLanguage chinese("zh");
