@@ -8,8 +8,8 @@ namespace glidemap {
 
 namespace {
 
-// A loop as a person draws it: slightly oval, and ending nearer to the centre than it starts, or
-// farther away.
+// A loop as a person draws it: slightly oval, with an end that is nearer to the centre than the
+// start, or farther away.
 struct Loop {
     PadPoint centre;
     double radius = 0; // in units of the pad's height
