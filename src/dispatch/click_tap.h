@@ -1,9 +1,9 @@
 // Port: filters the stream of mouse-button events and may consume some.
 //
 // Units:   button numbers: 0 left, 1 right.
-// Thread:  create(), setEnabled() and remove() on the main thread; setEnabled() also from within
-//          the callback. The callback runs on one thread at a time: the main thread or the
-//          touchpads' reader. It is not called after remove() has returned.
+// Thread:  create(), setEnabled(), setNeeded() and remove() on the main thread; setEnabled() also
+//          from within the callback. The callback runs on one thread at a time: the main thread or
+//          the touchpads' reader. It is not called after remove() has returned.
 // Owner:   the program creates one for the click monitor.
 // Errors:  create() returns false.
 #pragma once
