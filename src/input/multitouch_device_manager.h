@@ -29,7 +29,8 @@ struct TouchDriverPlatform {
     };
 
     std::string libraryPath;
-    // Resolves the two functions in the loaded driver, whose handle from dlopen() is `handle`.
+    // Resolves the functions of ListAccess in the loaded driver. `handle` is the handle that
+    // dlopen() returned for the driver.
     std::function<ListAccess(void* handle)> listAccess;
 };
 
