@@ -43,7 +43,7 @@ public:
 private:
     bool makeRoom(LiveIndex& live);
 
-    std::vector<Track> places; // the first `count` are tracks; the rest only keeps memory for reuse
+    std::vector<Track> places; // the first `count` are tracks; the others keep memory for reuse
     std::size_t count = 0;
     std::size_t endedCount = 0;
     bool crowded = false;
