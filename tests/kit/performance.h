@@ -29,7 +29,7 @@ struct ReportedGesture {
 // The component to which a script is played.
 enum class Through {
     recognizer, // frames go directly to a recognizer, which reports every gesture
-    engine,     // records go to the contact callback; the cooldown drops some gestures
+    engine,     // records go to the contact callback, and the cooldown applies
 };
 
 struct Stage {

@@ -31,7 +31,8 @@ void expectRowsInEveryVariant(std::span<const Row> rows);
 void expectReportedGestures(const Script& script, const std::vector<ReportedGesture>& expected,
                             const Stage& stage = {});
 
-// Returns the text of a failed row; empty if the variant reported the expected gestures.
+// Returns an error message for the row, or an empty text if the variant reported the expected
+// gestures.
 std::string mismatch(const Row& row, const Variant& variant);
 
 } // namespace glidemap::kit

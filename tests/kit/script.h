@@ -98,7 +98,7 @@ Script fingersAt(std::vector<Spot> spots);
 // Returns the number as a person would write it, with all digits only if they matter.
 std::string written(double number);
 
-// Return the next representable values below and above a limit.
+// These functions return the next representable values below and above a limit.
 double justBelow(double limit);
 double justAbove(double limit);
 
