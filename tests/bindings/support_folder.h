@@ -12,7 +12,7 @@ namespace glidemap {
 
 class SupportFolder {
 public:
-    // By default, the folder is created in the folder for temporary files.
+    // By default, the folder is created where the system keeps temporary files.
     explicit SupportFolder(const std::filesystem::path& place = {}) : support(place) {}
 
     const std::filesystem::path& path() const { return support.path(); }
