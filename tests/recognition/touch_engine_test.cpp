@@ -201,7 +201,7 @@ TEST(TouchEngineTest, StoppingRemovesTheSink) {
     stage.engine->stop();
     report(frameOf(0.1, 4));
     stage.run();
-    EXPECT_EQ(stage.engine->touchingCount(), 2); // the last report that arrived
+    EXPECT_EQ(stage.engine->touchingCount(), 2); // as in the last report that arrived
 }
 
 TEST(TouchEngineTest, StoppingDiscardsPendingWork) {
