@@ -5,8 +5,8 @@
 //   beside   write ─▶ touchpad ─▶ a program that waits for it           the driver reads, too
 //   cloned   write ─▶ touchpad ─▶ driver ─▶ clone ─▶ a program that waits for it
 //
-// Measured from just before the write until the program has read the frame. All threads are asleep
-// before each frame, as between the reports of a real touchpad.
+// The measured time starts just before the write and ends when the program has read the frame. All
+// threads are asleep before each frame, as between the reports of a real touchpad.
 #include "bench/samples.h"
 #include "forwarded_pad.h"
 
@@ -24,7 +24,7 @@ namespace {
 
 using namespace glidemap::vm;
 
-constexpr double microsecond = 1000; // nanoseconds, the samples' unit
+constexpr double microsecond = 1000; // in nanoseconds, the unit of the samples
 
 // Waits for a device's events on a thread of its own, and records when it has read a frame.
 class WaitingProgram {

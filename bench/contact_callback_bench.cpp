@@ -114,7 +114,7 @@ void reportAllocations(benchmark::State& state, std::int64_t allocations) {
         benchmark::Counter(static_cast<double>(allocations), benchmark::Counter::kAvgIterations);
 }
 
-// Times whole batches, because reading the clock costs a tenth of one call.
+// Measures whole batches, because reading the clock costs a tenth of one call.
 template <typename Before, typename After>
 void timeBatches(benchmark::State& state, const RealThreads& threads, const Before& before,
                  const After& after) {

@@ -51,7 +51,7 @@ void growBindings(std::size_t count) {
     std::filesystem::remove_all(folder);
 }
 
-// Plays all frames of a session; measures its end separately.
+// Plays all frames of a session. The end of the session is measured separately.
 void growSession(int fingers, double seconds) {
     const int length = static_cast<int>(seconds * reportsPerSecond);
     std::vector<TouchFrame> frames;

@@ -59,7 +59,7 @@ HeadlessPipeline::Ports RealThreads::ports() const {
 }
 
 std::int64_t RealThreads::callOnQueueThread(std::int64_t (*function)()) const {
-    // Poll the flag, because waking a waiting thread would cost the measured thread time.
+    // Poll the flag, because waking a waiting thread would take time on the measured thread.
     std::atomic<bool> answered = false;
     std::int64_t answer = 0;
     _queue->submit([&answered, &answer, function] {

@@ -1,6 +1,7 @@
-// interface_figures [--seconds N] [--runs N] [--series N] [--beside PROGRAM]: compares the cost of
-// the program on a desktop with a bare window of the same toolkit: its start time, its memory with
-// the window open and closed, its wake-ups while idle, and the cost of one demonstration.
+// interface_figures [--seconds N] [--runs N] [--series N] [--beside PROGRAM]: measures the cost of
+// the program on a desktop: its start time, its memory with the window open and closed, its
+// wake-ups while idle, and the cost of one demonstration. The reference for start time and memory
+// is a bare window of the same toolkit.
 //
 // Starts alternate between the programs, so that load on the machine affects all of them equally.
 // PROGRAM is another build of the program, whose start times are measured as well. Fails if the

@@ -38,7 +38,7 @@ BindingList mixed() {
     return list;
 }
 
-// The worst case: one gesture bound for a thousand applications, with the global binding last.
+// The worst case: one gesture with a thousand bindings, of which the global one is the last.
 BindingList oneGesture() {
     BindingList list;
     for (int number = 1; number < bindingCount; ++number) {

@@ -75,7 +75,8 @@ void resting(benchmark::State& state) {
     }
 }
 
-// Draws a circle in under three seconds, in `points` frames; times the last frame.
+// Measures the frame in which the finger lifts after it has drawn a circle, in `points` frames and
+// less than three seconds.
 void endOfCircle(benchmark::State& state) {
     constexpr int rounds = 5;
     constexpr double duration = 2.9;

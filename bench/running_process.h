@@ -19,7 +19,7 @@ struct Memory {
     long pictures = 0; // shared with the X server: window contents
 };
 
-// Seconds of the monotonic clock.
+// Returns the time of the monotonic clock, in seconds.
 double now();
 
 Memory memoryOf(pid_t process);

@@ -34,7 +34,7 @@ struct ThreadSwitches {
     std::int64_t involuntary = 0; // the thread was preempted
 };
 
-// Returns every thread of the process, in order of thread ids.
+// Returns every thread of the process, in order of thread IDs.
 std::vector<ThreadSwitches> switchesOfAllThreads();
 
 } // namespace glidemap::bench

@@ -9,8 +9,8 @@ namespace glidemap {
 
 namespace {
 
-// Follows symbolic links and returns the final path, which need not exist. Returns nullopt for a
-// cycle.
+// Follows symbolic links and returns the final path, which need not exist. Returns nullopt if there
+// are too many links, as in a cycle.
 std::optional<std::filesystem::path> followLinks(std::filesystem::path file) {
     constexpr int maxLinks = 40; // the kernel's limit
     std::error_code error;
@@ -18,14 +18,15 @@ std::optional<std::filesystem::path> followLinks(std::filesystem::path file) {
         if (!std::filesystem::is_symlink(file, error)) {
             return file;
         }
-        // A relative link is relative to its own folder; an absolute link replaces the path.
+        // A relative link is relative to the folder that contains it; an absolute link replaces the
+        // path.
         file = file.parent_path() / std::filesystem::read_symlink(file, error);
     }
     return std::nullopt;
 }
 
-// Do not replace a device with a regular file: a user may link the file to /dev/null to store
-// nothing.
+// Do not replace a device with a regular file: a user may link the bindings file to /dev/null to
+// store nothing.
 bool isDevice(const std::filesystem::path& file) {
     std::error_code error;
     return std::filesystem::is_character_file(file, error) ||

@@ -35,7 +35,7 @@ using BindingAction = std::variant<KeyShortcut, LockScreen, MissionControl, Laun
 // Returns the action's kind as the bindings file names it, without the shortcut or the application.
 std::string_view kindOf(const BindingAction& action);
 
-// Returns the text in the language that `lang` has at the time of the call.
+// Returns the action's text for the user, in the language that `lang` has at the time of the call.
 std::string displayString(const BindingAction& action, const Lang& lang = Lang::shared());
 
 } // namespace glidemap

@@ -197,9 +197,9 @@ constexpr std::array<std::string_view, 11> knownKeys = {
     "shortcut", "bundleID", "name",   "keyCode", "modifiers",
 };
 
-// Decodes each element of the array as soon as the parser has read it. Keeps only the known keys,
-// so unknown values need no memory, however long or deep they are. Stores null for a value whose
-// type no known key uses.
+// Decodes each element of the array as soon as the parser has read it. Stores only the values of
+// known keys, so unknown values use no memory once they have been parsed. Stores null for a value
+// whose type no known key uses.
 class BindingsReader : public nlohmann::json_sax<json> {
 public:
     BindingsReader() noexcept(false) = default;     // the constructor of json may throw
@@ -215,7 +215,7 @@ public:
     bool string(std::string& value) override { return scalar(std::move(value)); }
     bool binary(json::binary_t& /*value*/) override { return false; }
 
-    // Only called for negative numbers, including "-0".
+    // Called only for negative numbers, including "-0".
     bool number_integer(std::int64_t value) override {
         return value == 0 ? number_unsigned(0) : null();
     }

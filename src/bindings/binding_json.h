@@ -6,14 +6,14 @@
 // - A number is an integer if its exact value is one, in any notation: 36, 36.0, 3.6e1.
 // - If an object repeats a key, the last value counts.
 // - A byte-order mark at the start is skipped: some editors write one.
-// - Invalid UTF-8 fails the whole array: such a file is not JSON. An escaped unpaired surrogate
-//   reads as U+FFFD. An ignored number may have any size.
+// - Invalid UTF-8 makes the whole array invalid: such a file is not JSON. An escaped unpaired
+//   surrogate reads as U+FFFD. An ignored number may have any size.
 // - Values nested deeper than a shortcut inside an action inside a binding are skipped. Decoding
 //   does not recurse, so it accepts any depth.
 //
-// Memory:  encoding needs a few times the size of its result. Decoding needs its result, one
-//          binding's known values and a few times the longest ignored token. A text with unpaired
-//          surrogates or huge numbers is read twice and copied once.
+// Memory:  encoding needs a few times the size of its result. Decoding needs memory for its result,
+//          for one binding's known values, and for a few copies of the longest ignored token. A
+//          text with unpaired surrogates or huge numbers is read twice and copied once.
 // Thread:  any.
 // Errors:  decoding returns the first error as text and never throws. Encoding replaces invalid
 //          UTF-8 in a binding's texts with U+FFFD.

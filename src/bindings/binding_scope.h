@@ -27,7 +27,7 @@ struct AppScope {
 
 using BindingScope = std::variant<GlobalScope, AppScope>;
 
-// Returns the text in the language that `lang` has at the time of the call.
+// Returns the scope's text for the user, in the language that `lang` has at the time of the call.
 std::string displayString(const BindingScope& scope, const Lang& lang = Lang::shared());
 
 } // namespace glidemap

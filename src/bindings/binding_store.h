@@ -4,9 +4,9 @@
 // Thread:  changed and observed on the main thread; read on any thread, where each reader gets a
 //          consistent snapshot of the list. match() and doubleTapBindingExists() do not allocate.
 // Owner:   the program creates one.
-// Errors:  if the file cannot be read or is invalid, uses the default bindings. A failed save shows
-//          no message; saveFailure() returns its error until a save succeeds. The program retries
-//          the save on the next change and on exit.
+// Errors:  if the file cannot be read or is invalid, the store uses the default bindings and saves
+//          them. A failed save shows no message; saveFailure() returns its error until a save
+//          succeeds. The program retries the save on the next change and on exit.
 #pragma once
 
 #include "bindings/indexed_bindings.h"

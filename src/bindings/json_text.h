@@ -15,13 +15,13 @@ namespace glidemap {
 
 // Returns the value of a valid JSON number in any notation: 36, 36.0, 3.6e1 and 360e-1 are equal.
 // Returns nullopt if the number is negative, has a fraction or does not fit into 64 bits. Accepts
-// any single character as the decimal point, because parsers use the locale's.
+// any single character as the decimal point, because parsers use the locale's decimal point.
 std::optional<std::uint64_t> wholeNumber(std::string_view number);
 
-// Replaces with null each number that exceeds 64 bits and that the parser might reject, and
-// replaces with U+FFFD each escaped unpaired surrogate. All other text keeps its position, so the
-// positions in the parser's messages are valid for the original. Returns nullopt if the text needs
-// no change.
+// Returns a copy of the text in which null replaces numbers that are so large that the parser might
+// reject them, and U+FFFD replaces escaped unpaired surrogates. All other text keeps its position,
+// so the positions in the parser's messages are valid for the original. Returns nullopt if the text
+// needs no change.
 std::optional<std::string> parsableJson(std::string_view text);
 
 } // namespace glidemap

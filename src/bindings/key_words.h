@@ -17,8 +17,8 @@ namespace glidemap {
 std::string keyWords(std::uint16_t keyCode, const Lang& lang,
                      KeyboardKind keyboard = usualKeyboard());
 
-// Returns the key's label in shortcut texts, such as "→". Empty for a key without a label, which
-// shortcut texts show by its number.
+// Returns the label that shortcut texts show for the key, such as "→". Returns an empty text for a
+// key without a label, for which shortcut texts show its number.
 std::string keyLabel(std::uint16_t keyCode);
 
 // Returns the name of a single modifier bit, such as "Ctrl" or "Control".

@@ -1,4 +1,4 @@
-// Finds bindings that can never run because an earlier enabled binding has the same gesture and
+// Finds bindings that can never run, because an earlier enabled binding has the same gesture and
 // scope.
 //
 // Thread:  any; a pure function.
@@ -11,7 +11,7 @@
 
 namespace glidemap {
 
-// Returns one value per binding, in the list's order.
+// Returns, for each binding in the order of the list, whether it can never run.
 std::vector<bool> shadowedBindings(const BindingList& bindings);
 
 } // namespace glidemap

@@ -12,7 +12,7 @@ class Chance {
 public:
     explicit Chance(std::uint64_t seed) : state(seed) {}
 
-    // Uniformly distributed over [low, high).
+    // Returns a uniformly distributed value in [low, high).
     double between(double low, double high);
 
     // Returns true with a probability of 1 / `times`.

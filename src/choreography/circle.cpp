@@ -8,13 +8,13 @@ namespace glidemap {
 
 namespace {
 
-// A loop as a person draws it: slightly oval, and with an end that is nearer to the centre than its
+// A loop as a person draws it: slightly oval, with an end that is nearer to the centre than the
 // start, or farther away.
 struct Loop {
     PadPoint centre;
     double radius = 0; // in units of the pad's height
     double begin = 0;  // radians
-    double sweep = 0;  // radians, positive anticlockwise
+    double sweep = 0;  // radians, positive counterclockwise
     double oval = 0;   // relative to the radius; added along x and subtracted along y
     double spiral = 0; // growth of the radius over the whole sweep, relative to the radius
 

@@ -32,7 +32,8 @@ double strokeProgress(double part);
 
 FingerPath restingAt(PadPoint place);
 
-// Moves from `start` by `displacement`, beginning at `time` and lasting `duration`.
+// Returns a path that moves from `start` by `displacement`, beginning at `time` and lasting
+// `duration`.
 FingerPath stroke(PadPoint start, PadPoint displacement, double time, double duration);
 
 } // namespace glidemap

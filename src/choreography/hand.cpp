@@ -9,7 +9,7 @@ namespace {
 
 constexpr double liftingSkew = 0.008;
 
-// Fingertips avoid the outermost rim unless they target it.
+// Fingertips stay away from the rim of the pad, except in gestures that use the rim.
 constexpr double rim = 0.05;
 
 struct Extent {

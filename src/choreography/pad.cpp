@@ -22,7 +22,6 @@ constexpr double maxDriftSpeed = 0.024 / 3.5;
 constexpr double minJitter = 0.0006;
 constexpr double maxJitter = 0.0028;
 
-// A contact as the pad tracks it.
 class Contact {
 public:
     Contact(const Finger& finger, std::int32_t identifier, double hover, Chance& chance)

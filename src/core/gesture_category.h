@@ -1,6 +1,6 @@
 // The ten groups of gestures, as the settings window lists them.
 //
-// Thread:  any; the texts are in the current language unless the caller names another.
+// Thread:  any; the texts are in the current language unless the caller passes another.
 #pragma once
 
 #include <array>
@@ -42,7 +42,7 @@ std::string displayName(GestureCategory category, const Lang& lang);
 // The name of the category's icon in the system's symbol set.
 std::string_view symbolName(GestureCategory category);
 
-// Every gesture of the category, in the order of declaration.
+// Returns the gestures of the category, in the order of declaration.
 std::vector<GestureType> gestures(GestureCategory category);
 
 } // namespace glidemap

@@ -4,8 +4,8 @@
 // one-finger tap and no five-finger double tap, click or long press. Pinches and rotations exist
 // for two fingers only.
 //
-// Thread:  any; the texts are in the language that is current when the function is called,
-//          unless the caller names another.
+// Thread:  any; the texts are in the language that is current when the function is called, unless
+//          the caller passes another.
 #pragma once
 
 #include "core/gesture_category.h"
@@ -100,7 +100,7 @@ struct GestureRow {
     // A swipe: the direction of movement. An edge swipe: the edge where it starts. A hold and tap:
     // the side of the tap, seen from the holding finger.
     GestureDirection direction;
-    // The name of the icon in the system's symbol set; each category has one.
+    // The name of the icon in the system's symbol set. All gestures of a category share it.
     std::string_view symbol;
     std::string_view english;
     std::string_view chinese;

@@ -22,8 +22,8 @@ public:
     // Reads the stored language code. Does not write it.
     explicit Lang(std::shared_ptr<UserDefaults> store);
 
-    // Sets where the shared instance stores its code. Call before the first shared(). Without this
-    // call, the code is lost on exit.
+    // Sets where the shared instance stores its code. Must be called before the first shared().
+    // Without this call, the code is lost on exit.
     static void configureShared(std::shared_ptr<UserDefaults> store);
     static Lang& shared();
 

@@ -54,8 +54,8 @@ void addTime(Line& line) {
     line.add(thousandths.view().substr(1));
 }
 
-// A pipe or terminal that is ready accepts a short line without blocking. A pipe without a reader
-// also sets POLLERR, and writing to it would raise SIGPIPE and end the program.
+// A pipe or terminal that is ready accepts a short line without blocking. For a pipe without a
+// reader, poll() also sets POLLERR; writing to such a pipe would raise SIGPIPE and end the program.
 void writeWithoutBlocking(std::string_view line) {
     static std::mutex mutex;
     const std::lock_guard lock(mutex);

@@ -1,5 +1,6 @@
 // The log: one line on standard error for each decision that helps to analyse a user's report.
-// Enabled only if GLIDEMAP_LOG=1 is in the environment or the program is started with --verbose.
+// Enabled only if the program is started with --verbose, or if the environment variable
+// GLIDEMAP_LOG has a value other than "" and "0".
 //
 //   logLine("touchpads", "grabbed ", node, " after ", count, " attempts");
 //   glidemap 1234.567 touchpads: grabbed /dev/input/event5 after 2 attempts

@@ -31,7 +31,8 @@ void Observable::announceDidChange() {
 }
 
 void Observable::announce(std::function<void()> Subscription::Entry::*which) {
-    // An observer may subscribe or unsubscribe during a notification.
+    // Iterates over a copy, because an observer may subscribe or unsubscribe during the
+    // notification.
     const auto listed = entries->list;
     for (const auto& reference : listed) {
         if (const auto entry = reference.lock(); entry && (*entry).*which) {

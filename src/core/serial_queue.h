@@ -22,8 +22,8 @@ public:
     virtual void submit(Task task) = 0;
 
     // Like submit(), but need not wake a sleeping queue: the queue may delay the task until another
-    // task is submitted or many tasks are pending. For tasks that only affect later tasks. The
-    // order of submission is kept.
+    // task is submitted or many tasks are pending. Intended for tasks whose only effect is on later
+    // tasks. The order of submission is kept.
     virtual void defer(Task task) { submit(std::move(task)); }
 
     // Waits for the running task, if any (unless called from that task), and destroys pending tasks

@@ -1,7 +1,8 @@
 // A function object that runs once, later, possibly on another thread.
 //
-// Move-only, without arguments. Its captures are stored inline, so submitting a task never
-// allocates: a frame of contacts reaches the engine's queue as a task hundreds of times a second.
+// It is move-only and takes no arguments. Its captures are stored inline, so submitting a task
+// never allocates: a frame of contacts reaches the engine's queue as a task hundreds of times a
+// second.
 //
 // Errors:  captures larger than the inline storage do not compile. Calling an empty task
 //          is a programming error.

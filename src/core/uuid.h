@@ -1,4 +1,4 @@
-// A universally unique identifier: a random UUID.
+// A universally unique identifier. New identifiers are random.
 //
 // Thread:  any; a plain value.
 // Errors:  parsing returns nullopt unless the text is in the 36-character hyphenated form, in upper

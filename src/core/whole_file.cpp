@@ -60,7 +60,7 @@ bool writeAll(int file, std::string_view content) {
 
 // The temporary file that replaces the target. A lock on it excludes other writers. The folder is
 // not locked, because every user who can read it could take that lock. Other users cannot open the
-// temporary file.
+// temporary file until its content is complete.
 class TemporaryFile {
 public:
     TemporaryFile(int folderDescriptor, const std::string& target, FileAccess targetAccess)
@@ -75,7 +75,7 @@ public:
         if (!isInPlace) {
             unlinkat(folder, name.c_str(), 0);
         }
-        // close() alone may not release the lock: a child that another thread has just forked
+        // close() alone might not release the lock: a child that another thread has just forked
         // briefly shares the descriptor.
         flock(file.descriptor(), LOCK_UN);
     }

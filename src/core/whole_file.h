@@ -1,13 +1,15 @@
 // Writes a file atomically: a reader finds either the old content or the new content, even if the
 // writer is killed or the power fails.
 //
-// Steps: create and lock a temporary file beside the target, removing a file that a killed writer
-// left; write and flush it; rename it over the target; flush the folder.
+// Steps: remove the temporary file that a killed writer may have left; create and lock a new one
+// beside the target; write the content to the file and flush it; rename the file over the target;
+// flush the folder.
 //
 // Each target has one temporary name, ".NAME.saving", so that temporary files of killed writers do
 // not accumulate. The lock prevents a second writer from removing a file that the first one is
-// still writing. Other users cannot open the file, so they cannot take the lock. If a folder has
-// the temporary name, it is removed if empty; otherwise a number is appended to the name.
+// still writing. The file's permissions keep other users from opening it, and thus from taking the
+// lock, until its content is complete. If a folder has the temporary name, it is removed if empty;
+// otherwise a number is appended to the name.
 //
 // Thread:  any; blocks during disk access, and for at most maxWaitForWriter while another
 //          writer holds the lock.

@@ -8,7 +8,7 @@ namespace glidemap {
 
 namespace {
 
-// A language that does not follow the interface.
+// A language that stays the same when the user changes the interface's language.
 struct FixedLanguage {
     explicit FixedLanguage(const std::string& code) { lang.setCode(code); }
 
@@ -57,7 +57,7 @@ bool WordSearch::finds(const std::string& names) const {
         words, [&](const std::string& word) { return names.find(word) != std::string::npos; });
 }
 
-// Puts each name on its own line, so that no word matches across two names.
+// The line break between the two texts prevents a word from matching across them.
 std::string searchableNames(const std::function<std::string(const Lang&)>& names) {
     static const FixedLanguage english("en");
     static const FixedLanguage chinese("zh");

@@ -27,7 +27,7 @@ private:
     std::vector<std::string> words;
 };
 
-// Returns the function's texts in both languages as one string.
+// Calls `names` for English and for Chinese. Returns both results as one string in lower case.
 std::string searchableNames(const std::function<std::string(const Lang&)>& names);
 
 } // namespace glidemap

@@ -1,4 +1,4 @@
-// Port: whether the system permits this program to read touches, type and consume clicks.
+// Port: whether the system permits this program to read touches, to type, and to consume clicks.
 //
 // Thread:  the main thread; both queries return without waiting for the user.
 // Errors:  none.

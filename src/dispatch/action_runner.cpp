@@ -60,8 +60,8 @@ void ActionRunner::launchApp(const std::string& bundleID) {
     }
 }
 
-// Refers weakly to the ports, because the system may report a refusal after this runner is
-// destroyed.
+// `typeShortcut` holds the ports weakly, because the system may report a refusal after this runner
+// is destroyed.
 void ActionRunner::lockScreen() {
     if (!canLock) {
         canLock = ports.screenLock->find();

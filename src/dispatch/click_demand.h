@@ -1,5 +1,5 @@
-// Reports to the click tap whether a click could be consumed: only while the master switch is on
-// and an enabled binding for a click exists, in any scope.
+// Reports to the click tap whether a click could be consumed. This is the case only while the
+// master switch is on and an enabled binding for a click exists, in any scope.
 //
 // Thread:  the main thread.
 // Owner:   the program creates one beside the click monitor.
@@ -17,7 +17,7 @@ namespace glidemap {
 
 class ClickDemand {
 public:
-    // Notifies the tap immediately, and again after each change.
+    // Notifies the tap immediately, and again whenever the result changes.
     ClickDemand(std::shared_ptr<GestureDispatcher> dispatcher, std::shared_ptr<ClickTap> tap);
     ClickDemand(const ClickDemand&) = delete;
     ClickDemand& operator=(const ClickDemand&) = delete;

@@ -1,11 +1,11 @@
 // Port: filters the stream of mouse-button events and may consume some.
 //
 // Units:   button numbers: 0 left, 1 right.
-// Thread:  create(), setEnabled() and remove() on the main thread; setEnabled() also from within
-//          the callback. The callback runs on one thread at a time: the main thread or the
-//          touchpads' reader. It is not called after remove() has returned.
+// Thread:  create(), setEnabled(), setNeeded() and remove() on the main thread; setEnabled() also
+//          from within the callback. The callback runs on one thread at a time: the main thread or
+//          the touchpads' reader. It is not called after remove() has returned.
 // Owner:   the program creates one for the click monitor.
-// Errors:  returned as values.
+// Errors:  create() returns false.
 #pragma once
 
 #include <cstdint>
@@ -45,8 +45,8 @@ public:
     virtual void setEnabled(bool enabled) = 0;
     virtual void remove() = 0;
 
-    // Sets whether any click could be consumed. If not, a tap that costs the system time even while
-    // it only observes may pause; other taps ignore this.
+    // Sets whether any click could be consumed. If none could, a tap whose mere presence slows down
+    // the system may pause; other taps ignore the call.
     virtual void setNeeded(bool needed) = 0;
 };
 

@@ -8,9 +8,9 @@
 // Every gesture is logged, with or without a binding. Clicks are logged only if they are consumed,
 // because all others are ordinary clicks.
 //
-// While the session is locked, only the lock action runs, and nothing is logged. An action that
-// reaches the main thread too late is dropped, and clicks pass while the main thread is stalled.
-// See timely_queue.h.
+// While the session is locked, only the lock action runs, and the log of recent gestures stays
+// unchanged. An action that reaches the main thread too late is dropped, and clicks pass while the
+// main thread is stalled. See timely_queue.h.
 //
 // Thread:  handle(), handleClickGesture(), masterEnabled(), frontmost() and resolveBinding() on any
 //          thread, also concurrently; they never wait for an action. All other functions on the

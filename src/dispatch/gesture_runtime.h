@@ -16,7 +16,7 @@
 // touch continues after wake-up.
 //
 // Thread:  the main thread. The callbacks that it installs in the engine and the monitor run on
-//          their threads, hold it weakly, and do nothing after its destruction.
+//          their threads, hold its parts weakly, and do nothing after its destruction.
 // Owner:   the application, the test agent and each replayed recording create their own.
 // Errors:  none of its own. If the touchpad or a permission is missing, the other parts keep
 //          working.
@@ -52,7 +52,7 @@ public:
 
     void start();
 
-    // Idempotent. Changes of the session then have no effect until the next start().
+    // Idempotent. After this call, changes of the session have no effect until the next start().
     void stop();
 
     // Call this when touchpads may have been attached or the program may have gained access to

@@ -1,7 +1,7 @@
-// Port: locks the screen immediately, by a function of the system.
+// Port: locks the screen immediately, through a function of the system.
 //
 // Thread:  the main thread.
-// Errors:  returned as values.
+// Errors:  find() returns false; lock() calls `otherwise`.
 #pragma once
 
 #include <functional>

@@ -15,7 +15,7 @@ namespace glidemap {
 
 // A field is absent if the application does not report it.
 struct Application {
-    std::optional<std::string> bundleID; // on Linux the desktop entry's id without ".desktop"
+    std::optional<std::string> bundleID; // on Linux the desktop entry's ID without ".desktop"
     std::optional<std::string> name;     // localised
 
     friend bool operator==(const Application&, const Application&) = default;

@@ -1,5 +1,5 @@
-// One contact, in the exact memory layout that the touch driver uses. A closed-source library
-// shares this layout.
+// One contact, in the exact memory layout that the touch driver uses. On macOS, that driver is a
+// closed-source library.
 //
 // Units:   normalised positions 0..1 on both axes, origin bottom-left, y upwards; other
 //          fields in the driver's units.

@@ -5,8 +5,8 @@
 //          contactCallback on the driver's thread.
 // Owner:   the process (`MultitouchDeviceManager::shared()`); tests and tools create their
 //          own, one at a time, because all instances share the sink.
-// Errors:  never fatal. The text of loadError() is in Simplified Chinese, whatever the language of
-//          the interface. After a failure, start() does nothing.
+// Errors:  never fatal. The text of loadError() is in Simplified Chinese, regardless of the
+//          language of the interface. After a failure, start() does nothing.
 #pragma once
 
 #include "core/observable.h"
@@ -29,7 +29,8 @@ struct TouchDriverPlatform {
     };
 
     std::string libraryPath;
-    // Resolves the two functions in the loaded driver, whose handle from dlopen() is `handle`.
+    // Resolves the functions of ListAccess in the loaded driver. `handle` is the handle that
+    // dlopen() returned for the driver.
     std::function<ListAccess(void* handle)> listAccess;
 };
 
@@ -43,7 +44,7 @@ public:
     MultitouchDeviceManager(const MultitouchDeviceManager&) = delete;
     MultitouchDeviceManager& operator=(const MultitouchDeviceManager&) = delete;
 
-    // Sets the platform of the shared instance. Call before the first shared().
+    // Sets the platform of the shared instance. Must be called before the first shared().
     static void configureShared(TouchDriverPlatform platform);
     static MultitouchDeviceManager& shared();
 

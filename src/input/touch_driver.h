@@ -56,8 +56,8 @@ using UnreadableTouchpadCount = std::int32_t (*)();
 inline constexpr const char* unreadableTouchpadCountSymbol = "GlidemapUnreadableTouchpadCount";
 
 // Optional, in the replay driver: passes one report to the callback of a started device, on the
-// caller's thread. For a player with its own clock. After a call to EnablePushing, creating the
-// list returns one device without a recording or a thread.
+// caller's thread. Intended for a player with its own clock. After a call to EnablePushing,
+// creating the list returns one device, which has neither a recording nor a thread.
 using EnablePushing = void (*)();
 using Push = void (*)(const MTTouch* records, std::int32_t count, double timestamp);
 

@@ -2,10 +2,10 @@
 //
 // The path is evaluated around the mean of its points, with x stretched to the pad's aspect ratio.
 // A circle must have a plausible size, be round enough, sweep most of a turn and end near its
-// start. The result is always clockwise or anticlockwise, never the circle of any direction.
+// start. The result is always clockwise or counterclockwise, never the circle of any direction.
 //
 // Units:   normalised positions as recorded (the functions stretch them); radians, positive
-//          anticlockwise; seconds.
+//          counterclockwise; seconds.
 #pragma once
 
 #include "core/gesture_type.h"

@@ -10,8 +10,8 @@
 
 namespace glidemap {
 
-// In a corner, the first matching edge in the order left, right, top, bottom counts: the finger
-// starts there and moves inwards from it.
+// A finger that starts in a corner starts at two edges. Of these, the first one from which the
+// finger moves inwards counts, in the order left, right, top, bottom.
 std::optional<GestureType> edgeSwipeOf(const Track& track, double duration);
 
 } // namespace glidemap

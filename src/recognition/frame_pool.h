@@ -2,7 +2,7 @@
 // stream of frames does not allocate.
 //
 // Thread:  any; locks for the duration of one move.
-// Owner:   the engine, shared with the frames in flight.
+// Owner:   the engine.
 #pragma once
 
 #include "input/touch_frame.h"

@@ -4,7 +4,7 @@
 // Thread:  process() on the engine's queue only, in the order of the reports; forget() while that
 //          queue is idle. The callback is set before the first frame and runs on the engine's queue
 //          or on the thread of delayed work.
-// Owner:   the engine, shared with work that is still queued.
+// Owner:   the engine.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -29,8 +29,8 @@ public:
     // be processed late. Called on the engine's queue after process().
     virtual bool waitsForFingers() const { return false; }
 
-    // Discards the current touches without recognising a gesture. Called when the reports of their
-    // end were missed.
+    // Discards the current touches without recognising a gesture. Called before reports resume,
+    // because the end of these touches may not have been reported.
     virtual void forget() = 0;
 
     GestureCallback onGesture;

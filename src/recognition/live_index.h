@@ -31,8 +31,8 @@ public:
         return entry != nullptr ? std::optional(entry->track) : std::nullopt;
     }
 
-    // Like find(), but returns a pointer or null. For the inner loop of each frame, where returning
-    // an optional through memory would cost more than the search.
+    // Like find(), but returns a pointer or null. It is for the inner loop of each frame, where
+    // returning an optional through memory would cost more than the search.
     const Entry* entryOf(std::int32_t id) const {
         if (entries.size() > fewEntries) {
             return findAmongMany(id);
@@ -50,7 +50,8 @@ public:
     // Sorted by id.
     std::span<const Entry> all() const { return entries; }
 
-    // Stores the entries whose id is not in `ids` in `missing`. `ids` must be in ascending order.
+    // Replaces the content of `missing` with the entries whose id is not in `ids`. `ids` must be in
+    // ascending order.
     void collectMissing(std::span<const std::int32_t> ids, std::vector<Entry>& missing) const;
 
 private:

@@ -1,4 +1,4 @@
-// The geometry of pad points that all classifiers share. Pure functions.
+// Pure functions for the geometry of pad points, shared by all classifiers.
 //
 // Units:   positions normalised 0..1, origin bottom-left, y upwards; angles in radians.
 #pragma once
@@ -16,8 +16,8 @@ inline PadPoint stretched(PadPoint point) {
     return {point.x * padAspect, point.y};
 }
 
-// Uses sqrt instead of std::hypot, because it runs for every finger of every frame and positions
-// are too small to overflow.
+// Uses sqrt instead of std::hypot, because this function runs for every finger of every frame, and
+// positions are too small to overflow.
 inline double length(PadPoint vector) {
     return std::sqrt(vector.x * vector.x + vector.y * vector.y);
 }

@@ -6,7 +6,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr double minDistance = 0.02; // closer fingers are treated as one point
+constexpr double minDistance = 0.02; // fingers that start closer together make no gesture
 // The change of the distance, in units of the pad's height. A smaller change is not a pinch; an
 // equal or larger change is not a rotation.
 constexpr double minDistanceChange = 0.12;

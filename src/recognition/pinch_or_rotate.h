@@ -1,7 +1,7 @@
 // Recognises two fingers that move apart, together, or around each other.
 //
-// Units:   normalised positions as recorded (the functions stretch them to the pad's
-//          aspect ratio); radians, positive anticlockwise.
+// Units:   normalised positions as recorded (the functions stretch them to the pad's aspect ratio);
+//          radians, positive counterclockwise.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -11,7 +11,7 @@
 
 namespace glidemap {
 
-// `first` must have landed before `second`. Also returns nullopt if the distance changes too much
+// The order of the tracks does not matter. Also returns nullopt if the distance changes too much
 // for a rotation but too little for a pinch.
 std::optional<GestureType> pinchOrRotateOf(const Track& first, const Track& second);
 

@@ -18,8 +18,8 @@ namespace glidemap {
 
 namespace {
 
-// Seconds and normalised units. A tap may drift less than a long press, because a finger rolls more
-// the longer it rests.
+// Seconds and normalised units. A tap may drift less than a long press, because a finger that rests
+// longer rolls more.
 constexpr double maxTapDuration = 0.3;
 constexpr double maxTapDrift = 0.035;
 constexpr double doubleTapInterval = 0.45;
@@ -140,9 +140,9 @@ void SessionRecognizer::follow(const TouchPoint& finger, double time) {
     }
 }
 
-// Ends the track of every finger that is missing from the frame. Removes each finger from the live
-// fingers before it checks for a hold and tap. Fingers that come later in the loop still count as
-// live.
+// Ends the track of every finger that is missing from the frame. Each finger is removed from the
+// live fingers before the check for a hold and tap. Fingers that come later in the loop still count
+// as live in that check.
 void SessionRecognizer::endLiveTracks(double time) {
     liveIndex.collectMissing(fingerIds, liftedFingers);
     for (const LiveIndex::Entry& finger : liftedFingers) {
@@ -203,8 +203,9 @@ void SessionRecognizer::resetSession() {
     // Keeps lastTap and pendingSingleTap, because they span sessions.
 }
 
-// Two quick taps are always reported as a double tap, even if it has no binding. A binding only
-// delays the first tap. The second tap counts if it ends at most 0.45 s after the end of the first.
+// Two quick taps are always reported as a double tap, even if the double tap has no binding. The
+// only effect of a binding is that the first tap is delayed. The second tap counts if it ends at
+// most 0.45 s after the end of the first.
 //
 //   tap ──┬─ second within 0.45 s ──▶ double tap; a delayed single tap is cancelled
 //         └─ otherwise ─┬─ double tap bound ──▶ single tap after 0.45 s

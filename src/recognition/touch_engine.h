@@ -6,7 +6,7 @@
 //   contact callback → handleRawFrame ─────▶ process(frame) of each recognizer
 //                      count under its lock    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ waiting tap
 //
-// Most gestures are recognised when a finger lands or lifts. While the recognizers only wait for
+// Most gestures are recognised when a finger lands or lifts. While the recognizers wait only for
 // that, frames are deferred: they do not wake the queue, and the queue processes them in order
 // before the next frame that is not deferred.
 //
@@ -59,7 +59,7 @@ public:
 
     static std::shared_ptr<TouchEngine> create(Ports ports);
 
-    // Sets the factory for the shared instance's ports. Call before the first shared().
+    // Sets the factory for the shared instance's ports. Must be called before the first shared().
     static void configureShared(std::function<Ports()> makePorts);
     static const std::shared_ptr<TouchEngine>& shared();
 
@@ -106,9 +106,9 @@ private:
     std::shared_ptr<FramePool> frames = std::make_shared<FramePool>();
     mutable std::mutex touchCountLock;
     int _touchingCount = 0;
-    FingerChanges fingerChanges; // guarded by touchCountLock, like the count
-    // The number of the finger change after which all recognizers wait for the next one, or
-    // noChange.
+    FingerChanges fingerChanges; // guarded by touchCountLock, like _touchingCount
+    // While all recognizers wait for the next finger change: the number of changes so far.
+    // Otherwise noChange.
     std::atomic<std::uint64_t> awaitedChange = noChange;
     std::atomic<double> lastFireTime = 0;
     bool hasStarted = false;

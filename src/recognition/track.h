@@ -31,7 +31,7 @@ struct Track {
     // Restarts the track, reusing its memory.
     void begin(std::int32_t finger, double time, PadPoint position);
 
-    // In the header for inlining, because it runs for every finger of every frame.
+    // Defined in the header, so that it can be inlined: it runs for every finger of every frame.
     void moveTo(PadPoint position) {
         maxDrift = std::max(maxDrift, distance(position, startPos));
         lastPos = position;

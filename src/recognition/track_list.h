@@ -4,8 +4,8 @@
 // come and go. The list is therefore bounded: when it is full, it drops the tracks that have ended
 // and is marked as crowded. A crowded session cannot contain a gesture that depends on all its
 // tracks: a hand cannot land that many fingers within 1.5 s, the longest duration of such a
-// gesture. Hold-and-tap depends only on the fingers that are still down and works for the whole
-// session.
+// gesture. A hold and tap depends only on the fingers that are still down and is recognised during
+// the whole session.
 //
 // Thread:  the engine's queue.
 // Errors:  a finger is not tracked if it lands while the list is full of fingers that are
@@ -43,7 +43,7 @@ public:
 private:
     bool makeRoom(LiveIndex& live);
 
-    std::vector<Track> places; // the first `count` are tracks; the rest only keeps memory for reuse
+    std::vector<Track> places; // the first `count` are tracks; the others keep memory for reuse
     std::size_t count = 0;
     std::size_t endedCount = 0;
     bool crowded = false;

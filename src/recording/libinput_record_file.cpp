@@ -92,11 +92,11 @@ class Handler {
 public:
     Handler(LibinputRecordFile& result, LineBuffer& source) : file(result), input(source) {}
 
-    // Throws a ParseError.
+    // Throws a ParseError if the node is not in the format.
     void take(const yaml_event_t& node);
 
-    // Accepts the current device if it is the first touchpad. Also called if the file ends within a
-    // device.
+    // Accepts the current device if it is the first touchpad. Also called when parsing ends with an
+    // error, possibly within a device.
     void finishDevice();
 
 private:
@@ -321,7 +321,8 @@ void Handler::finishEvent(const Level& level) {
     file.events.push_back(event);
 }
 
-// If the recording lacks udev's properties, every pad except a touchscreen counts as a touchpad.
+// If the recording lacks udev's properties, every device with slots that is not a touchscreen
+// counts as a touchpad.
 bool Handler::isTouchpad() const {
     if (hasUdevProperties) {
         return udevReportsTouchpad;
@@ -362,7 +363,7 @@ public:
     Parser& operator=(const Parser&) = delete;
     ~Parser() { yaml_parser_delete(&parser); }
 
-    // Parses up to the end of the first document. Throws a ParseError.
+    // Parses up to the end of the first document. Throws a ParseError on failure.
     void parse(Handler& handler) {
         bool isDone = false;
         while (!isDone) {

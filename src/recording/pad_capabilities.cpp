@@ -8,7 +8,8 @@ namespace glidemap {
 
 namespace {
 
-// Real touchpads have fewer than a tenth of these slots. A description with more slots is invalid.
+// Real touchpads have fewer than a tenth of these slots. A larger value, which only an invalid
+// description contains, is clamped.
 constexpr std::int32_t maxSlot = 255;
 
 std::optional<AxisRange> axis(const PadCapabilities& device, std::uint16_t code) {

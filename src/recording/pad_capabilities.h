@@ -1,5 +1,5 @@
-// The device description at the start of an evemu or libinput recording, and the touchpad that it
-// describes.
+// The device description at the start of an evemu or libinput recording, and its conversion into a
+// PadDescription.
 //
 // Units:   the kernel's; resolutions in units per millimetre, 0 if unknown.
 // Errors:  returned as a human-readable message, without file and line.

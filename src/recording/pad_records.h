@@ -1,5 +1,5 @@
 // Converts the kernel events of an evemu or libinput recording into records: a report for each
-// frame that changed a contact, then the buttons of the same moment.
+// frame that changed a contact, then the button changes of the frame.
 //
 // Units:   as in recording/record.h.
 // Thread:  one; takes no lock.

@@ -43,8 +43,8 @@ Content contentOf(std::string_view line) {
     return Content::unknown;
 }
 
-// The first line that is neither blank nor a comment determines the format. An empty recording
-// counts as our own format.
+// The first line that is neither blank nor a comment determines the format, unless a comment before
+// it begins with "# EVEMU". An empty recording counts as our own format.
 Content recognise(LineReader& lines) {
     bool hasComment = false;
     for (std::size_t index = 0; index < maxHeadLines; ++index) {

@@ -27,8 +27,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr unsigned bindingsInAList = 2;
 
-// Returns the list with this number. The key code identifies the list, and its length differs from
-// that of its neighbours.
+// Returns the list with this number. The shortcut identifies the list. Lists with consecutive
+// numbers differ in length.
 BindingList listNumber(unsigned number) {
     BindingList list(bindingsInAList + number % 3,
                      {.gesture = GestureType::twoFingerTap,
@@ -49,8 +49,8 @@ std::optional<unsigned> numberOf(const BindingList& list) {
     return list == listNumber(number) ? std::optional(number) : std::nullopt;
 }
 
-// A process that makes one change after another and reports each. If the test does not stop the
-// process, it exits with the test, because its pipe then has no reader.
+// A process that makes one change after another and reports each one through a pipe. When the test
+// exits, the process ends, too, because the pipe then has no reader.
 class Writer {
 public:
     Writer(BindingStore& store, unsigned firstNumber) {
@@ -108,8 +108,8 @@ private:
 };
 
 #if defined(GLIDEMAP_STOPS_AT_SYSTEM_CALLS)
-// A process that makes one change and stops at the entry and exit of every system call. It can be
-// killed at each of them, however fast the machine is.
+// A process that makes one change and stops at the entry and exit of every system call. The test
+// can kill it at each stop, regardless of the speed of the machine.
 class SteppedWriter {
 public:
     SteppedWriter(BindingStore& store, unsigned number) {
@@ -237,7 +237,7 @@ TEST_P(KilledWriterTest, LeavesACompleteListAtEverySystemCall) {
     unsigned number = 0;
     int killedWhileWriting = 0;
     int killedAfterChange = 0;
-    bool isWhole = false; // true when the last round completes its change
+    bool isWhole = false; // true once a round has completed its change
     for (int stops = 1; !isWhole; ++stops) {
         {
             SteppedWriter writer(store, number + 1);
@@ -261,8 +261,8 @@ TEST_P(KilledWriterTest, LeavesACompleteListAtEverySystemCall) {
 
 #endif
 
-// On a disk, most of a change is waiting for the flush; in memory, most of it is computation. Not
-// every system has a folder in memory.
+// On a disk, a change mostly waits for the flush; in memory, it mostly computes. Not every system
+// has a folder in memory.
 std::vector<Row> folders() {
     constexpr const char* memory = "/dev/shm";
     std::vector<Row> rows = {{"aFileOnDisk", "", 500 / slowness}};

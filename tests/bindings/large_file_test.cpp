@@ -1,5 +1,6 @@
-// Tests files that are larger or deeper than any list of bindings. Each is decoded or rejected, and
-// the memory used is at most a few times the length of the file.
+// Tests files that are larger or more deeply nested than any list of bindings. Each file is decoded
+// or rejected, and the test limits the memory that this takes to a few times the length of the
+// file.
 #include "bindings/binding_json.h"
 #include "kit/live_memory.h"
 
@@ -80,8 +81,8 @@ std::string textOf(const Row& row) {
     const std::size_t times = row.size / (row.repeated.size() + row.repeatedAgain.size()) + 1;
     std::string text;
     text.reserve(row.size + 1'000);
-    // Doubles the text: test code is compiled without optimisation in every build, and a hundred
-    // million appends would take seconds.
+    // Doubles the text again and again, because test code is compiled without optimisation, and a
+    // hundred million appends would take seconds.
     const auto repeat = [&](std::string_view what) {
         const std::size_t start = text.size();
         const std::size_t end = start + times * what.size();

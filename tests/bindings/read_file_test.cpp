@@ -35,8 +35,7 @@ TEST_F(ReadFileTest, RejectsAFileAboveTheLimit) {
     EXPECT_EQ(readFile(file, limit), std::nullopt);
 }
 
-// The file is sparse: it takes no disk space, but reading it would need more memory than any
-// machine has.
+// The file is sparse: it takes no disk space, but reading it would need eight terabytes of memory.
 TEST_F(ReadFileTest, RejectsASparseFileOfManyTerabytes) {
     writeContent(file, "");
     std::filesystem::resize_file(file, 8ULL << 40);

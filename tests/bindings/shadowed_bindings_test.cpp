@@ -42,7 +42,6 @@ TEST(ShadowedBindingsTest, IgnoreDisabledBindings) {
         ElementsAre(false, false, false));
 }
 
-// The store never matches a shadowed binding.
 TEST(ShadowedBindingsTest, AreNeverMatched) {
     const BindingList list{bound(pinchIn, AppScope{"mail", "Mail"}), bound(pinchIn, GlobalScope{}),
                            bound(pinchIn, AppScope{"mail", "Mail"}), bound(pinchIn, GlobalScope{})};

@@ -12,7 +12,7 @@ namespace glidemap {
 
 class SupportFolder {
 public:
-    // By default, the folder is created in the folder for temporary files.
+    // By default, the folder is created where the system keeps temporary files.
     explicit SupportFolder(const std::filesystem::path& place = {}) : support(place) {}
 
     const std::filesystem::path& path() const { return support.path(); }
@@ -23,7 +23,7 @@ public:
     // Creates a store, as another launch of the program does.
     BindingStore launch() const { return BindingStore(asked()); }
 
-    // Writes the file before a launch.
+    // Writes the bindings file, which a later launch() reads. Creates its folder if it is missing.
     void write(std::string_view content) const;
 
 private:

@@ -120,7 +120,7 @@ TEST(LangTest, SharedInstanceStoresItsCodeInTheConfiguredStore) {
     EXPECT_EQ(sharedStore->string(key), "en");
 }
 
-// The engine's queue also creates texts: it builds the labels of gestures in the log.
+// The engine's queue also creates texts: those of the actions in the log of recent gestures.
 TEST(LangTest, ReaderOnAnotherThreadGetsTheOldOrTheNewCode) {
     Lang lang(nullptr);
     std::atomic<bool> done = false;

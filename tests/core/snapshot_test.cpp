@@ -32,8 +32,8 @@ TEST(SnapshotTest, OldValueIsDestroyedWithItsLastReader) {
     EXPECT_EQ(value.use_count(), 1);
 }
 
-// If the old value's destructor ran under the lock, reading the current value from it would
-// deadlock.
+// If the old value's destructor ran under the lock, it would deadlock when it reads the current
+// value.
 TEST(SnapshotTest, OldValueIsDestroyedOutsideTheLock) {
     struct Reader;
     using Box = Snapshot<std::shared_ptr<Reader>>;

@@ -117,7 +117,7 @@ TEST_F(ClickMonitorTest, DestructorDoesNotCallTheTapAfterAStop) {
     EXPECT_THAT(tap->takeNotes(), IsEmpty());
 }
 
-// Every event type, finger count and callback result.
+// Tests every combination of event type, finger count and callback result.
 TEST_F(ClickMonitorTest, OffersOnlyPressesWithTwoToFourFingersAndDropsTheConsumedOnes) {
     enum class Answer { consumed, rejected, withoutCallback };
     for (const ClickEventType type : {leftMouseDown, leftMouseUp, rightMouseDown, rightMouseUp,

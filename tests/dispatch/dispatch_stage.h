@@ -1,5 +1,5 @@
-// A dispatcher between recording ports: the test passes gestures in and compares the typed keys and
-// the log.
+// A dispatcher with fake ports. The test passes gestures to the dispatcher, and compares the typed
+// keys and the log.
 //
 // Thread:  the test's; the test decides when the main queue runs.
 #pragma once

@@ -46,7 +46,7 @@ protected:
         monitor.start();
     }
 
-    // Returns whether a gesture may have this entry in this application.
+    // Returns whether the entry's action is bound in the entry's application.
     static bool isConsistent(const GestureLogEntry& entry) {
         const bool isInEditor = entry.appName == editorName;
         return isInEditor

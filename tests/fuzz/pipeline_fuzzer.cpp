@@ -270,7 +270,7 @@ private:
         }
     }
 
-    // Moves all fingers, or only one of them, by the same distance.
+    // Moves all fingers by the same displacement, or moves only one finger.
     void move() {
         const MTPoint way = {input.value<std::int8_t>() / 256.0F,
                              input.value<std::int8_t>() / 256.0F};

@@ -161,8 +161,8 @@ public:
         return stream;
     }
 
-    // Sends all changes in one read. With `endsFirst`, the ends of replaced touches are sent in a
-    // separate frame before the other changes.
+    // Sends all changes together, so that the driver can read them at once. With `endsFirst`, the
+    // ends of replaced touches are sent in a separate frame before the other changes.
     void writeChanges(double time, bool endsFirst) {
         const std::lock_guard lock(mutex);
         if (isRead) {

@@ -123,7 +123,7 @@ TEST(MTTouchTest, OnlyTheStatesMakeTouchAndTouchingCountAsTouching) {
     for (const auto& [state, touching] : rows) {
         EXPECT_EQ(isTouchingState(state), touching) << state;
     }
-    // This is also evaluated at compile time, where undefined behaviour is an error.
+    // These calls are also evaluated at compile time, where undefined behaviour is an error.
     static_assert(!isTouchingState(-1) && !isTouchingState(8) && !isTouchingState(31));
 }
 

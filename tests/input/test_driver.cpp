@@ -91,7 +91,7 @@ EXPORTED const void* GlidemapDeviceListValueAtIndex(DeviceList list, long index)
 }
 #endif
 
-// Functions for the test.
+// The test calls the following functions.
 
 EXPORTED const char* TestDriverCalls() {
     return calls.c_str();

@@ -20,7 +20,7 @@ namespace glidemap::kit {
 class FakeMainQueue : public MainQueue {
 public:
     FakeMainQueue() = default;
-    // Sets a function that is called with each submission, on the submitting thread. The function
+    // Sets a function that is called for each submission, on the submitting thread. The function
     // must not use the queue.
     explicit FakeMainQueue(std::function<void()> submitted) : onSubmission(std::move(submitted)) {}
 
@@ -57,7 +57,7 @@ public:
         }
     }
 
-    // Waits until another thread has submitted a task. Returns false if none came in time.
+    // Waits until another thread has submitted a task. Returns false on a time-out.
     bool waitForOne() const {
         std::unique_lock lock(mutex);
         return arrived.wait_for(lock, test::patience, [this] { return !tasks.empty(); });

@@ -1,5 +1,4 @@
-// A fake of the system's screen lock. It may be missing, and it refuses when the test calls
-// `refuse`.
+// A fake screen lock. The test sets whether it exists, and calls `refuse` to make it refuse.
 //
 // Thread:  the test's main thread.
 #pragma once

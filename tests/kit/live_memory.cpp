@@ -71,7 +71,7 @@ std::size_t allocationCount() {
 
 } // namespace glidemap::kit
 
-// All forms are replaced, because the sanitizers replace the array forms with versions that do not
+// The array forms are replaced, too, because the sanitizers replace them with versions that do not
 // write the header.
 void* operator new[](std::size_t size) {
     return counted(size, ordinary);

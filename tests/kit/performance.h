@@ -28,8 +28,8 @@ struct ReportedGesture {
 
 // The component to which a script is played.
 enum class Through {
-    recognizer, // frames go directly to a recognizer: every gesture, with the script's precision
-    engine,     // records go to the contact callback: the gestures that pass the cooldown
+    recognizer, // frames go directly to a recognizer, which reports every gesture
+    engine,     // records go to the contact callback, and the cooldown applies
 };
 
 struct Stage {
@@ -37,8 +37,8 @@ struct Stage {
     std::vector<int> boundDoubleTaps = {}; // finger counts whose double tap has a binding
 };
 
-// Returns all gestures reported until no work is pending, in order. Delayed work runs between the
-// frames, when it is due.
+// Plays the frames, and runs delayed work when it is due, between and after the frames. Returns all
+// reported gestures in order.
 std::vector<ReportedGesture> perform(std::span<const TouchFrame> frames, const Stage& stage = {});
 std::vector<ReportedGesture> perform(const Script& script, const Stage& stage = {});
 

@@ -9,7 +9,7 @@
 
 namespace glidemap::kit {
 
-// Sets all fields that the program must not read to conspicuous values.
+// Fills the fields that the program must not read with conspicuous values.
 MTTouch record(std::int32_t identifier, double x, double y,
                MTTouchState state = MTTouchState::touching);
 

@@ -19,8 +19,8 @@ class RepaintCount : public QObject {
 public:
     RepaintCount() { qApp->installEventFilter(this); }
 
-    // Waits until the widgets are idle after a change, then counts their events. A widget that
-    // requests a new layout after each layout has events in every round.
+    // Processes events until the widgets should be idle after a change, then counts their further
+    // events. A widget that requests a new layout after each layout has events in every round.
     void countAtRest() {
         runRounds();
         paints.clear();

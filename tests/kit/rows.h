@@ -1,5 +1,5 @@
-// Tables of performances. Each row has a fact about the recognizer, a script that shows the fact,
-// and all gestures that the recognizer reports.
+// Tables of performances. Each row has a statement about the recognizer, a script that demonstrates
+// it, and all gestures that the recognizer reports.
 //
 // A failure prints the row, its script, and the expected and actual gestures.
 #pragma once
@@ -24,15 +24,15 @@ struct Row {
 // Performs each row as written, for rows at a limit, where any variation would cross the limit.
 void expectRows(std::span<const Row> rows);
 
-// Performs each row as written, then with all hands and pads (see variants.h), for rows well inside
-// their limits.
+// Performs each row in every variant (see variants.h), for rows well inside their limits.
 void expectRowsInEveryVariant(std::span<const Row> rows);
 
 // Like expectRows(), but also compares the times.
 void expectReportedGestures(const Script& script, const std::vector<ReportedGesture>& expected,
                             const Stage& stage = {});
 
-// Returns the text of a failed row; empty if the variant reported the expected gestures.
+// Returns an error message for the row, or an empty text if the variant reported the expected
+// gestures.
 std::string mismatch(const Row& row, const Variant& variant);
 
 } // namespace glidemap::kit

@@ -38,7 +38,7 @@ std::string call(const std::string& verb, const Arguments&... arguments) {
     return "." + verb + "(" + list + ")";
 }
 
-// Turns `spot` around `centre`, on the pad's real shape.
+// Turns `spot` around `centre`, on a pad that is 1.35 times as wide as high.
 Spot turned(Spot spot, Spot centre, double angle) {
     const double dx = (spot.x - centre.x) * padAspect;
     const double dy = spot.y - centre.y;

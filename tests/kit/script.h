@@ -8,12 +8,12 @@
 //
 // When frames are sent. Every verb moves the hand from one time to another. down(), add(), lift(),
 // up() and report() send one frame, at the end of the previous verb. If that time has already been
-// reported, the frame is sent one interval later. hold() and until() send frames during their time;
-// the frame at its end belongs to the next verb. In down().hold(0.3).up(), the frame of `up()` is
-// sent 0.3 s after that of down(). A move ends with its own frame, at the finger's destination.
+// reported, the frame is sent one interval later. hold() and until() send frames during their time,
+// but the frame at the end belongs to the next verb. In down().hold(0.3).up(), the frame of `up()`
+// is sent 0.3 s after that of down(). A move ends with its own frame, at the finger's destination.
 //
 // Exact times. The first frame is at 0, and a time is the sum of the verbs' durations; the times of
-// frames within a verb count from its start. A difference to 0 is exact, so
+// frames within a verb count from its start. Subtracting 0 is exact, so
 // fingers(2).down().until(limit).up() lasts exactly `limit`, and so does until(justAbove(limit)).
 // If a limit is measured from a later time, startingAt() puts that time at 0:
 // fingers(2).startingAt(-0.1).down().until(0).up() ends exactly at 0.
@@ -51,13 +51,13 @@ public:
     Script moveBy(double dx, double dy, double seconds) const;
     Script moveFinger(std::size_t index, double dx, double dy, double seconds) const;
     Script moveAll(std::vector<Spot> to, double seconds) const;
-    // Turns around the centre of the hand, on the pad's real shape (wider than high); a positive
-    // angle is counterclockwise.
+    // Turns the fingers around the centre of the hand, on a pad that is 1.35 times as wide as high.
+    // A positive angle is counterclockwise.
     Script turnBy(double angle, double seconds) const;
-    // Moves away from the centre of the hand; a factor below 1 moves towards it.
+    // Moves the fingers away from the centre of the hand. A factor below 1 moves them towards it.
     Script spreadBy(double factor, double seconds) const;
-    // Moves every finger on a circle on the pad's real shape, starting at the top; positive turns
-    // are counterclockwise.
+    // Moves every finger on a circle, on a pad that is 1.35 times as wide as high. The finger
+    // starts at the top. A positive number of turns is counterclockwise.
     Script circle(double radius, double turns, double seconds) const;
     Script add(int count) const;
     Script addAt(double x, double y) const;
@@ -66,9 +66,10 @@ public:
     Script up() const;
     Script report() const;
 
-    // Waits while no finger touches.
+    // Lets time pass between touches. Throws if a finger is down; use hold() then.
     Script wait(double seconds) const;
-    // Appends all of `next` with shifted times; see "Exact times" above.
+    // Appends all verbs of `next`, which start at the end of this script. Durations stay the same,
+    // but the time of an until() in `next` is not shifted.
     Script then(const Script& next) const;
 
     std::vector<TouchFrame> frames() const { return performed.frames(); }
@@ -97,7 +98,7 @@ Script fingersAt(std::vector<Spot> spots);
 // Returns the number as a person would write it, with all digits only if they matter.
 std::string written(double number);
 
-// Return the next representable values below and above a limit.
+// These functions return the next representable values below and above a limit.
 double justBelow(double limit);
 double justAbove(double limit);
 

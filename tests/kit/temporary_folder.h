@@ -13,7 +13,7 @@ namespace glidemap::test {
 
 class TemporaryFolder {
 public:
-    // By default, the folder is created in the folder for temporary files.
+    // By default, the folder is created where the system keeps temporary files.
     explicit TemporaryFolder(const std::filesystem::path& place = {});
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;

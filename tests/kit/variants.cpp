@@ -107,7 +107,7 @@ void jitter(std::vector<TouchFrame>& frames, unsigned seed, double reach) {
     }
 }
 
-// Changes the identifiers to widely spaced values and the order in every frame.
+// Changes the identifiers to widely spaced values, and shuffles the contacts in every frame.
 void shuffleContacts(std::vector<TouchFrame>& frames, unsigned seed) {
     std::mt19937 random(seed);
     std::map<std::int32_t, std::int32_t> newIds;

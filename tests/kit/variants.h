@@ -27,7 +27,7 @@ struct Variant {
 // Returns all variants; the first one is the performance as written.
 const std::vector<Variant>& allVariants();
 
-// Return the gesture that results from mirroring this gesture horizontally or vertically.
+// These functions return the gesture that results from mirroring this gesture.
 GestureType mirroredSideways(GestureType gesture);
 GestureType mirroredUpDown(GestureType gesture);
 

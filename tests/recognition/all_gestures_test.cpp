@@ -1,4 +1,4 @@
-// Each of the 44 gestures that a pad can report, performed with many hands on many pads.
+// Tests each of the 44 gestures that a pad can report, in many variants of hands and pads.
 #include "kit/rows.h"
 
 #include <gtest/gtest.h>

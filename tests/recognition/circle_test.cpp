@@ -31,7 +31,7 @@ struct Loop {
     PadPoint centre = {0.5, 0.5};
 };
 
-// Returns a loop that is round on the pad's real shape.
+// Returns a loop that is round on a pad 1.35 times as wide as high.
 Path pathOf(const Loop& loop) {
     Path path;
     for (int point = 0; point < loop.points; ++point) {
@@ -43,8 +43,8 @@ Path pathOf(const Loop& loop) {
     return path;
 }
 
-// Returns a loop of the four compass points, in the order of the letters. The points' mean is the
-// origin if opposite letters are equally frequent, and no radius is rounded.
+// Returns a path with one compass point for each letter. If opposite letters are equally frequent,
+// the mean of the points is the origin, and the radii have no rounding errors.
 Path compass(std::string_view letters, double eastWest, double northSouth) {
     Path path;
     for (const char letter : letters) {
@@ -165,7 +165,8 @@ TEST(CircleTest, RejectsARadiusDeviationOf35PercentOrMore) {
 
 TEST(CircleTest, RejectsASweptAngleBelowTheMinimum) {
     // Runs from the east to `end`, through north, west and south. The last point lies so far inside
-    // that the gap limit does not apply, and the point opposite to it keeps the mean at the origin.
+    // that the gap stays below its maximum. The point opposite to the last one keeps the mean at
+    // the origin.
     const auto path = [](double end) {
         const PadPoint last = {0.08 * std::cos(end) / 1.35, 0.08 * std::sin(end)};
         Path points = compass("ENNNN", 0.2, 0.2);
@@ -213,7 +214,7 @@ TEST(CircleTest, RejectsAGapBetweenTheEndsAboveTheMaximum) {
 TEST(CircleTest, AcceptsAGapBetweenTheEndsAtExactlyTheMaximum) {
     // 7, 24 and 25 are the sides of a right triangle, so the last point lies on the circle of
     // radius 25. That point is 30 units, or 1.2 radii, from the first point. With this unit,
-    // dividing by 1.35 and multiplying by it again is exact.
+    // dividing by 1.35 and then multiplying by 1.35 is exact.
     const double unit = 33 / 4096.0;
     const PadPoint last = {24 * unit / 1.35, 7 * unit};
     Path path = compass("NNN", 0, 25 * unit);

@@ -1,5 +1,5 @@
-// Tests frames that may wait: those between two changes of the touching fingers, unless a long
-// press may follow. Waiting changes neither the gestures nor their times.
+// Tests deferred frames: the frames between two changes of the touching fingers, unless a long
+// press can follow. Deferring them changes neither the gestures nor their times.
 #include "kit/engine_stage.h"
 #include "kit/records.h"
 #include "kit/script.h"
@@ -24,7 +24,7 @@ using namespace kit;
 using enum GestureType;
 
 // A queue that sleeps whenever possible: it runs deferred tasks together with the next submitted
-// one.
+// task.
 class SleepyQueue : public SerialQueue {
 public:
     void submit(Task task) override {
@@ -150,8 +150,8 @@ TEST(DeferredFramesTest, RecognizerWaitsForFingerChangesUnlessALongPressIsPossib
     EXPECT_TRUE(recognizer->waitsForFingers());
 }
 
-// Simulates fingers that rest, move slowly or fast, land and lift at random, sometimes without a
-// position.
+// Simulates fingers that randomly rest, move slowly or fast, land, and lift. Some reports contain a
+// finger without a position.
 class RandomTouching {
 public:
     explicit RandomTouching(unsigned seed) : random(seed) {}

@@ -125,8 +125,8 @@ TEST(SessionDoubleTapsTest, HeldBackTapStillFiresAfterATapWithMoreFingers) {
     expectReportedGestures(taps, {{0.45, twoFingerTap}, {0.2 + 0.45, threeFingerTap}}, bound);
 }
 
-// When the older tap fires, it releases the tap that is currently held back, even if that is the
-// newer one. The double tap can then no longer cancel the newer tap.
+// When the older tap fires, the recognizer forgets the tap that is currently held back, even if
+// that is the newer one. A double tap can then no longer cancel the newer tap.
 TEST(SessionDoubleTapsTest, NewerHeldBackTapCannotBeCancelledAfterTheOlderTapHasFired) {
     const auto taps = fingers(2)
                           .startingAt(-0.1)
@@ -210,7 +210,7 @@ TEST_F(SessionDoubleTapBindingTest, HeldBackTapDoesNothingAfterTheRecognizerIsDe
     play(tapOf(2));
     const std::weak_ptr<SessionRecognizer> watched = recognizer;
     recognizer.reset();
-    EXPECT_TRUE(watched.expired()); // the held-back tap does not own it
+    EXPECT_TRUE(watched.expired()); // the held-back tap does not own the recognizer
     time.runRemaining();
     EXPECT_EQ(reported, std::vector<GestureType>());
 }

@@ -8,7 +8,7 @@ namespace {
 using namespace kit;
 using enum GestureType;
 
-// Puts down a finger that holds from `start` on.
+// Returns a script in which a finger lands at `start` and stays down.
 Script holding(double x, double y, double start = -0.5) {
     return fingersAt({{x, y}}).startingAt(start).down();
 }

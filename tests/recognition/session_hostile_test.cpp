@@ -118,7 +118,7 @@ TEST_F(SessionHostileTest, TimeMayGoBackwards) {
         report(50 - round, {{1, 0.3, 0.5, true}});
         report(-round, {});
     }
-    EXPECT_LE(reported.size(), 200U); // each session may end in at most one tap
+    EXPECT_LE(reported.size(), 200U); // a session ends in at most one tap
     expectStillWorks(1000);
 }
 

@@ -109,7 +109,8 @@ TEST(SessionLongPressTest, EarlyMovementPreventsALongPress) {
         {{0.5 + 0.3 + 1 / 125.0, pinchOut}});
 }
 
-// The callback may process the next frame immediately.
+// The nested call to process() shows the state during the callback. The program's callbacks must
+// not call process().
 TEST(SessionLongPressTest, SessionIsConsumedBeforeTheCallbackRuns) {
     VirtualTime time;
     const auto recognizer = SessionRecognizer::create(time.delayedWork());

@@ -209,7 +209,7 @@ TEST(SessionMotionTest, TwoFingersDoNotPinchIfOneOfThemHasLiftedAndLandedAgain) 
     });
 }
 
-// The loop's opening is as wide as an edge swipe.
+// The loop starts at the left rim and ends far enough to the right for an edge swipe.
 TEST(SessionMotionTest, CircleTakesPrecedenceOverAnEdgeSwipe) {
     const double radius = 0.45;
     const double opening = 1.2; // in radians, at the top

@@ -53,7 +53,6 @@ TEST(SessionTest, EmptyReportsBetweenSessionsAreIgnored) {
 }
 
 TEST(SessionTest, HoveringBeforeTheLandingDoesNotStartTheSession) {
-    // Hovering before the landing does not count.
     const Frames frames = {
         frameAt(0, {hovering(1, 0.3, 0.5)}),
         frameAt(5, {finger(1, 0.3, 0.5), finger(2, 0.4, 0.5)}),

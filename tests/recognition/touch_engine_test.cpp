@@ -65,8 +65,8 @@ TEST(TouchEngineTest, FramesAreRecognisedInTheOrderOfTheReports) {
         report(frame);
     }
     EXPECT_EQ(stage.reported, ReportedGestures());
-    // All frames are processed at once, long after their arrival: their timestamps count, except
-    // for the cooldown.
+    // All frames are processed at once, long after their arrival. Recognition uses their
+    // timestamps, and the cooldown uses the clock.
     stage.engine->onGesture = [&](GestureType gesture) {
         stage.reported.push_back({stage.time.now(), gesture});
         stage.time.advanceTo(stage.time.now() + 1);
@@ -163,7 +163,7 @@ TEST(TouchEngineTest, CooldownStartsBeforeTheCallbackRuns) {
 TEST(TouchEngineTest, CooldownDropsAQuickUnboundDoubleTap) {
     EngineStage stage;
     const auto tap = fingers(2).down().hold(0.05).up();
-    stage.play(tap.wait(0.15).then(tap)); // ends 0.2 s apart
+    stage.play(tap.wait(0.15).then(tap)); // the taps end 0.2 s apart
     stage.finish();
     EXPECT_EQ(gesturesOf(stage.reported), std::vector{twoFingerTap});
 }
@@ -174,7 +174,7 @@ TEST(TouchEngineTest, CooldownAlsoAppliesToAHeldBackTap) {
     stage.play(fingers(1).at(0.1, 0.1).startingAt(0.2).down().until(0.3).up());
     stage.finish();
     EXPECT_EQ(stage.reported,
-              (ReportedGestures{{0.3, cornerTapBottomLeft}})); // 0.45 is within its cooldown
+              (ReportedGestures{{0.3, cornerTapBottomLeft}})); // the tap at 0.45 is dropped
 }
 
 TEST(TouchEngineTest, DoubleTapQueryReachesTheBindings) {
@@ -201,7 +201,7 @@ TEST(TouchEngineTest, StoppingRemovesTheSink) {
     stage.engine->stop();
     report(frameOf(0.1, 4));
     stage.run();
-    EXPECT_EQ(stage.engine->touchingCount(), 2); // the last report that arrived
+    EXPECT_EQ(stage.engine->touchingCount(), 2); // as in the last report that arrived
 }
 
 TEST(TouchEngineTest, StoppingDiscardsPendingWork) {
@@ -230,7 +230,7 @@ TEST(TouchEngineTest, TouchesBeforeAStopAreDiscarded) {
     stage.engine->stop();
     stage.engine->start();
     EXPECT_EQ(stage.engine->touchingCount(), 0);
-    stage.submit({0.2, {}}); // no three-finger tap: the engine did not see the touches end
+    stage.submit({0.2, {}}); // no three-finger tap: the restart has discarded the touches
     // This tap is not the second tap of a double tap.
     stage.play(fingers(2).startingAt(0.25).down().until(0.3).up());
     stage.finish();
@@ -344,7 +344,7 @@ TEST(TouchEngineDestructionTest, EngineMayBeDestroyedWhileFramesAreQueued) {
     stage.submit({0.1, {}});
     const std::weak_ptr<TouchEngine> watched = stage.engine;
     stage.engine.reset();
-    EXPECT_TRUE(watched.expired()); // the queue does not own it
+    EXPECT_TRUE(watched.expired()); // the queue does not own the engine
     stage.run();
     EXPECT_EQ(stage.reported, ReportedGestures());
 }
@@ -361,7 +361,7 @@ TEST(TouchEngineDestructionTest, EngineMayBeDestroyedWhileATapIsHeldBack) {
 TEST(TouchEngineDestructionTest, ReportAfterDestructionIsDropped) {
     EngineStage stage;
     stage.engine.reset();
-    report(frameOf(0, 2)); // the sink is still installed, but the engine is gone
+    report(frameOf(0, 2)); // the sink is still installed, but the engine is destroyed
     stage.run();
     EXPECT_EQ(stage.reported, ReportedGestures());
 }

@@ -1,5 +1,5 @@
 // Reads every evemu recording in a collection from real touchpads. Compares the result with a much
-// simpler count of tracking ids and positions, taken directly from the text.
+// simpler evaluation of the text, which counts tracking IDs, frames, button changes and fingers.
 #include "read_records.h"
 #include "recording/recording_reader.h"
 
@@ -44,7 +44,8 @@ const std::set<std::string> withoutSlots = {
     "bcm5974.three-finger-click.events",
 };
 
-// Counts in the recording's text. Slots are only used to count simultaneous fingers.
+// The numbers that are counted in the recording's text. Slots serve only to count simultaneous
+// fingers.
 struct Oracle {
     int landings = 0;      // tracking ids in the text
     int frames = 0;        // SYN_REPORT events

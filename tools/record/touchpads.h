@@ -1,5 +1,5 @@
 // The recorder's access to the touchpads: their number, their names, and their raw reports and
-// buttons, which otherwise only the engine receives.
+// button events.
 //
 // Thread:  the main thread; the recorder is called on the driver's thread.
 // Owner:   main; one at a time, because the driver's callbacks have no context argument.
@@ -35,8 +35,8 @@ public:
     // Returns the touchpads' names, for display.
     std::string names() const;
 
-    // Passes all events of the touchpads to the recorder, from their start on. The recorder must
-    // exist until the touchpads are stopped.
+    // Passes all events of the touchpads to the recorder, as soon as the touchpads are started. The
+    // recorder must exist until the touchpads are stopped.
     void listen(Recorder& recorder);
 
 private:

@@ -1,4 +1,4 @@
-// Reads the bindings for a run from a file, which is never written.
+// Reads the bindings for a run from a file. Does not modify the file.
 //
 // Errors:  returned as text, without the file's name.
 #pragma once

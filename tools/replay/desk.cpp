@@ -15,8 +15,8 @@
 
 namespace glidemap::replay {
 
-// The simulated system of a run: every feature exists, no action takes effect, and each action is
-// reported to the listener.
+// The following classes simulate the system for a run: every feature exists, no action takes
+// effect, and each action is reported to the listener.
 
 class SimulatedKeyEvents : public KeyEventPoster {
 public:
@@ -107,7 +107,7 @@ public:
 
 namespace {
 
-// The click tap's button numbers. The tap does not see the middle button.
+// The click tap's button numbers. The tap does not receive events of the middle button.
 constexpr std::int32_t leftButton = 0;
 constexpr std::int32_t rightButton = 1;
 
@@ -125,7 +125,7 @@ std::optional<ClickEvent> clickEvent(const ButtonRecord& record) {
     }
 }
 
-// A recording writes an empty name for an application without a name.
+// A recording contains an empty name for an application without a name.
 std::optional<std::string> nonEmpty(const std::string& text) {
     return text.empty() ? std::nullopt : std::optional(text);
 }

@@ -1,5 +1,5 @@
 // The program's runtime for one run, with ports that report every action to the listener. It
-// inspects each gesture and click before the dispatcher does, to report the matching binding.
+// inspects each gesture and click before the dispatcher handles it, to report the matching binding.
 //
 //   gesture, click ─▶ dispatcher ─▶ main queue ─▶ action runner ─▶ listener
 //

@@ -38,7 +38,7 @@ extern const char* const helpText;
 // The exit status.
 enum class Status : int {
     success = 0,
-    failure = 1,  // a performance was not recognised as intended, or the pipeline failed
+    failure = 1,  // a performance was not recognised as intended, or the driver or an output failed
     badInput = 2, // an unreadable or malformed recording or bindings file, or a usage error
 };
 

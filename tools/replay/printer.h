@@ -23,7 +23,7 @@ public:
     void printFile(const std::string& name);
     void print(const RunEvent& event);
 
-    // For a performance: print its intended gesture when it begins, and its result when it ends.
+    // For each performance, call printIntention() when it begins, and printOutcome() when it ends.
     void printIntention(GestureType intended);
     void printOutcome(GestureType intended, const std::vector<Recognised>& outcome,
                       bool isAsIntended);

@@ -4,8 +4,8 @@
 
 namespace glidemap::replay {
 
-// Ignores the driver in the environment, because reports can only be pushed into our own replay
-// driver.
+// Ignores the driver that the environment names, because reports can only be pushed into our own
+// replay driver.
 ReplayDriver::ReplayDriver() : manager(touchDriverPlatformAt(touchDriverPath("replay"))) {
     const auto enablePushing = reinterpret_cast<driver::EnablePushing>(
         manager.optionalSymbol(driver::enablePushingSymbol));

@@ -43,8 +43,9 @@ Run::~Run() {
     desktop.stop();
 }
 
-// The engine does not report the gestures that its cooldown drops. The run therefore observes each
-// gesture before the engine and checks whether the engine delivers it.
+// The engine does not report the gestures that its cooldown drops. The run therefore intercepts
+// each gesture on its way from the recognizer to the engine, and checks whether the engine delivers
+// it.
 void Run::listen() {
     SessionRecognizer& recognizer = engine->sessionRecognizer();
     recognizer.onGesture = [this, deliver = recognizer.onGesture](GestureType gesture) {

@@ -1,4 +1,4 @@
-// On macOS, the function behind errno has another name than in musl.
+// On macOS, the function behind errno has a different name than in musl.
 #pragma once
 
 #include_next <errno.h>

@@ -1,4 +1,4 @@
-// On macOS, a thread can only name itself, so the function takes the name alone.
+// On macOS, a thread can name only itself, so the function does not take a thread.
 #pragma once
 
 #include_next <pthread.h>

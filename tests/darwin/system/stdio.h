@@ -1,4 +1,4 @@
-// On macOS, the standard streams are macros for variables with other names.
+// On macOS, the standard streams are macros for variables whose names differ from those in musl.
 #pragma once
 
 #include_next <stdio.h>

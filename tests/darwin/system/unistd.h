@@ -1,4 +1,4 @@
-// getpeereid() returns the user id of the peer of a local socket. Its declaration was written from
+// getpeereid() returns the user ID of the peer of a local socket. Its declaration was written from
 // memory, and is not checked against macOS.
 #pragma once
 

@@ -1,5 +1,5 @@
-// Tests the click filter as a program uses it: set, switched and called through the driver's
-// thread.
+// Tests the click filter as a program uses it: the test sets and switches the filter, and the
+// driver's thread calls it.
 
 #include "drivers/evdev/touchpad_driver.h"
 #include "fake_pads.h"

@@ -1,4 +1,5 @@
-// A fake of the system for one touchpad: its grab, its clone, and the user's right to create one.
+// A fake of the system for one touchpad: the grab, the clone, and the user's permission to create a
+// clone.
 //
 // Thread:  any; the test's, the reader's and the watchdog's threads use it.
 #pragma once
@@ -20,7 +21,8 @@
 
 namespace glidemap::test {
 
-// Formats each event as "3:57=4", with spaces between a frame's events, without the SYN_REPORT.
+// Formats each event as its type, code and value, such as "3:57=4". Separates the events with
+// spaces, and omits EV_SYN events.
 inline std::string textOf(std::span<const InputEvent> frame) {
     std::string text;
     for (const InputEvent& event : frame) {
@@ -46,7 +48,8 @@ public:
     void breakClone() {
         set([&] { cloneBroken = true; });
     }
-    // Sets the clone's progress. By default a program opens the clone immediately.
+    // Sets the state of the clone that the driver detects: whether it has a node, whether udev has
+    // announced it, and whether a program has it open. By default, all three are true.
     void setStanding(const CloneStanding& newStanding) {
         set([&] { standing = newStanding; });
     }
@@ -54,7 +57,7 @@ public:
         set([&] { now = time; });
     }
 
-    // The driver calls the functions below.
+    // The driver calls the functions from here to destroyClone().
     std::optional<double> grab() {
         const std::lock_guard lock(mutex);
         if (grabbedByOthers) {
@@ -162,7 +165,7 @@ private:
     std::shared_ptr<FakeSystem> system;
 };
 
-// Returns the clone's progress in the fake system.
+// Reports the standing that the fake system stores for the clone.
 class FakeCloneWatch : public CloneWatch {
 public:
     std::array<int, 2> descriptors() const override { return {-1, -1}; }

@@ -135,10 +135,10 @@ public:
         eventfd_write(changes.descriptor(), 1);
     }
 
-    // Signals a change in the folder that affects no touchpad.
+    // Signals a change in the device folder that affects no touchpad.
     void change() { eventfd_write(changes.descriptor(), 1); }
 
-    // While `block` is true, a search for touchpads waits.
+    // After a call with true, every search for touchpads blocks until a call with false.
     void blockCandidates(bool block) {
         const std::lock_guard lock(mutex);
         blocking = block;

@@ -47,8 +47,8 @@ public:
         }
     }
 
-    // Returns true once the watchdog sleeps with this remaining time. nullopt means a sleep without
-    // a time-out.
+    // Waits until the watchdog sleeps with this remaining time, or returns false if it does not.
+    // nullopt means a sleep without a time-out.
     bool waitUntilWaitingFor(std::optional<std::chrono::nanoseconds> left) {
         std::unique_lock own(mutex);
         return news.wait_for(own, limit, [&] {

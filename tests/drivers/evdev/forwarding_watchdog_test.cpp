@@ -84,7 +84,7 @@ TEST_F(ForwardingWatchdogTest, ReaderThatMakesProgressIsNotStuck) {
         time.advance(998ms);
         EXPECT_TRUE(time.waitUntilWaitingFor(1ms));
         watchdog.progress();
-        time.advance(1ms); // wakes the watchdog, which sees the progress
+        time.advance(1ms); // wakes the watchdog, which then detects the progress
     }
     EXPECT_TRUE(watchdog.holds(one.pad));
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
@@ -149,7 +149,7 @@ TEST_F(ForwardingWatchdogTest, GrabsNothingWhilePaused) {
     EXPECT_TRUE(grab(two));
 }
 
-// The process stops once pause() returns, and a stopped process cannot release a grab.
+// After pause() has returned, the process is stopped, and a stopped process cannot release a grab.
 TEST_F(ForwardingWatchdogTest, PauseDuringAGrabUngrabsTheTouchpadBeforeReturning) {
     std::thread pausing;
     bool isGrabbed = true;

@@ -37,7 +37,7 @@ protected:
         return self.answer ? self.answer(event) : true;
     }
 
-    // Switches the filter and waits until the clone is ready or removed.
+    // Switches the filter, and advances the time until the clone is ready or removed.
     void switchOn(bool on = true) {
         clicks.switchOn(on);
         interception->settle();
@@ -254,7 +254,7 @@ TEST_F(PadInterceptionTest, EventsForAMissingSlotAreNotForwarded) {
     }
 }
 
-// The finger landed between the last read and the grab, so other programs have seen it.
+// The finger landed between the last read and the grab, so other programs have received its events.
 TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheGrabIsNotForwarded) {
     system().setTime(10);
     switchOn();
@@ -482,7 +482,8 @@ TEST_F(PadInterceptionTest, ReusesTheRetainedCloneWhenSwitchedOnAgain) {
     EXPECT_FALSE(interception->nextLook().has_value());
 }
 
-// The finger landed between the last read and the ungrab, so other programs have not seen it.
+// The finger landed between the last read and the ungrab, so other programs have not received its
+// events.
 TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheUngrabIsForwarded) {
     system().setTime(10);
     switchOn();

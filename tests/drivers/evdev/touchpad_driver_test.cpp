@@ -363,7 +363,7 @@ TEST_F(TouchpadDriverTest, DeviceMayBeStoppedFromItsOwnCallback) {
     send("event1", events);
     EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
     received.react({});
-    driver.stop(device); // only waits for the callback
+    driver.stop(device); // waits only until the callback has returned
     driver.start(device);
     send("event1", fingerDown(1));
     EXPECT_EQ(received.wait(2).size(), 2U);

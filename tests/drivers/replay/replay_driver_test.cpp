@@ -88,7 +88,7 @@ TEST(ReplayDriver, PlaysOnceByDefault) {
     session.setRecording(tap);
     session.start();
     session.waitFor(3);
-    waitForThreads(before); // a player that still runs keeps its thread
+    waitForThreads(before); // waits until the player's thread has ended
     EXPECT_EQ(session.deliveryCount(), 3U);
 }
 
@@ -269,8 +269,8 @@ TEST(ReplayDriver, EmptyRecordingReturnsADeviceWithoutTouches) {
     EXPECT_EQ(session.deliveryCount(), 0U);
 }
 
-// Loads a copy of the driver, which the loader treats as another library. So enabling pushed
-// reports does not affect other tests.
+// Loads a copy of the driver, which the loader treats as another library. Enabling pushed reports
+// therefore does not affect other tests.
 class PushedReports : public testing::Test {
 protected:
     PushedReports() {

@@ -47,7 +47,7 @@ public:
     MultitouchDeviceManager& start();
     MultitouchDeviceManager& manager() { return *_manager; }
 
-    // Calls the driver's own functions for the device that reported last.
+    // These functions call the driver's functions for the device that reported last.
     void startDevice();
     void stopDevice();
 

@@ -1,5 +1,5 @@
-// A touch driver without a real touchpad. Environment variables set the number of touchpads. Each
-// started touchpad swipes three fingers to the right and presses its button, once.
+// A touch driver without a real touchpad. Environment variables set the number of touchpads. On
+// each started touchpad, three fingers swipe to the right once, and the button is pressed once.
 //
 //   GLIDEMAP_SCRIPTED_TOUCHPADS    the number of readable touchpads
 //   GLIDEMAP_SCRIPTED_UNREADABLE   the number of further, unreadable touchpads

@@ -83,7 +83,7 @@ std::string performed(const std::string& time, const std::string& what) {
     return R"({"t":)" + time + R"(,"perform":)" + what + "}\n";
 }
 
-// Returns a line of a recording. The overload with a result returns a line of the output.
+// Returns a line of a recording. The overload with `swallowed` returns a line of the output.
 std::string button(const std::string& time, int number, bool down) {
     return R"({"t":)" + time + R"(,"button":)" + std::to_string(number) + R"(,"down":)" +
            (down ? "true" : "false") + "}\n";

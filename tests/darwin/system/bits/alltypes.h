@@ -1,5 +1,5 @@
-// Basic types whose definitions on macOS differ from Linux. On macOS, 64-bit types are "long long",
-// so std::int64_t is not long.
+// Basic types whose definitions on macOS differ from those on Linux. On macOS, 64-bit types are
+// "long long", so std::int64_t is not long.
 #ifndef __DEFINED_int64_t
 #define __DEFINED_int64_t
 #define __DEFINED_uint64_t

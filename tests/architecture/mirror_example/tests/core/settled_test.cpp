@@ -1,1 +1,1 @@
-// In the folder of its source.
+// A test in the folder of its source.

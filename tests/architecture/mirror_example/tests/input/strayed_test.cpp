@@ -1,1 +1,1 @@
-// In the wrong folder.
+// A test in the wrong folder.
