@@ -1,5 +1,6 @@
 #include "recording/line_reader.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace glidemap {
@@ -8,6 +9,9 @@ namespace {
 
 // Some editors write this before the first line.
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+// The byte order mark, CR, and the null byte that getline() adds.
+constexpr std::size_t uncountedBytes = byteOrderMark.size() + 2;
 
 bool isComment(const std::string& line) {
     const auto start = line.find_first_not_of(" \t");
@@ -58,10 +62,10 @@ std::optional<std::string_view> LineReader::read() {
             return std::nullopt;
         }
         if (stream->good()) {
-            return trimmed(length - 1); // the count includes the line terminator
+            return checked(trimmed(length - 1)); // the count includes the line terminator
         }
         if (stream->eof()) {
-            return length > 0 ? std::optional(trimmed(length)) : std::nullopt;
+            return length > 0 ? checked(trimmed(length)) : std::nullopt;
         }
         if (!makeRoom()) {
             return std::nullopt;
@@ -71,13 +75,27 @@ std::optional<std::string_view> LineReader::read() {
 
 // Called when a line does not fit into the buffer.
 bool LineReader::makeRoom() {
-    if (buffer.size() > maxLineLength) {
-        _error = RecordingError{_name, 0, "the line is longer than 16 MiB"};
+    constexpr std::size_t maxBuffer = maxLineLength + uncountedBytes;
+    if (buffer.size() >= maxBuffer) {
+        reportTooLong();
         return false;
     }
-    buffer.resize(buffer.size() * 2);
+    buffer.resize(std::min(buffer.size() * 2, maxBuffer));
     stream->clear();
     return true;
+}
+
+// The buffer has room for more than the limit, because the line terminator does not count.
+std::optional<std::string_view> LineReader::checked(std::string_view line) {
+    if (line.size() > maxLineLength) {
+        reportTooLong();
+        return std::nullopt;
+    }
+    return line;
+}
+
+void LineReader::reportTooLong() {
+    _error = RecordingError{_name, 0, "the line is longer than 16 MiB"};
 }
 
 std::string_view LineReader::trimmed(std::size_t length) {

@@ -48,6 +48,8 @@ public:
 private:
     std::optional<std::string_view> read();
     bool makeRoom();
+    std::optional<std::string_view> checked(std::string_view line);
+    void reportTooLong();
     std::string_view trimmed(std::size_t length);
 
     static constexpr std::size_t firstBufferSize = 4096;

@@ -15,6 +15,5 @@ int main(int count, char** arguments) {
     glidemap::Theme::shared().applyTo(application);
     glidemap::Theme::shared().pin(glidemap::ColorScheme::light);
     glidemap::Theme::shared().pinReducedMotion(false);
-    glidemap::Theme::shared().pinReducedMotion(false);
     return RUN_ALL_TESTS();
 }

@@ -277,12 +277,18 @@ TEST(JsonLinesReader, ReadingAfterAMalformedLineFailsAgain) {
 TEST(JsonLinesReader, RejectsALineAboveTheLengthLimit) {
     const std::string before = "{\"t\":1,\"x\":\"";
     const std::string after = "\"}";
-    const std::size_t room = maxLineLength - before.size() - after.size();
-    EXPECT_EQ(readRecords("{\"t\":0}\n" + before + std::string(room, 'x') + after).error, "");
-    const ReadRecording tooLong =
-        readRecords("{\"t\":0}\n" + before + std::string(room + 2 * maxLineLength, 'x') + after);
-    EXPECT_THAT(tooLong.records, ElementsAre("0: time"));
-    EXPECT_EQ(tooLong.error, "file:2: the line is longer than 16 MiB");
+    const auto readLineOfLength = [&](std::size_t length, const std::string& end) {
+        const std::size_t padding = length - before.size() - after.size();
+        return readRecords("{\"t\":0}\n" + before + std::string(padding, 'x') + after + end);
+    };
+    for (const std::string end : {"", "\n", "\r\n"}) {
+        EXPECT_EQ(readLineOfLength(maxLineLength, end).error, "");
+        for (const std::size_t length : {maxLineLength + 1, maxLineLength + 2, 3 * maxLineLength}) {
+            const ReadRecording tooLong = readLineOfLength(length, end);
+            EXPECT_THAT(tooLong.records, ElementsAre("0: time")) << length;
+            EXPECT_EQ(tooLong.error, "file:2: the line is longer than 16 MiB") << length;
+        }
+    }
 }
 
 TEST(OpenRecording, RejectsAnUnknownFormat) {
