@@ -183,8 +183,11 @@ void failToAsk(SettingsStage& stage) {
                       "terminal: sudo /usr/libexec/glidemap/glidemap-grant-access";
 }
 
+// Qt shows the focus only after a key has moved it.
 void focusAdd(SettingsStage& stage) {
     stage.find("addBinding")->setFocus(Qt::TabFocusReason);
+    stage.pressKey(Qt::Key_Tab, Qt::ShiftModifier);
+    stage.pressKey(Qt::Key_Tab);
 }
 
 Arrangement previewOf(std::size_t row) {
