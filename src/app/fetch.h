@@ -1,9 +1,10 @@
 // The function with which the update checker downloads its manifest. Tests replace it, so they need
 // no network.
 //
-// Thread:  the main thread. `done` is called there exactly once, after the call has returned.
-// Owner:   a pending fetch keeps itself alive, even after the function is destroyed.
-// Errors:  as text, next to the data that arrived before the error.
+// Thread:  the main thread. `done` is called once, after the function has returned, but not if the
+//          application quits first.
+// Owner:   a pending fetch owns itself, so the function may be destroyed before the fetch ends.
+// Errors:  as text, together with the data that arrived before the error.
 #pragma once
 
 #include <functional>
