@@ -1,7 +1,7 @@
 // The platform's part of the command line: the arguments that the system adds, and the help text.
 // Each platform implements these functions; the build links one implementation.
 //
-// Like the rest of the command line, the implementation uses only the C library.
+// Like the parser of the command line, the implementations use only the C library.
 //
 // Thread:  any.
 // Errors:  none.

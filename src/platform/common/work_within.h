@@ -1,5 +1,5 @@
 // A function that wraps every task on the platform's threads, for example in an autorelease pool.
-// It must call the task once, and return when the task is done.
+// The function must call the task once, and return when the task is done.
 //
 // Thread:  called on each of these threads.
 // Errors:  none.

@@ -6,8 +6,8 @@
 //
 // Thread:  the main thread; blocks on the disk.
 // Owner:   the program; one instance per file.
-// Errors:  none. An unreadable value is absent. A value that cannot be written is lost when the
-//          program exits.
+// Errors:  none. An unreadable value counts as missing. A value that cannot be written is lost when
+//          the program exits.
 #pragma once
 
 #include "core/user_defaults.h"

@@ -7,12 +7,12 @@
 //   window server, once  the first state of active and locked
 //
 // The names of the notifications about the lock are not documented. If the system does not send
-// them, the session counts as unlocked.
+// them, isLocked() keeps its first value.
 //
 // Thread:  see UserSession. The system notifies on the main thread.
 // Owner:   the program; it must outlive all its users. The system makes no calls after its
 //          destruction.
-// Errors:  none. Without a window server, the session is active and unlocked.
+// Errors:  none. Without a window server, the session counts as active and unlocked.
 #pragma once
 
 #include "dispatch/user_session.h"
