@@ -2,7 +2,7 @@
 // sheet, grouped by category. Typing a letter opens the list and starts a search.
 //
 // Thread:  the main thread.
-// Owner:   its parent. The language outlives it.
+// Owner:   its parent. The language must outlive the picker.
 // Errors:  none.
 #pragma once
 

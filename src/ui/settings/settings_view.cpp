@@ -124,7 +124,7 @@ void SettingsView::listen() {
     };
 }
 
-// Changes are ignored while the window is hidden, because it refreshes when it is shown.
+// Changes are ignored while the view is hidden, because showEvent() refreshes the view.
 void SettingsView::observe() {
     const auto follow = [this](Observable& observed, void (SettingsView::*react)()) {
         subscriptions.push_back(observed.subscribe({}, [this, react] {
@@ -171,7 +171,7 @@ void SettingsView::refresh() {
     footer->display(events.empty() ? nullptr : &events.front(), *services.lang);
 }
 
-// Also queries the access permission, which sends no change notifications.
+// Also queries the access permission, because its changes are not reported.
 void SettingsView::refreshNotices() {
     Notices::Content content;
     content.latestVersion = services.updates->latestVersion();
