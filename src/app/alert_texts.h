@@ -25,7 +25,7 @@ AlertText withoutLockText(const Lang& lang);
 // Explains how to reach the program on a desktop without a status bar.
 AlertText noStatusBarText(const Lang& lang);
 
-// The result of a check for updates that the user requested.
+// Returns the text with the result of an update check that the user requested.
 AlertText updateOutcome(const UpdateResult& result,
                         const std::optional<std::string>& currentVersion, const Lang& lang);
 

@@ -43,7 +43,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     ports.shell->becomeAccessory();
     setupMainMenu();
     setupStatusItem();
-    // The result is not needed, because each service reports missing access.
+    // The return value is not needed, because each service reports missing access.
     ports.trust->isTrustedWithPrompt();
     dispatcher();
     updateChecker->start();
@@ -59,7 +59,7 @@ void AppDelegate::applicationWillTerminate() {
     if (runtime != nullptr) {
         runtime->stop();
     }
-    // Saving may wait for another process, so the touchpads are released first.
+    // Saving may wait for another process, so the runtime has released the touchpads first.
     store->saveIfLastSaveFailed();
 }
 

@@ -39,7 +39,7 @@ class Alert;
 
 class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
 public:
-    // The services that the settings window shows.
+    // The services whose state the settings window shows.
     struct Shown {
         std::shared_ptr<BindingStore> store;
         std::shared_ptr<GestureDispatcher> dispatcher;
@@ -73,7 +73,7 @@ public:
     // Idempotent.
     void applicationWillTerminate();
 
-    // Updates the status menu; called just before it opens.
+    // Updates the texts and states of the status menu.
     void menuNeedsUpdate();
 
     void toggleEnabled();

@@ -1,4 +1,4 @@
-// The function with which the update checker downloads its manifest. Tests replace it, so they need
+// The function with which the update checker downloads the manifest. Tests replace it, so they need
 // no network.
 //
 // Thread:  the main thread. `done` is called once, after the function has returned, but not if the
@@ -15,7 +15,7 @@ namespace glidemap {
 
 struct Fetched {
     std::string body;                          // empty if nothing arrived
-    std::optional<std::string> transportError; // nullopt for any HTTP status
+    std::optional<std::string> transportError; // not set for an HTTP error status
 };
 
 using Fetch = std::function<void(const std::string& url, std::function<void(const Fetched&)> done)>;

@@ -3,8 +3,8 @@
 // program and do not delay its start.
 //
 // The helper gets the URL as an argument. It writes the received body to standard output. After a
-// failure, it also writes one line about the failure to standard error and exits with failure. It
-// limits its own run time and the size of the body.
+// failure, it also writes one line about the failure to standard error and exits with a non-zero
+// status. It limits its own run time and the size of the body.
 //
 // Thread:  the main thread, while the QCoreApplication exists. When it quits, pending fetches are
 //          cancelled.

@@ -12,8 +12,8 @@
 
 namespace glidemap {
 
-// Returns the number of leading arguments that the system has added; 0 if the user gave the first
-// one. `arguments` must not be empty.
+// Returns the number of leading arguments that the system has added; 0 if the first argument comes
+// from the user. `arguments` must not be empty.
 std::size_t leadingSystemArguments(std::span<char* const> arguments);
 
 extern const char* const launchHelp;

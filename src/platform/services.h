@@ -90,7 +90,7 @@ struct Services {
 
     KeyboardKind keyboardKind = KeyboardKind::apple;
 
-    // Returns the folder for the bindings. The folder may not exist yet.
+    // Returns the folder for the bindings. The folder may still be missing.
     std::function<std::filesystem::path()> dataFolder;
 
     // Applies the activation data of another process, which sent it with a request to show the

@@ -11,7 +11,7 @@ namespace glidemap {
 
 using WorkWithin = void (*)(const std::function<void()>& work);
 
-// Runs the work inside the wrapper, or directly on a platform without one.
+// Runs the work inside the wrapper, or directly if `within` is null.
 template <typename Work>
 void performWithin(WorkWithin within, const Work& work) {
     if (within != nullptr) {

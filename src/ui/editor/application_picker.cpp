@@ -107,7 +107,7 @@ void ApplicationPicker::pick(int index) {
     }
 }
 
-// The entry for no application looks like a placeholder.
+// Draws the entry for no application like a placeholder.
 void ApplicationPicker::initStyleOption(QStyleOptionComboBox* option) const {
     Picker::initStyleOption(option);
     if (currentIndex() == 0) {

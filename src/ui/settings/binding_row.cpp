@@ -96,7 +96,7 @@ BindingRow::BindingRow(GestureBinding shown, Callbacks callbacks, const Lang& la
     makeButtons(*layout);
     for (QAbstractButton* control : controls()) {
         control->installEventFilter(this);
-        // The controls are no tab stops: the arrow keys reach them, and Tab leaves the list.
+        // The controls are not tab stops: the arrow keys reach them, and Tab leaves the list.
         control->setFocusPolicy(Qt::ClickFocus);
     }
     showEmphasis();

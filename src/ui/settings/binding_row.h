@@ -1,4 +1,4 @@
-// A row of the list: the binding's gesture, action and scope, its switch, its demonstration, and
+// A row of the list: the binding's gesture, action and scope, its check box, its demonstration, and
 // the buttons to edit and delete it. The row itself changes no data.
 //
 // The list selects the row, and handles the keys that the row's controls do not use.

@@ -17,7 +17,7 @@ struct WindowGeometry {
     int y = 0;
     int width = 0;
     int height = 0;
-    bool maximized = false; // the other values then belong to the normal window
+    bool maximized = false; // the other values then describe the window when it is not maximised
 
     friend bool operator==(const WindowGeometry&, const WindowGeometry&) = default;
 };

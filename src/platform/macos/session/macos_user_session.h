@@ -1,9 +1,9 @@
 // Follows the state of the user's session: whether it is in the foreground, whether its screen is
 // locked, and whether the machine sleeps.
 //
-//   workspace            session is in front or not ──────────▶ active
-//                        machine sleeps, machine or screens wake ──▶ asleep
-//   other processes      screen is locked or unlocked ────────▶ locked
+//   workspace            session becomes active or inactive ──────▶ active
+//                        machine sleeps; machine or screens wake ─▶ asleep
+//   other processes      screen is locked or unlocked ────────────▶ locked
 //   window server, once  the first state of active and locked
 //
 // The names of the notifications about the lock are not documented. If the system does not send

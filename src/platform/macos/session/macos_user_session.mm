@@ -11,7 +11,7 @@
 #include <string_view>
 #include <utility>
 
-// The notification center calls an observer by object and selector, and does not retain the object.
+// The notification center calls a method of this object, and does not retain the object.
 @interface GlidemapDistributedObserver : NSObject {
     const std::function<void()>* callback;
 }

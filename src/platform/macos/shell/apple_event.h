@@ -1,7 +1,7 @@
 // Calls a function when the system sends the program an Apple event:
 //
 //   reopen   the user opens the running program again, from the Finder or Spotlight; no process starts
-//   quit     the program must quit: logout, shutdown, or a request of another program
+//   quit     the program must quit: logout, shutdown, or a request from another program
 //
 // The handler replaces the application object's own handler, which is installed during the launch.
 // Therefore, create it only after the event loop has started. Create only one for each kind,
