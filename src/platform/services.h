@@ -43,7 +43,7 @@ namespace glidemap::platform {
 // environment.
 SingleInstance::Request takeActivationToken();
 
-// Returns a private folder of this user, for the lock of the single running instance.
+// Returns the user's folder for the lock of the single running instance.
 std::filesystem::path runtimeFolder();
 
 // Whether a display is available. Without one, Qt would abort the program when it connects.

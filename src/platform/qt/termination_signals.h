@@ -1,5 +1,5 @@
 // Calls a function from the event loop on SIGTERM, SIGINT and SIGHUP, so that the program shuts
-// down in order and releases its grabs and keys.
+// down cleanly and releases its grabs and keys.
 //
 // With a limit, the process exits when this time has passed since the last signal or call of
 // limitEnd(), even if an unresponsive desktop service blocks the shutdown. The exit status is then

@@ -66,8 +66,8 @@ QuartzClickTap::~QuartzClickTap() {
     remove();
 }
 
-// CGEventTapCreate() enables the tap. The system calls `answer` only after the source has been
-// added to the run loop.
+// CGEventTapCreate() enables the tap, but no events arrive until the source has been added to the
+// run loop.
 bool QuartzClickTap::create(Callback callback) {
     decide = std::move(callback);
     Owned<CFMachPortRef> made(CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap,
