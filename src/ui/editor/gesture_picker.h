@@ -1,5 +1,5 @@
-// A picker for a gesture. It looks like other pickers, but opens a searchable list within the
-// sheet, grouped by category. Typing a letter opens the list and starts a search.
+// A picker for a gesture. It looks like other pickers, but opens a searchable list, grouped by
+// category, within the sheet. Typing a letter opens the list and starts a search.
 //
 // Thread:  the main thread.
 // Owner:   its parent. The language must outlive the picker.

@@ -171,7 +171,7 @@ void SettingsView::refresh() {
     footer->display(events.empty() ? nullptr : &events.front(), *services.lang);
 }
 
-// Also queries the access permission, because its changes are not reported.
+// Also queries the access permission, whose port has no change notification.
 void SettingsView::refreshNotices() {
     Notices::Content content;
     content.latestVersion = services.updates->latestVersion();

@@ -33,7 +33,7 @@ public:
     // Returns what the system itself uses this gesture for, and where the user can switch that off.
     virtual std::string systemGesture(GestureType gesture, const Lang& lang) const = 0;
 
-    // Notifies observers when missingAccess() changes.
+    // Notifies observers when missingAccess() may have changed.
     virtual Observable& changes() = 0;
 };
 
