@@ -4,8 +4,8 @@
 // A test or the replay tool advances the time. For each record of a recording:
 //
 //   time.advanceTo(t);     runs delayed items due by then, each with the clock at its deadline
-//   push the record        tasks that it submits stay in the queues
-//   time.runSubmitted();   runs them: first the serial queue, then the main queue
+//   push the record        the submitted tasks stay in the queues
+//   time.runSubmitted();   runs these tasks: first the serial queue, then the main queue
 //
 // After the last record: time.runRemaining().
 //
