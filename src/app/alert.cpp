@@ -11,7 +11,7 @@ namespace glidemap {
 namespace {
 
 constexpr QSize iconSize(56, 56);
-// Prevents narrow columns of text, and gives all alerts a similar shape.
+// Prevents narrow columns of text and gives all alerts a similar shape.
 constexpr int minTextWidth = 340;
 
 QString toQt(const std::string& text) {
@@ -27,7 +27,7 @@ QLabel* labelThatShows(const QWidget& alert, const QString& text) {
     return nullptr;
 }
 
-// Draws the message in bold above the informative text.
+// Makes the message bold, and the informative text at least minTextWidth wide.
 void styleTexts(const QMessageBox& alert) {
     if (QLabel* const message = labelThatShows(alert, alert.text()); message != nullptr) {
         QFont bold;
@@ -49,9 +49,9 @@ Alert::Alert(Texts texts, Lang& lang, QWidget* parent)
     : QMessageBox(parent), texts(std::move(texts)), lang(lang) {
     setObjectName("alert");
     setWindowTitle("Glidemap");
-    // A native system alert would keep the language and texts that it had when it opened.
+    // A native alert could not change its texts while it is open.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    // Uses the style's icon, because some systems set no window icon.
+    // Uses the style's icon, because on some systems the program has no window icon.
     setIconPixmap(style()
                       ->standardIcon(QStyle::SP_MessageBoxInformation)
                       .pixmap(iconSize, devicePixelRatio()));

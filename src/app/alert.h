@@ -2,7 +2,7 @@
 // alerts cannot do this, so Qt draws the alert on every system.
 //
 // Thread:  the main thread.
-// Owner:   the caller that shows it. The language outlives it.
+// Owner:   the caller that shows it. `lang` must outlive the alert.
 // Errors:  none. Texts are shown as plain text, never as markup, because some of them come from
 //          outside the program.
 #pragma once

@@ -1,7 +1,7 @@
 // The texts of the application's alerts, except alerts about a binding.
 //
 // Thread:  the main thread.
-// Errors:  none. All failed checks for updates have the same text, which does not name the cause.
+// Errors:  none. The text for a failed update check does not depend on the cause.
 #pragma once
 
 #include "app/alert.h"
@@ -13,18 +13,19 @@
 
 namespace glidemap {
 
-// This text and the next one explain why the program did not start, for users who start it by its
-// icon and see no terminal. This one: another instance is running but does not respond.
+// Explains that the program did not start, because another instance is running but does not
+// respond. A user who starts the program by clicking its icon cannot see the message on standard
+// error.
 AlertText unansweredText(const Lang& lang);
 
-// The lock file cannot be opened, so a running instance cannot be detected.
+// Explains that the program did not start, because the lock file cannot be opened and a running
+// instance cannot be detected.
 AlertText withoutLockText(const Lang& lang);
 
-// For desktops without a status bar, shown once per run: how to reach the program without a status
-// item.
+// Explains how to reach the program on a desktop without a status bar.
 AlertText noStatusBarText(const Lang& lang);
 
-// The result of a check for updates that the user requested.
+// Returns the text with the result of an update check that the user requested.
 AlertText updateOutcome(const UpdateResult& result,
                         const std::optional<std::string>& currentVersion, const Lang& lang);
 

@@ -43,7 +43,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     ports.shell->becomeAccessory();
     setupMainMenu();
     setupStatusItem();
-    // The result is not needed, because each service itself reports missing access.
+    // The return value is not needed, because each service reports missing access.
     ports.trust->isTrustedWithPrompt();
     dispatcher();
     updateChecker->start();
@@ -59,7 +59,7 @@ void AppDelegate::applicationWillTerminate() {
     if (runtime != nullptr) {
         runtime->stop();
     }
-    // Saving may wait for another process, so the touchpads are released first.
+    // Saving may wait for another process, so the runtime has released the touchpads first.
     store->saveIfLastSaveFailed();
 }
 
@@ -88,7 +88,7 @@ void AppDelegate::setupStatusItem() {
     statusItem->onFound = weakly(&AppDelegate::withdrawMissingStatusBar);
 }
 
-// Adds an item without a title. The title is set when the menu opens.
+// Adds an item without a title. menuNeedsUpdate() sets the titles.
 QAction* AppDelegate::addStatusMenuItem(void (AppDelegate::*action)(), const char* keys) {
     QAction* item = statusItem->menu().addAction(QString());
     item->setShortcut(QKeySequence(keys));
@@ -104,7 +104,7 @@ std::function<void()> AppDelegate::weakly(void (AppDelegate::*method)()) {
     };
 }
 
-// Updates the menu on each change, because some status bars read it long before it opens.
+// Updates the status item on each change. Some status bars read the menu long before they open it.
 void AppDelegate::keepStatusMenuCurrent() {
     for (Observable* shown :
          {&ports.lang->changes(), &dispatcher()->changes(), &updateChecker->changes()}) {
@@ -190,7 +190,6 @@ void AppDelegate::showResult(const UpdateResult& result) {
     }
 }
 
-// Returns the parent window for an alert.
 QWidget* AppDelegate::windowForAlerts() const {
     return settingsWindow != nullptr && settingsWindow->isVisible() ? settingsWindow.get()
                                                                     : nullptr;
@@ -206,7 +205,7 @@ void AppDelegate::reportMissingStatusBar() {
     showNoStatusBarInFront();
 }
 
-// The alert waits until the program is in front, because the user did not request it and Wayland
+// The alert waits until the program is in front: the user did not request the alert, and Wayland
 // compositors give each new window the keyboard focus.
 void AppDelegate::showNoStatusBarInFront() {
     if (!noStatusBarWaits) {

@@ -1,14 +1,14 @@
-// Owns the services that live as long as the program, connects them on launch, and shows the status
-// item, menus, window and alerts. It takes no part in recognising gestures or running actions.
+// Owns the services that exist as long as the program, connects them on launch, and shows the
+// status item, the menus, the settings window and the alerts. It takes no part in recognising
+// gestures or running actions.
 //
-// Callbacks that the delegate installs in other objects hold it weakly. After its destruction, they
-// do nothing and return false.
+// The delegate's callbacks have no effect after its destruction: they hold it weakly, or its
+// subscriptions end with it.
 //
-// Thread:  the main thread. Its callbacks for the touch engine and the click monitor run on the
-//          threads of these objects, and only read members that are set on creation.
+// Thread:  the main thread.
 // Owner:   the program creates one, and must call applicationWillTerminate() before releasing it.
-// Errors:  handled by the services. If an update check that the user requested fails, an alert says
-//          so.
+// Errors:  handled by the services. If an update check that the user requested fails, an alert
+//          reports it.
 #pragma once
 
 #include "app/application_shell.h"
@@ -39,7 +39,7 @@ class Alert;
 
 class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
 public:
-    // The services that the settings window shows.
+    // The services whose state the settings window shows.
     struct Shown {
         std::shared_ptr<BindingStore> store;
         std::shared_ptr<GestureDispatcher> dispatcher;
@@ -58,8 +58,7 @@ public:
         std::function<std::shared_ptr<GestureDispatcher>(std::shared_ptr<BindingStore>)>
             makeDispatcher;
         std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
-        // Called once. Returns a window that already has its title and its size, and is centred on
-        // the screen or at its last position.
+        // Called once. Must return a window that already has its title, size and position.
         std::function<std::unique_ptr<QWidget>(const Shown&)> makeSettingsWindow;
         Lang* lang = &Lang::shared();
     };
@@ -74,7 +73,7 @@ public:
     // Idempotent.
     void applicationWillTerminate();
 
-    // Updates the status menu; called just before it opens.
+    // Updates the texts and states of the status menu.
     void menuNeedsUpdate();
 
     void toggleEnabled();

@@ -1,9 +1,10 @@
-// Port: the program's integration with the desktop, apart from its windows.
+// Port: hides the program from docks, brings its windows to the front, keeps it responsive, and
+// ends it.
 //
 // Thread:  the main thread.
 // Owner:   the program creates one for the delegate.
-// Errors:  none. If the desktop does not let a program raise its windows, activate() leaves the
-//          window where it is.
+// Errors:  none. If the desktop does not allow a program to raise its windows, activate() leaves
+//          the window where it is.
 #pragma once
 
 class QWidget;
@@ -17,7 +18,8 @@ public:
     ApplicationShell& operator=(const ApplicationShell&) = delete;
     virtual ~ApplicationShell() = default;
 
-    // Removes the program from docks and application switchers, because it only has a status item.
+    // Removes the program from docks and application switchers, because users reach it through its
+    // status item.
     virtual void becomeAccessory() = 0;
 
     // Raises a visible window above the windows of all other programs, and gives it the keyboard

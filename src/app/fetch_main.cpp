@@ -1,5 +1,5 @@
-// glidemap-fetch URL: downloads a URL and writes it to standard output. The program runs it once a
-// day; see app/fetch_program.h.
+// glidemap-fetch URL: downloads the file at this URL and writes it to standard output. Glidemap
+// runs this helper for each update check; see app/fetch_program.h.
 #include "app/https_fetch.h"
 
 #include <sys/resource.h>

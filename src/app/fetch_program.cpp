@@ -21,7 +21,7 @@ public:
                 [this] { process.start(QIODevice::ReadOnly); });
         afterwards.setSingleShot(true);
         connect(&afterwards, &QTimer::timeout, this, [this] { report(); });
-        // When the application quits, nothing waits for the result any more.
+        // When the application quits, no object waits for the result any more.
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
                 [this] { delete this; });
         connect(&process, &QProcess::finished, this, [this] { finish(outcome()); });
@@ -59,8 +59,8 @@ private:
         }
     }
 
-    // Must not use members after calling the callback: the callback may show an alert, and the
-    // program may quit meanwhile.
+    // Moves the members out before calling the callback. The callback may show an alert, and if the
+    // program quits while the alert is open, this object is deleted.
     void report() {
         const Done then = std::move(done);
         const Fetched what = std::move(*fetched);

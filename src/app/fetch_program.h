@@ -1,15 +1,15 @@
-// Fetches a URL with a separate helper program. A fetch happens once a day and needs large
-// libraries for HTTPS. Only the helper process loads them, so they occupy no memory in the main
+// Fetches a URL with a separate helper program. HTTPS needs large libraries, which are used only
+// about once a day. Only the helper process loads them, so they occupy no memory in the main
 // program and do not delay its start.
 //
 // The helper gets the URL as an argument. It writes the received body to standard output. After a
-// failure, it also writes one line about the failure to standard error and exits with failure. It
-// limits its own run time and the size of the body.
+// failure, it also writes one line about the failure to standard error and exits with a non-zero
+// status. It limits its own run time and the size of the body.
 //
-// Thread:  the main thread, during the life of the QCoreApplication, which also ends pending
-//          fetches.
+// Thread:  the main thread, while the QCoreApplication exists. When it quits, pending fetches are
+//          cancelled.
 // Owner:   see Fetch.
-// Errors:  a helper that cannot be started or that crashes counts as a transport error.
+// Errors:  reported as a transport error if the helper cannot be started, crashes or fails.
 #pragma once
 
 #include "app/fetch.h"
@@ -19,8 +19,8 @@
 
 namespace glidemap {
 
-// Starts the helper only after the delay `rest`, so that it does not slow down the opening of the
-// window.
+// The returned function starts the helper after the delay `rest`, because a check on startup must
+// not delay the opening of the window.
 Fetch fetchByProgram(std::filesystem::path program,
                      std::chrono::milliseconds rest = std::chrono::milliseconds(500));
 

@@ -88,7 +88,7 @@ private:
 
 Exchange::Exchange(HttpsFetchSetup setup, Done done)
     : setup(std::move(setup)), done(std::move(done)) {
-    // When the application quits, nothing waits for the result any more.
+    // When the application quits, no object waits for the result any more.
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
             [this] { delete this; });
 }

@@ -18,13 +18,14 @@
 namespace glidemap {
 
 struct HttpsFetchSetup {
-    // The maximum time without received data; restarts with each chunk.
+    // The maximum time without progress. A redirect, the complete header and each chunk of the body
+    // restart it.
     std::chrono::milliseconds silence = std::chrono::seconds(15);
     // The maximum time for the whole transfer. Without it, a server could keep the connection open
     // by sending single bytes.
     std::chrono::milliseconds whole = std::chrono::seconds(60);
     qint64 maxBody = 1024L * 1024;
-    // The trusted certificate authorities. If empty, those of the system are trusted.
+    // The trusted certificate authorities. If empty, the system's authorities are trusted.
     QList<QSslCertificate> authorities = {};
 };
 

@@ -1,11 +1,11 @@
 // Switches launch at login on and off, and stores the error of the last attempt.
 //
-// After each attempt, the manager reads the item's state back from the system. Only the system's
-// state `enabled` counts as on. An item that waits for the user's approval is off, but this is not
-// an error.
+// After each attempt, the manager reads the item's status back from the system. Only the status
+// `enabled` counts as on. An item that waits for the user's approval is off, but this is not an
+// error.
 //
 // Thread:  the main thread.
-// Owner:   the settings window. The service outlives the manager.
+// Owner:   the settings view. The service and the language must outlive the manager.
 // Errors:  stored as text for display, in the language in use at the time of the attempt.
 #pragma once
 

@@ -1,7 +1,7 @@
-// Port: this program's entry in the system's list of programs that start at login.
+// Port: registers the program in the system's list of programs that start at login.
 //
 // Thread:  the main thread. The calls may block on the disk.
-// Errors:  as return values: the system's error text, in the system's language.
+// Errors:  as return values: the system's error messages, in the system's language.
 #pragma once
 
 #include <optional>

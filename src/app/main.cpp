@@ -1,4 +1,4 @@
-// The command line. This file uses only the C library, so that --version and --help respond
+// Handles the command line. This file uses only the C library, so that --version and --help respond
 // quickly. runProgram() loads everything else.
 #include "app/launch_options.h"
 #include "app/program.h"

@@ -9,8 +9,8 @@ namespace glidemap {
 
 namespace {
 
-// Calls a slot of the focused widget. The slots of Qt's text fields have the names of the menu's
-// commands.
+// Calls the slot named `command` of the focused widget, if it has one. Qt's text fields have a slot
+// for each command of the Edit menu.
 void sendToFocus(const char* command) {
     QWidget* focus = QApplication::focusWidget();
     const QByteArray signature = QMetaObject::normalizedSignature((QByteArray(command) + "()"));

@@ -1,4 +1,4 @@
-// Creates the concrete services and connects them. This file contains no other logic.
+// Creates the concrete services, connects them, and runs the program.
 #include "app/program.h"
 
 #include "app/alert.h"
@@ -52,8 +52,8 @@ void complain(const std::string& message) {
     std::cerr << "glidemap: " << message << std::endl;
 }
 
-// Services may send events before the delegate exists. Such events may be ignored, because the
-// delegate checks the devices when it starts.
+// Services may send events before the delegate exists. Such events can be ignored, because the
+// delegate checks the devices and shows the window when it starts.
 platform::SystemEvents systemEvents() {
     return {
         .devicesMayHaveChanged =
@@ -136,7 +136,7 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
 
 std::unique_ptr<StatusItem> Program::makeStatusItem() {
     constexpr const char* symbol = "hand.draw.fill";
-    constexpr double dimmedIcon = 0.45; // the opacity of the installed icon for "off"
+    constexpr double dimmedIcon = 0.45; // the same as in the installed icon for "off"
     auto item = std::make_unique<StatusItem>(
         services.statusBar, [on = services.installedIcon, off = services.installedIconOff](
                                 StatusBar::Kind kind, StatusItem::Look look) {
@@ -224,7 +224,7 @@ void runFirst(SingleInstance& instance, const SingleInstance::Request& activatio
 }
 
 // Shows the message on the screen as well as on standard error, because a user who starts the
-// program by its icon sees no terminal.
+// program by clicking its icon sees no terminal.
 int refuse(const char* complaint, AlertText (*text)(const Lang&),
            const SingleInstance::Request& activation, char** arguments) {
     complain(complaint);

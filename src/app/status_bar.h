@@ -14,7 +14,7 @@ public:
     enum class Kind {
         none,
         drawsItself, // the bar loads the icon by its name and may read the menu at any time
-        embeds,      // the bar only provides an area in which the item draws itself
+        embeds,      // the bar only provides an area in which Qt draws the icon
         opensMenu,   // a click opens the menu, and the bar recolours the icon
     };
 
@@ -31,8 +31,7 @@ public:
     // Notifies observers when kind() changes.
     virtual Observable& changes() = 0;
 
-    // Called after the item's icon has been set. A bar that has its own drawing of the icon can
-    // replace it here.
+    // Called after Qt has set the item's icon. An implementation can replace the icon here.
     virtual void itemWasDrawn(Look /*look*/) {}
 };
 

@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-// The program's name, which is the same in both languages. Screen readers read it, too.
+// The item's tooltip. It is the same in both languages, and screen readers read it aloud.
 constexpr const char* description = "Glidemap";
 
 using Kind = StatusBar::Kind;
@@ -91,7 +91,7 @@ void StatusItem::appear() {
     item->setToolTip(description);
     item->setContextMenu(&statusMenu);
     // The bar opens the menu itself, usually on a right click. Most bars forward a left click,
-    // which then runs the most common command.
+    // which opens the settings.
     QObject::connect(item.get(), &QSystemTrayIcon::activated, item.get(),
                      [this](QSystemTrayIcon::ActivationReason reason) {
                          if (reason == QSystemTrayIcon::Trigger) {

@@ -6,7 +6,7 @@
 // Units:   the patience in milliseconds.
 // Thread:  the main thread.
 // Owner:   the application's delegate.
-// Errors:  if there is no bar, the item is invisible, and onMissing is called once.
+// Errors:  if no bar appears in time, onMissing is called once, and the item stays invisible.
 #pragma once
 
 #include "app/status_bar.h"
@@ -29,7 +29,7 @@ public:
     // Returns the item's icon for a kind of bar and a look.
     using Icon = std::function<QIcon(StatusBar::Kind, Look)>;
 
-    // The time to wait for a bar. It may be one of the last programs to start after login.
+    // The time to wait for a bar. The bar may be one of the last programs to start after login.
     static constexpr std::chrono::milliseconds usualPatience{10000};
 
     StatusItem(std::shared_ptr<StatusBar> bar, Icon icon,
@@ -43,11 +43,11 @@ public:
     // Called when the user clicks the item itself, not its menu.
     std::function<void()> onActivate;
 
-    // onMissing is called if no bar appears in time. onFound is called if one appears later.
+    // onMissing is called if no bar appears in time. onFound is called if a bar appears later.
     std::function<void()> onMissing;
     std::function<void()> onFound;
 
-    // Whether a bar shows the item.
+    // Whether the item has been created. This stays true if the bar disappears.
     bool isShown() const { return item != nullptr; }
 
     // Must be called when the state that the menu shows has changed. A menu is normally updated

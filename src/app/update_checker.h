@@ -18,7 +18,7 @@
 
 namespace glidemap {
 
-// Contains the system's error text, which is not shown to the user.
+// The text is not shown to the user.
 struct UpdateError {
     enum class Kind { transport, badServerResponse };
     Kind kind = Kind::badServerResponse;
@@ -32,12 +32,11 @@ class UpdateChecker : public std::enable_shared_from_this<UpdateChecker> {
 public:
     using Completion = std::function<void(const UpdateResult&)>;
 
-    // Calls `block` on the main thread at this interval until the program ends. The result holds
-    // the timer weakly; releasing it does not stop the timer.
+    // Calls `block` on the main thread at this interval until the program ends. Releasing the
+    // result does not stop the timer.
     using Repeat = std::function<std::shared_ptr<const void>(std::chrono::seconds interval,
                                                              std::function<void()> block)>;
 
-    // The host, the running version, and the functions for downloading and for repeating.
     struct Setup {
         std::string host = defaultHost(); // must include ":port" for a port other than the default
         std::optional<std::string> currentVersion = runningVersion();
@@ -56,8 +55,9 @@ public:
     // creates a timer.
     void start();
 
-    // Calls the completion exactly once: immediately if the running version is unknown, otherwise
-    // later. The completion is called even if the checker is destroyed in the meantime.
+    // Calls the completion once: immediately if the running version is unknown, otherwise when the
+    // download has ended. The completion is called even if the checker is destroyed in the
+    // meantime, but not if the program quits first.
     void check(Completion completion = {});
 
     const std::optional<std::string>& latestVersion() const { return _latestVersion; }
@@ -65,13 +65,13 @@ public:
     std::string versionURL() const { return "https://" + setup.host + "/version.json"; }
     std::string siteURL() const { return "https://" + setup.host + "/"; }
 
-    // Notifies observers when latestVersion() changes.
+    // Notifies observers after each successful check.
     Observable& changes() { return observers; }
 
     // Whether `version` is strictly newer than `other`.
     static bool isNewer(std::string_view version, std::string_view other);
 
-    // These two values are set at build time.
+    // The build sets these two values.
     static std::string defaultHost();
     static std::optional<std::string> runningVersion();
 

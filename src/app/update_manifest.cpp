@@ -10,8 +10,8 @@ namespace {
 
 using nlohmann::json;
 
-// Handles parser events and builds no tree. The host is untrusted and could make a tree arbitrarily
-// large and deep.
+// Handles parser events instead of building a tree, because an untrusted host could make the tree
+// very large and deep.
 class ManifestHandler : public nlohmann::json_sax<json> {
 public:
     std::optional<std::string> takeVersion() { return std::move(version); }

@@ -42,7 +42,6 @@ bool isControl(unsigned char byte, unsigned char next) {
     return byte < ' ' || byte == remove || (byte == 0xC2 && next >= 0x80 && next <= 0x9F);
 }
 
-// Rejects versions that must not be shown in menus and windows.
 bool canBeShown(std::string_view version) {
     constexpr std::ptrdiff_t maxCharacters = 64;
     for (std::size_t place = 0; place < version.size(); ++place) {

@@ -1,7 +1,7 @@
 // The platform's part of the command line: the arguments that the system adds, and the help text.
 // Each platform implements these functions; the build links one implementation.
 //
-// Like the rest of the command line, the implementation uses only the C library.
+// Like the parser of the command line, the implementations use only the C library.
 //
 // Thread:  any.
 // Errors:  none.
@@ -12,8 +12,8 @@
 
 namespace glidemap {
 
-// Returns the number of leading arguments that the system has added; 0 if the user gave the first
-// one. `arguments` must not be empty.
+// Returns the number of leading arguments that the system has added; 0 if the first argument comes
+// from the user. `arguments` must not be empty.
 std::size_t leadingSystemArguments(std::span<char* const> arguments);
 
 extern const char* const launchHelp;

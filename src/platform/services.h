@@ -1,6 +1,7 @@
 // The services of the operating system: one implementation of each port, and the functions that the
 // program calls before the services exist. Each platform implements these functions, and the build
-// links one implementation. No other code in the program refers to a specific platform.
+// links one implementation. The code that calls these functions contains nothing specific to one
+// platform.
 //
 // Thread:  the main thread.
 // Owner:   the program. It creates the services once, while the application object exists, and
@@ -42,7 +43,7 @@ namespace glidemap::platform {
 // environment.
 SingleInstance::Request takeActivationToken();
 
-// Returns a private folder of this user, for the lock of the single running instance.
+// Returns the user's folder for the lock of the single running instance.
 std::filesystem::path runtimeFolder();
 
 // Whether a display is available. Without one, Qt would abort the program when it connects.
@@ -59,7 +60,7 @@ std::string diagnosis(const std::string& version);
 // startFontScan(). The returned function restores the environment; call it after the scan.
 std::function<void()> hideSilentBus();
 
-// Starts reading the font list on a thread of its own. The returned function waits for that thread;
+// Starts reading the font list on a separate thread. The returned function waits for that thread;
 // call it before measuring the first text.
 std::function<void()> startFontScan();
 
@@ -89,7 +90,7 @@ struct Services {
 
     KeyboardKind keyboardKind = KeyboardKind::apple;
 
-    // Returns the folder for the bindings. The folder may not exist yet.
+    // Returns the folder for the bindings. The folder may still be missing.
     std::function<std::filesystem::path()> dataFolder;
 
     // Applies the activation data of another process, which sent it with a request to show the
@@ -104,8 +105,8 @@ struct Services {
 // Events of the system. The services call these functions on the main thread, possibly before
 // makeServices() returns.
 struct SystemEvents {
-    // A touchpad may have been connected, or access may have been granted. When this is called, the
-    // keyboard has already retried to open its device.
+    // A touchpad may have been connected, or access may have been granted. If the session is
+    // active, the keyboard has already tried again to open its device.
     std::function<void()> devicesMayHaveChanged;
 
     // The user has started the program again while it was running.
@@ -117,11 +118,11 @@ struct SystemEvents {
 Services makeServices(const std::shared_ptr<MainQueue>& mainQueue,
                       const SingleInstance::Request& activation, SystemEvents events);
 
-// Returns the user's stored settings. Several objects may exist at a time.
+// Returns the user's stored settings. Several objects may exist at the same time.
 std::shared_ptr<UserDefaults> makeUserDefaults();
 
-// The services for an alert that is shown without the rest of the program. The foundation updates
-// `appearance`, which may outlive it. The foundation must be destroyed before the queue.
+// The services for an alert that is shown without the rest of the program. `foundation` keeps
+// `appearance` up to date, and must be destroyed before the queue. `appearance` may outlive it.
 struct AlertServices {
     std::shared_ptr<void> foundation;
     std::shared_ptr<AppearanceSettings> appearance;

@@ -1,6 +1,6 @@
 // Joins a thread, or detaches it if the caller runs on that thread.
 //
-// Thread:  any, including the thread that ends.
+// Thread:  any, including `thread` itself.
 // Owner:   a detached thread must own everything that it still uses.
 #pragma once
 

@@ -39,7 +39,7 @@ struct ThreadedDelayedWork::State {
     std::condition_variable changed;
     std::vector<Waiting> heap;
     std::uint64_t nextNumber = 0;
-    // stop() increments it. A thread runs only items of its own generation.
+    // stop() increments this number. A thread runs only items of its own generation.
     std::uint64_t generation = 0;
     std::thread thread;
 

@@ -2,8 +2,8 @@
 // until the next deadline, and never wakes up while nothing is scheduled.
 //
 // Thread:  any.
-// Owner:   any. It may be destroyed on any thread, including its own; the running item then
-//          completes.
+// Owner:   any. The object may be destroyed on any thread, even by an item that it runs; that item
+//          then completes.
 #pragma once
 
 #include "core/delayed_work.h"

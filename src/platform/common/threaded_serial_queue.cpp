@@ -14,7 +14,7 @@ namespace glidemap {
 
 namespace {
 
-// A FIFO. Its memory doubles when it is full, and is never freed.
+// A first-in, first-out queue in a ring buffer. The buffer doubles as needed and never shrinks.
 class TaskRing {
 public:
     std::size_t size() const { return count; }
@@ -60,7 +60,7 @@ struct ThreadedSerialQueue::State {
     std::condition_variable room;
     TaskRing tasks;
     bool isWaiting = false; // the thread waits for tasks
-    // stop() increments it. A thread runs only tasks of its own generation.
+    // stop() increments this number. A thread runs only tasks of its own generation.
     std::uint64_t generation = 0;
     static constexpr std::uint64_t noGeneration = ~std::uint64_t{0};
     // The generation whose task is running. If a task stops its own queue, the queue may be used
@@ -107,7 +107,8 @@ void ThreadedSerialQueue::State::serve(std::uint64_t own) {
     }
 }
 
-// After stop(), a thread must not change the state of the next generation.
+// Waits for a task and takes it. Returns false after stop(). From then on, the thread must not
+// change `isWaiting`, which belongs to the thread of the next generation.
 bool ThreadedSerialQueue::State::takeTask(std::uint64_t own, Task& task) {
     std::unique_lock lock(mutex);
     if (runner == own) {
@@ -134,7 +135,7 @@ bool ThreadedSerialQueue::State::takeTask(std::uint64_t own, Task& task) {
     return true;
 }
 
-// Wakes the next generation's thread, which may be waiting until this thread's last task is done.
+// Wakes the thread of the next generation, which may be waiting for the last task of this thread.
 void ThreadedSerialQueue::State::leave(std::unique_lock<std::mutex> lock) {
     lock.unlock();
     work.notify_all();

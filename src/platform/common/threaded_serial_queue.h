@@ -1,14 +1,13 @@
 // Runs tasks in order on one thread. The first task starts the thread. The thread sleeps while the
 // queue is empty.
 //
-// Tasks are moved into a ring under a short lock. The ring grows up to a maximum. When it is full,
-// submit() and defer() block. A driver may block, because the kernel buffers its events and reports
-// an overflow. It must not drop a report, because that could be the report in which the fingers
-// lift.
+// Tasks are stored in a ring buffer, which grows up to a maximum. When it is full, submit() and
+// defer() block. Blocking a driver is safe, because the kernel buffers the touchpad's events and
+// reports an overflow. Dropping a report is not safe: the fingers may lift in that report.
 //
 // Thread:  any.
-// Owner:   any. It may be destroyed on any thread, including its own; the running task then
-//          completes.
+// Owner:   any. The queue may be destroyed on any thread, even by a task that it runs; that task
+//          then completes.
 #pragma once
 
 #include "core/serial_queue.h"
@@ -24,8 +23,8 @@ class ThreadedSerialQueue : public SerialQueue {
 public:
     static constexpr std::size_t capacity = 1024;
 
-    // The number of deferred tasks that wakes a sleeping thread. A wake-up costs as much as thirty
-    // small tasks. When a later task wakes the thread, it catches up within a few microseconds.
+    // The number of queued tasks at which defer() wakes a sleeping thread. A wake-up costs as much
+    // as thirty small tasks, and thirty delayed tasks take only a few microseconds.
     static constexpr std::size_t maxDeferred = 32;
 
     // `prepareThread` runs on the new thread before its first task, to set its name and priority.

@@ -1,5 +1,5 @@
-// Runs code in an autorelease pool. The main loop drains its own pool in each iteration. Other
-// threads, and code that runs before the main loop, need this one.
+// Runs code in an autorelease pool. The main loop has its own pool, which it drains in each
+// iteration. Other threads, and code that runs before the main loop, must use this function.
 //
 // Thread:  any.
 // Errors:  none; exceptions thrown by the work propagate to the caller.

@@ -2,7 +2,8 @@
 //
 // Thread:  any; a thread other than the main thread needs an autorelease pool.
 // Owner:   the autorelease pool owns the created NSString.
-// Errors:  returns nullopt if the object is not a string, or cannot be converted to UTF-8.
+// Errors:  textOf() returns nullopt for nil, or if the string cannot be converted to UTF-8.
+//          stringOf() returns nil if the text is not valid UTF-8.
 #pragma once
 
 #ifdef __OBJC__

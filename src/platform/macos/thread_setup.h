@@ -10,7 +10,8 @@ namespace glidemap {
 
 void nameThread(std::string_view name);
 
-// Sets the name, and the user-interactive class, which keeps latency low on a busy machine.
+// Sets the name, and the user-interactive quality of service, which keeps latency low on a busy
+// machine.
 void setUpResponsiveThread(std::string_view name);
 
 } // namespace glidemap

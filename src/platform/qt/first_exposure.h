@@ -2,7 +2,7 @@
 //
 // Thread:  the main thread, while the application object exists.
 // Owner:   the code that waits for the window.
-// Errors:  none. If no window appears, the function is not called.
+// Errors:  none. If no window appears, `onSeen` is not called.
 #pragma once
 
 #include <QObject>

@@ -18,7 +18,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr int maxWaiting = 30; // pending connections; the kernel refuses more
+constexpr int maxWaiting = 30; // the length of the kernel's queue of pending connections
 constexpr std::chrono::milliseconds pauseWithoutDescriptors{500};
 
 std::error_code lastError() {
@@ -102,7 +102,7 @@ std::error_code LineListener::listen() const {
         return std::make_error_code(std::errc::filename_too_long);
     }
     socketFile.native().copy(address.sun_path, socketFile.native().size());
-    std::error_code ignored; // bind() fails if the folder is missing
+    std::error_code ignored; // bind() reports a missing folder
     std::filesystem::remove(socketFile, ignored);
     // The mode is set after bind(), because not every system can set it earlier. This is safe: no
     // client can connect before listen(), and by then the mode excludes other users.
@@ -116,8 +116,8 @@ std::error_code LineListener::listen() const {
 void LineListener::acceptClients() {
     OpenFile client = acceptedBy(socket);
     if (!client && (errno == EMFILE || errno == ENFILE || errno == ENOMEM || errno == ENOBUFS)) {
-        // The pending connection would wake the event loop continuously, because no descriptor is
-        // left to accept it.
+        // The connection stays pending, because no descriptor or memory is left for it. Without a
+        // pause, it would wake the event loop continuously.
         arrivals.setEnabled(false);
         pause.start(pauseWithoutDescriptors);
     }

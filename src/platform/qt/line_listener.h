@@ -55,7 +55,7 @@ private:
     const OpenFile socket;
     const std::error_code _failure;
     QSocketNotifier arrivals;
-    QTimer pause;    // the delay until the next accept() after the process ran out of descriptors
+    QTimer pause;    // the delay before the next accept() if descriptors or memory run out
     QObject clients; // owns the clients; the oldest is first
 };
 

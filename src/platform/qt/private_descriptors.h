@@ -2,7 +2,8 @@
 //
 // Thread:  any.
 // Owner:   the caller.
-// Errors:  as in POSIX: the file is not open, or -1 is returned, and errno is set.
+// Errors:  as return values: a file that is not open, nullopt or false. If a descriptor cannot be
+//          created, errno is set.
 #pragma once
 
 #include "core/open_file.h"

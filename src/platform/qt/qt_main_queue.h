@@ -3,8 +3,9 @@
 // When the application quits, pending tasks are destroyed without running. Tasks submitted later
 // are destroyed, too, because the services are shutting down.
 //
-// Thread:  created and destroyed on the main thread, within the application object's life.
-// Owner:   the program; all submitters are destroyed before the queue.
+// Thread:  submit() on any thread. Created and destroyed on the main thread, while the application
+//          object exists.
+// Owner:   the program; all objects that submit tasks must be destroyed before the queue.
 // Errors:  none.
 #pragma once
 

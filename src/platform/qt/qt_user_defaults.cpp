@@ -25,7 +25,8 @@ QtUserDefaults::QtUserDefaults(const std::filesystem::path& file)
 
 QtUserDefaults::~QtUserDefaults() = default;
 
-// This class writes only values that Qt reads back as text, so any other value is foreign.
+// This class writes only text, and Qt reads it back as text. A value of any other type was not
+// written by this class.
 std::optional<std::string> QtUserDefaults::string(std::string_view key) const {
     const QVariant value = settings->value(text(key));
     if (value.typeId() != QMetaType::QString) {

@@ -1,13 +1,14 @@
 // Stores the user's settings in an INI file. The file is written after each change, so that a crash
 // loses no setting.
 //
-// A value reads the same before and after a restart. The file stores only text, and booleans are
-// stored as `true` or `false`. Other values, such as 1 or TRUE written by hand, are not booleans.
+// A setting has the same value before and after a restart. The file stores only text, and booleans
+// are stored as `true` or `false`. Other values, such as 1 or TRUE written by hand, are not
+// booleans.
 //
 // Thread:  the main thread; blocks on the disk.
 // Owner:   the program; one instance per file.
-// Errors:  none. An unreadable value is absent. A value that cannot be written is lost when the
-//          program exits.
+// Errors:  none. An unreadable value counts as missing. A value that cannot be written is lost when
+//          the program exits.
 #pragma once
 
 #include "core/user_defaults.h"

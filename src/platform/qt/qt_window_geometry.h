@@ -1,4 +1,4 @@
-// Stores the window's geometry in a file of its own. It is not a setting, and losing it is
+// Stores the window's geometry in a separate file, because it is not a setting and losing it is
 // harmless.
 //
 // Thread:  the main thread; blocks on the disk.

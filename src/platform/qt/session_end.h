@@ -1,6 +1,6 @@
 // Ends the program when the session ends, or when Qt receives another request to quit. The user is
-// not asked for confirmation. The session manager gets the hint never to restart the program,
-// because a setting of the user determines whether the program starts at login.
+// not asked for confirmation. The session manager is asked never to restart the program, because a
+// user setting determines whether the program starts at login.
 //
 // Thread:  the main thread, while the application object exists.
 // Owner:   the program.

@@ -31,7 +31,7 @@ constexpr const char* lockName = "glidemap.lock";
 constexpr const char* socketName = "glidemap.socket";
 constexpr const char* privateName = "glidemap";
 
-// A request is one line with two fields, which may be empty. The limit is larger than the
+// A request is one line with two fields, which may be empty. maxRequest is larger than the
 // activation data of any desktop.
 constexpr char separator = '\t';
 constexpr std::size_t maxRequest = 4096;
@@ -120,7 +120,8 @@ bool connectTo(int socket, const std::filesystem::path& file) {
 
 enum class Reply { given, none, unreachable };
 
-// Waits for the first instance to reply. If it disconnects without a reply, it is exiting.
+// Waits for the first instance to reply. A first instance that disconnects without a reply is
+// exiting.
 Reply replyOn(int socket, Clock::time_point deadline) {
     std::string received;
     while (received.size() < answer.size()) {
@@ -195,8 +196,8 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
     return Claim::unanswered;
 }
 
-// Replaces an existing socket file. A killed process left it behind: this process holds the lock,
-// so no other process listens on it.
+// Replaces an existing socket file. A killed process must have left the file behind: this process
+// holds the lock, so no other process listens on the socket.
 std::optional<std::string> SingleInstance::listen(std::function<void(const Request&)> onRequest) {
     listener = std::make_unique<LineListener>(
         socketFile, maxRequest, [onRequest = std::move(onRequest)](const std::string& line) {

@@ -1,14 +1,15 @@
 // Ensures that only one instance runs per user, because two instances would compete for the
 // touchpads.
 //
-// The lock and the socket are in a folder of this user that other users cannot open. Links are
-// never followed. Both processes check the peer's user id before they send anything.
+// The lock and the socket are in a folder of this user that other users cannot open. The folder,
+// the lock and the socket must not be symbolic links. Both processes check the peer's user id
+// before they send anything.
 //
 //   first:   locks a file while it runs, and listens on a socket next to it
-//   second:  finds the file locked, sends the first a request to show its window, and exits
+//   second:  finds the file locked, asks the first to show its window, and exits
 //
 // The kernel releases the lock when the process ends for any reason, so a killed instance does not
-// block later ones. The next instance reuses its lock file and replaces its socket.
+// block later ones. The next instance reuses the lock file and replaces the socket.
 //
 // Thread:  the main thread. claim() blocks while another instance starts, exits or replies; the
 //          other functions need an event loop and do not block.
@@ -60,7 +61,7 @@ public:
 
     // Must be called only by the first instance. `onRequest` is called for each later instance.
     // Returns nullopt on success, or an error message. After an error, this process still prevents
-    // a second instance, but a second launch cannot show its window.
+    // a second instance, but a second launch cannot make this process show its window.
     [[nodiscard]] std::optional<std::string> listen(std::function<void(const Request&)> onRequest);
 
     // Afterwards, a new instance waits until this process exits, and then takes over.

@@ -17,7 +17,7 @@ namespace glidemap {
 
 namespace {
 
-// SIGHUP is included, because the end of a session may send it before SIGTERM.
+// SIGHUP is included, because the system may send it before SIGTERM when a session ends.
 constexpr std::array<int, 3> endings{SIGTERM, SIGINT, SIGHUP};
 
 // The write end of the pipe. It is atomic, because the signal handler may interrupt any code.

@@ -1,8 +1,8 @@
 // Calls a function from the event loop on SIGTERM, SIGINT and SIGHUP, so that the program shuts
-// down in order and releases its grabs and keys.
+// down cleanly and releases its grabs and keys.
 //
-// With a limit, the process exits at the latest that long after the first signal or after
-// limitEnd(), even if a desktop service never responds and blocks it. The exit status is then
+// With a limit, the process exits when this time has passed since the last signal or call of
+// limitEnd(), even if an unresponsive desktop service blocks the shutdown. The exit status is then
 // success.
 //
 // A second signal of the same kind ends the process immediately, in case the shutdown hangs. The

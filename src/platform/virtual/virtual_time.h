@@ -1,21 +1,21 @@
 // A virtual clock with a serial queue, a main queue and delayed work. All of them advance only on
 // request.
 //
-// The code that plays records (a test or the replay tool) advances the time. For each record:
+// A test or the replay tool advances the time. For each record of a recording:
 //
 //   time.advanceTo(t);     runs delayed items due by then, each with the clock at its deadline
-//   push the record        tasks that it submits stay in the queues
-//   time.runSubmitted();   runs them: first the serial queue, then the main queue
+//   push the record        the submitted tasks stay in the queues
+//   time.runSubmitted();   runs these tasks: first the serial queue, then the main queue
 //
 // After the last record: time.runRemaining().
 //
 // Units:   seconds in the time of the records. The uptime is that time plus 1000 s, so that a
-//          recording may start at 0 without appearing to start right after boot. Deadlines are
+//          recording that starts at 0 does not appear to start right after boot. Deadlines are
 //          stored in the time of the records, because adding 1000 s would lose precision.
 // Thread:  one, for everything.
 // Owner:   the code that advances the time. The engine shares the ports, which may outlive this
 //          object.
-// Errors:  none; a time that is not a number leaves the clock unchanged.
+// Errors:  none; a time that is infinite or not a number leaves the clock unchanged.
 #pragma once
 
 #include "core/delayed_work.h"

@@ -9,8 +9,8 @@ namespace glidemap {
 
 namespace {
 
-// An invisible widget that assistive technology sees as a notification. Each window gets one with
-// its first announcement, as a child.
+// A widget of one pixel that draws nothing and is exposed to assistive technology as a
+// notification. The first announcement in a window creates it, as a child of the window.
 class Announcement : public QWidget {
 public:
     explicit Announcement(QWidget* window) : QWidget(window) {

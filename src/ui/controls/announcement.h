@@ -11,7 +11,7 @@ class QWidget;
 
 namespace glidemap {
 
-// `source` may be any widget of the window that changed.
+// `source` may be any widget in the changed window.
 void announce(const QWidget& source, const QString& text);
 
 } // namespace glidemap

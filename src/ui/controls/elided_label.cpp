@@ -36,7 +36,7 @@ QSize ElidedLabel::sizeHint() const {
     return withMargins(wholeWidth(*this));
 }
 
-// Leaves room for a few letters, so that an elided text is recognisable as a text.
+// Leaves room for a few letters, so that an elided text is recognisable as text.
 QSize ElidedLabel::minimumSizeHint() const {
     return withMargins(std::min(wholeWidth(*this), fontMetrics().averageCharWidth() * 4));
 }

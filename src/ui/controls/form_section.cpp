@@ -23,8 +23,8 @@ constexpr int headingGap = 6;
 
 } // namespace
 
-// Draws a line above each visible row except the first visible one. Separator widgets would have to
-// be shown and hidden together with their rows.
+// Draws the card, and a line above each visible row except the first. Separator widgets would have
+// to be shown and hidden together with their rows.
 class FormSection::Card : public QWidget {
 public:
     using QWidget::QWidget;

@@ -1,6 +1,6 @@
-// A group of a form: an optional heading above a rounded card. Thin lines separate the visible rows
-// of the card. A section is wide enough for its hidden rows, so that its width is constant when rows
-// appear.
+// A section of a form: an optional heading above a rounded card. Thin lines separate the visible
+// rows of the card. A section is wide enough for its hidden rows, so that its width is constant
+// when rows appear.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -34,8 +34,8 @@ public:
     // Adds a row with one widget that takes the full width.
     QWidget* addWidget(QWidget* widget);
 
-    // Adds a widget to the last row, without a line between them. Use it to explain the choice made
-    // in that row.
+    // Adds a widget at the bottom of the last row, without a separating line. Use it to explain the
+    // choice that the user makes in that row.
     QWidget* addToLastRow(QWidget* widget);
 
     QSize minimumSizeHint() const override;

@@ -28,7 +28,7 @@ Picker::Picker(QWidget* parent) : QComboBox(parent) {
     setMaxVisibleItems(shownEntries);
 }
 
-// Qt makes the list only as wide as the picker, which would elide long entries.
+// By default, Qt makes the list only as wide as the picker, so long entries would be elided.
 void Picker::showPopup() {
     const bool scrolls = count() > maxVisibleItems();
     const int bar = scrolls ? view()->verticalScrollBar()->sizeHint().width() : 0;

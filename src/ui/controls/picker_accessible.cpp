@@ -14,8 +14,8 @@ public:
     explicit PickerAccessible(Picker* shown)
         : QAccessibleWidget(shown, QAccessible::ComboBox), picker(*shown) {}
 
-    // Returns the choice also as the name, as Qt does on Linux, where the label is a separate
-    // relation.
+    // The name is the choice, too, as in Qt's own implementation on Linux. The label is exposed as
+    // a separate relation.
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Name || kind == QAccessible::Value
                    ? choice()

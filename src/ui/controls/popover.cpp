@@ -166,7 +166,7 @@ bool Popover::isOnCard(QPointF onScreen) const {
     return placed.card.contains(window()->mapFromGlobal(onScreen).toPoint());
 }
 
-// This filter receives all events of the application, so it checks the cheap event type first.
+// This filter receives all events of the application, so the cheapest checks come first.
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
     if (isClosed || anchor == nullptr || !watched->isWidgetType()) {
         return false;
@@ -227,7 +227,7 @@ void Popover::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-// Accepts the event, so that it does not continue to the window below the popover.
+// Accepts the event, so that it is not propagated to the window below the popover.
 void Popover::mousePressEvent(QMouseEvent* event) {
     event->accept();
 }

@@ -26,7 +26,6 @@ constexpr int emptyHeight = 56;
 constexpr int markSize = 14;
 constexpr int markRoom = 28;
 
-// The item data role for the entry's value.
 constexpr int entryValueRole = Qt::UserRole + 1;
 
 QStandardItem* headingItem(const QString& title) {
@@ -171,8 +170,8 @@ void SearchableList::addGroup(const Group& group) {
     }
 }
 
-// While the user searches, marks the entry whose name equals the search text, or else the first
-// entry. Without a search text, marks the current choice.
+// With a search text, highlights the entry whose name equals the text, or else the first entry.
+// Without a search text, highlights the current choice.
 void SearchableList::markFirst(std::optional<int> exactRow) {
     const bool isSearching = !field->text().trimmed().isEmpty();
     if (isSearching && exactRow) {
@@ -200,7 +199,7 @@ void SearchableList::mark(int row) {
     browse(index);
 }
 
-// The focus stays in the search field, so Qt does not announce the marked entry itself.
+// The focus stays in the search field, so Qt does not announce the highlighted entry.
 void SearchableList::announce(int row) {
     if (QAccessible::isActive()) {
         QAccessibleEvent event(list, QAccessible::Focus);

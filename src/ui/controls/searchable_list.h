@@ -1,5 +1,5 @@
-// A grouped list below a search field. Typing filters the entries, the arrow keys move the mark
-// through them, and Return chooses the marked entry.
+// A grouped list below a search field. Typing filters the entries, the arrow keys move the
+// highlight, and Return chooses the highlighted entry.
 //
 // The list grows with its entries up to a maximum height, and scrolls beyond that. The focus stays
 // in the search field, so that input methods work.
@@ -33,7 +33,7 @@ public:
         QString text;
         QIcon icon;
         int value = 0;
-        bool isExact = false; // the search text is this entry's name, so this entry is marked
+        bool isExact = false; // the search text is this entry's name, so this entry is highlighted
     };
     struct Group {
         QString heading;
@@ -64,7 +64,8 @@ public:
     // Called when the user chooses an entry. The callback may destroy the list.
     std::function<void(int value)> onChoose;
 
-    // Called when an entry is marked, and when the pointer moves over an entry.
+    // Called when an entry is highlighted or the pointer moves over it. When the pointer leaves the
+    // list, called for the highlighted entry.
     std::function<void(int value)> onBrowse;
 
     // Called when the user presses Tab (forward) or Shift+Tab (backward). The callback moves the

@@ -1,5 +1,5 @@
 // A row of segments on a pill-shaped background. A highlight slides to the chosen segment. Arrow
-// keys change the choice. Assistive technology sees the segments as radio buttons.
+// keys change the choice. The segments are exposed to assistive technology as radio buttons.
 //
 // Thread:  the main thread.
 // Owner:   its parent.

@@ -94,7 +94,7 @@ Sheet::Sheet(QWidget* anchorWidget, QWidget* content, QSize size)
     scroller->viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);
     adoptDefaultButton(*content);
-    // While the sheet blocks the window, the window's own actions get no key events.
+    // The sheet blocks the window, so key events do not reach the window's own actions.
     addActions(owner()->actions());
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
     owner()->installEventFilter(this);

@@ -25,8 +25,8 @@ namespace glidemap {
 
 class Sheet : public QDialog {
 public:
-    // Takes ownership of `content`. `size` is the content's size if the content
-    // needs no more width and the screen has room for it.
+    // Takes ownership of `content`. `size` is the size of the content, unless the content needs
+    // more width or the screen is too small.
     Sheet(QWidget* anchorWidget, QWidget* content, QSize size);
     ~Sheet() override;
 

@@ -14,8 +14,7 @@ void StyledLabel::setRole(Role colorRole) {
     applyTheme();
 }
 
-// The cache needs no screen in its key: the theme sets font sizes in pixels, so the result is the
-// same on all screens.
+// The cached size does not depend on the screen, because the theme sets font sizes in pixels.
 QSizeF StyledLabel::lineSize() const {
     if (!measured || measured->text != text() || measured->font != font()) {
         const QFontMetricsF metrics(font(), this);

@@ -43,8 +43,7 @@ QSize Switch::sizeHint() const {
     return {trackWidth + label + 2 * style::ringMargin, height + 2 * style::ringMargin};
 }
 
-// Qt calls this when the program, not the user, changes the state. The knob jumps if the switch is
-// invisible, otherwise it slides.
+// Qt calls this function when the program, not the user, changes the state.
 void Switch::checkStateSet() {
     QCheckBox::checkStateSet();
     knob.glideTo(isChecked() ? 1 : 0);
@@ -66,7 +65,7 @@ void Switch::drawTrack(QPainter& painter, const QRectF& track) const {
     const QColor on = style::color(Role::accentGround);
     painter.setOpacity(isEnabled() ? 1 : 0.5);
     style::fillRounded(painter, track, radius, mixed(off, on, knob.value()));
-    // The edge separates an unchecked track from a background of similar colour.
+    // The edge separates the track of a switch that is off from a background of similar colour.
     style::strokeRounded(painter, track, radius, style::hairline(painter),
                          mixed(style::color(Role::tertiary), on, knob.value()));
     if (isEnabled() && underMouse()) {

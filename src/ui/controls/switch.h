@@ -1,5 +1,6 @@
 // A switch: a knob that slides between off and on. For users and for assistive technology it
-// behaves as a check box. Its text is in front of the knob.
+// behaves as a check box. The text precedes the track: it is on the left, or on the right in a
+// right-to-left layout.
 //
 // Thread:  the main thread.
 // Owner:   its parent.

@@ -19,8 +19,8 @@ Point onTheCircle(double angle) {
             padCenter.y + radius * std::sin(angle)};
 }
 
-// Returns the arc drawn so far, in steps of 6 degrees. Before the finger moves, the arc consists of
-// coinciding points.
+// Returns the arc drawn so far, in steps of about 6 degrees. Before the finger moves, all points of
+// the arc coincide.
 std::vector<Point> arc(double swept, double progress) {
     constexpr double piecesOfACircle = 60;
     const int pieces = std::max(static_cast<int>(std::floor(piecesOfACircle * progress)), 2);

@@ -13,11 +13,11 @@ namespace glidemap::demo {
 
 namespace {
 
-constexpr double aspect = 1.45; // width to height of the pad
+constexpr double aspect = 1.45; // the pad's width divided by its height
 constexpr double faintest = 0.01;
 constexpr double trailWidth = 2;
 
-// The pad needs a contrast of 3:1 to its background.
+// The pad's outline needs a contrast of 3:1 to its background.
 constexpr double padOpacity = 0.7;
 
 QPen penOf(Role role, double opacity, double width) {
@@ -40,7 +40,7 @@ void drawPad(QPainter& painter, const QRectF& pad) {
         continuousRectangle(pad.adjusted(half, half, -half, -half), 0.14 * pad.height() - half));
 }
 
-// If all points of the trail coincide, the round caps of the line draw a dot.
+// Draws a dot if all points of the trail coincide.
 void drawTrail(QPainter& painter, const QRectF& pad, const std::vector<Point>& trail) {
     if (trail.size() < 2) {
         return;

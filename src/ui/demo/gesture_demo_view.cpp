@@ -17,7 +17,7 @@ namespace glidemap {
 
 namespace {
 
-// Returns the time until the view's screen shows the next frame of the demonstration.
+// Returns the time until the view must draw the next frame of the demonstration.
 std::chrono::milliseconds untilNextFrameOf(const QWidget& view) {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     return demo::untilNextFrame(now, demo::framePeriod(view.screen()->refreshRate()));
@@ -80,7 +80,8 @@ void GestureDemoView::hideEvent(QHideEvent* /*event*/) {
     }
 }
 
-// Qt may send no paint event when a window is restored or uncovered, so these events request one.
+// Qt does not always send a paint event when a window is restored or uncovered, so this filter
+// requests one.
 bool GestureDemoView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Expose || event->type() == QEvent::WindowStateChange) {
         update();

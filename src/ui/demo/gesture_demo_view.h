@@ -7,8 +7,8 @@
 // paint events: when it is hidden, minimised or scrolled out of view, or when the desktop requests
 // no frames.
 //
-// Tab skips the view, because it has no function. Assistive technology sees an animation. The
-// view's owner sets the accessible name: the gesture's name in the current language.
+// Tab skips the view, because it is not interactive. The view is exposed to assistive technology as
+// an animation. Its owner sets the accessible name: the gesture's name in the current language.
 //
 // Thread:  the main thread.
 // Owner:   its parent.

@@ -8,10 +8,10 @@ namespace glidemap::demo {
 
 namespace {
 
-// How much of a frame is visible.
+// Measures how much of a frame is visible.
 struct Clarity {
     double fingers = 0; // the sum of their opacities
-    double drawn = 0;   // the length of the trail, and the ring's radius weighted with its opacity
+    double drawn = 0;   // the trail's length plus the ring's radius times its opacity
 };
 
 double lengthOf(const std::vector<Point>& trail) {

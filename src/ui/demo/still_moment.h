@@ -9,8 +9,9 @@
 
 namespace glidemap::demo {
 
-// Returns the time with the most visible fingers. Of several such times, it prefers the ones with
-// the most visible trail and ring, and of those the latest, because the motion is then complete.
+// Returns the time at which the fingers are most clearly visible. Of several such times, returns
+// the latest of those at which the trail and the ring are largest, because the motion is complete
+// then.
 double stillMoment(GestureType gesture);
 
 } // namespace glidemap::demo

@@ -1,5 +1,5 @@
-// Swipes: fingers move in a straight line, several fingers across the pad or a single one from an
-// edge.
+// Swipes: several fingers move in a straight line across the pad, or one finger moves inwards from
+// an edge.
 #include "motions.h"
 
 #include <cmath>
@@ -8,7 +8,7 @@ namespace glidemap::demo {
 
 namespace {
 
-// The trail is hidden while the finger has moved less than this distance.
+// The trail is hidden until this fraction of the movement is complete.
 constexpr double trailBegins = 0.02;
 
 Point stepTowards(GestureDirection direction) {

@@ -13,8 +13,8 @@ struct Window {
     double end;
 };
 
-// Returns how far the fingers are down: 1 from 0.1 s after the start of a window until 0.1 s before
-// its end, and 0 outside the windows.
+// Returns how far the fingers are down: 1 from 0.1 s after the start of a time window until 0.1 s
+// before its end, and 0 outside all windows.
 double pressLevel(double t, std::initializer_list<Window> windows) {
     constexpr double fade = 0.1;
     double level = 0;

@@ -1,7 +1,8 @@
-// The section of the editor that chooses the action: its kind, and the parameter of that kind.
+// The section of the editor in which the user chooses the action: its kind, and the parameter of
+// that kind.
 //
 // Thread:  the main thread.
-// Owner:   the editor. The draft and the other arguments outlive the section.
+// Owner:   the editor. `draft`, `workspace` and `lang` must outlive the section.
 // Errors:  none.
 #pragma once
 
@@ -49,7 +50,7 @@ private:
     ShortcutRecorderView* recorder;
     ApplicationPicker* target;
     QLabel* targetLabel;
-    QLabel* noOverview; // visible if the desktop has no overview
+    QLabel* noOverview; // visible for Mission Control if the desktop has no overview
     QWidget* recorderPlace = nullptr;
     QWidget* targetPlace = nullptr;
     QWidget* noOverviewPlace = nullptr;

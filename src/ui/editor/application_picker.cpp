@@ -65,8 +65,8 @@ void ApplicationPicker::reload() {
     setCurrentIndex(1 + static_cast<int>(found - apps.begin()));
 }
 
-// If at least one entry has an icon, the entries without one get an empty icon, so that all names
-// are aligned.
+// If at least one application has an icon, the others get an empty icon, so that all names are
+// aligned.
 void ApplicationPicker::addIcons() {
     std::vector<QIcon> icons;
     std::ranges::transform(apps, std::back_inserter(icons), [this](const RunningApp& app) {
@@ -107,7 +107,7 @@ void ApplicationPicker::pick(int index) {
     }
 }
 
-// The entry for no application looks like a placeholder.
+// Draws the entry for no application like a placeholder.
 void ApplicationPicker::initStyleOption(QStyleOptionComboBox* option) const {
     Picker::initStyleOption(option);
     if (currentIndex() == 0) {

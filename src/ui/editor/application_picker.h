@@ -1,11 +1,11 @@
 // Picks one of the running applications, or none. An entry shows the application's icon if the
 // workspace provides one.
 //
-// If the chosen application is not running, it has no entry in the list. The picker still shows its
-// name, until the user picks another entry.
+// If the chosen application is not running, the open list does not contain it. The closed picker
+// still shows its name, until the user picks another entry.
 //
 // Thread:  the main thread.
-// Owner:   its parent. The workspace and the language outlive it.
+// Owner:   its parent. The workspace and the language must outlive the picker.
 // Errors:  none.
 #pragma once
 
@@ -33,7 +33,7 @@ public:
     // Called when the user picks an entry; nullopt is "no application".
     std::function<void(const std::optional<RunningApp>&)> onPick;
 
-    // Updates the list of running applications. The picker does this itself before each use.
+    // Updates the list of running applications. The picker calls this before each use.
     void reload();
 
     void showPopup() override;
@@ -52,7 +52,7 @@ private:
     const Offer offer;
     Lang& lang;
     std::optional<RunningApp> selected;
-    std::vector<RunningApp> apps; // the applications in the list, without its first entry, "none"
+    std::vector<RunningApp> apps; // the entries after the first one, which means no application
     Subscription toLanguage;
 };
 

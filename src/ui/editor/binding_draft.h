@@ -1,7 +1,7 @@
 // The values of the editor's fields. Once they are complete, the draft creates the binding.
 //
-// A field that the chosen kinds do not use keeps its value but is not saved. Thus, nothing is lost
-// when the user switches to another kind and back.
+// A field that the chosen kinds of action and scope do not use keeps its value but is not saved.
+// Thus, nothing is lost when the user switches to another kind and back.
 //
 // Thread:  any; a plain value.
 // Owner:   the editor.
@@ -62,9 +62,9 @@ struct BindingDraft {
     std::optional<BindingAction> action() const;
     std::optional<BindingScope> scope() const;
 
-    // Replaces the binding `edited` in the list by the draft, except for its identifier and its
-    // enabled state, and returns the list. Appends a new binding if `edited` is nullopt or not in
-    // the list.
+    // Writes the draft into the binding with the identifier `edited`, whose enabled state is
+    // unchanged, and returns the list. Appends a new binding if `edited` is nullopt or not in the
+    // list.
     std::optional<BindingList> writtenInto(BindingList list,
                                            const std::optional<Uuid>& edited) const;
 };

@@ -3,8 +3,8 @@
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the sheet. The objects in `services` outlive it.
-// Errors:  shows none; an incomplete form cannot be saved.
+// Owner:   the sheet. The objects in `services` must outlive the editor.
+// Errors:  none. An incomplete form cannot be saved.
 #pragma once
 
 #include "bindings/binding_store.h"

@@ -48,7 +48,7 @@ public:
 
     std::function<void(GestureType)> onChoose;
 
-    // Called when the user presses Tab. The callback moves the focus.
+    // Called when the user presses Tab or Shift+Tab. The callback moves the focus.
     std::function<void()> onLeave;
 
 private:

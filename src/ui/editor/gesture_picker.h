@@ -1,8 +1,8 @@
-// A picker for a gesture. It looks like other pickers, but opens a searchable list within the
-// sheet, grouped by category. Typing a letter opens the list and starts a search.
+// A picker for a gesture. It looks like other pickers, but opens a searchable list, grouped by
+// category, within the sheet. Typing a letter opens the list and starts a search.
 //
 // Thread:  the main thread.
-// Owner:   its parent. The language outlives it.
+// Owner:   its parent. The language must outlive the picker.
 // Errors:  none.
 #pragma once
 

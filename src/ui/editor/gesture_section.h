@@ -1,7 +1,8 @@
-// The section of the editor that chooses the gesture: the picker, the demonstration, and advice.
+// The section of the editor in which the user chooses the gesture: the picker, the demonstration,
+// and a description of the gesture.
 //
 // Thread:  the main thread.
-// Owner:   the editor. The draft, the language and the notes outlive it.
+// Owner:   the editor. The draft, the language and the notes must outlive the section.
 // Errors:  none.
 #pragma once
 

@@ -1,7 +1,8 @@
-// The section of the editor that chooses the scope: all applications, or one.
+// The section of the editor in which the user chooses the scope: all applications, or one
+// application.
 //
 // Thread:  the main thread.
-// Owner:   the editor. The draft and the other arguments outlive the section.
+// Owner:   the editor. `draft`, `workspace` and `lang` must outlive the section.
 // Errors:  none.
 #pragma once
 

@@ -77,8 +77,8 @@ bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
     }
 }
 
-// Sets the flag of a pressed or released modifier itself: depending on the window system, the
-// modifier's own event may or may not include it.
+// If the key is a modifier, sets or clears its flag explicitly. Depending on the window system,
+// event.modifiers() contains the state before or after this event.
 void KeyMonitor::reportModifiers(const QKeyEvent& event) const {
     if (!running || !onModifiers || event.isAutoRepeat()) {
         return;

@@ -6,8 +6,8 @@
 // them may be the key that started the recording.
 //
 // Thread:  the main thread.
-// Owner:   ToolkitKeyPresses, which reports its events. After its destruction, key events are
-//          delivered normally.
+// Owner:   ToolkitKeyPresses, which reports the monitor's events. After the monitor's destruction,
+//          key events are delivered normally.
 // Errors:  none. If another program received the release of a key, the monitor does not wait for
 //          it: the next press of that key is a new press.
 #pragma once

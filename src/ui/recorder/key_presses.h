@@ -31,8 +31,8 @@ public:
     KeyPresses& operator=(const KeyPresses&) = delete;
     virtual ~KeyPresses() = default;
 
-    // Called with the held modifiers, as flags of a shortcut, between start() and stop(). Some
-    // platforms cannot report them.
+    // Called with the held modifiers, as flags of a shortcut, between start() and stop(). Never
+    // called on platforms that cannot report modifiers.
     std::function<void(std::uint64_t)> onModifiers;
 
     virtual void start(std::function<void(const Press&)> handler) = 0;

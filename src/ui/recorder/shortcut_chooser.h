@@ -7,7 +7,7 @@
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   its parent; the language outlives it.
+// Owner:   its parent. The language must outlive the chooser.
 // Errors:  none. If no key matches, the list says so.
 #pragma once
 
@@ -29,10 +29,10 @@ class ShortcutChooser : public QWidget {
 public:
     ShortcutChooser(const std::optional<KeyShortcut>& shown, Lang& lang, QWidget* parent = nullptr);
 
-    // Called for each change of the shortcut by the user.
+    // Called each time the user changes the shortcut.
     std::function<void(const KeyShortcut&)> onChange;
 
-    // Called when the user chooses a key, or leaves the chooser with Tab.
+    // Called when the user chooses a key, or leaves the chooser with Tab, Shift+Tab or Return.
     std::function<void()> onDone;
 
 protected:

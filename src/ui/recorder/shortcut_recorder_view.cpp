@@ -101,8 +101,8 @@ void ShortcutRecorderView::stopRecording() {
     retitle();
 }
 
-// Captures the keys that the desktop reserves for itself only while this window is active.
-// Elsewhere, these keys work normally.
+// While recording in the active window, captures the keys that the desktop reserves for itself. In
+// other windows, these keys work normally.
 void ShortcutRecorderView::updateDesktopKeyCapture() {
     const bool mayCapture = recording && captureLimit.isActive() && isActiveWindow();
     keys->captureDesktopKeys(mayCapture ? window()->windowHandle() : nullptr);

@@ -16,7 +16,7 @@ constexpr std::uint64_t capsLock = 0x10000;
 constexpr std::uint16_t firstModifierKey = 54;
 constexpr std::uint16_t lastModifierKey = 63;
 
-// A keyboard layout can turn any other key into a modifier.
+// Whether the key acts as a modifier. A keyboard layout can turn any key into a modifier.
 bool actsAsModifier(int key) {
     switch (key) {
     case Qt::Key_Shift:

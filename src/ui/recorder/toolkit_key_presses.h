@@ -1,7 +1,7 @@
 // Captures key presses from Qt's events, for platforms whose window system offers no better source.
 //
-// The press of a modifier alone is not reported, because the user may hold it for the next key. A
-// keyboard layout can turn any key into a modifier.
+// The press of a modifier alone is not reported, because the user may hold it for the next key.
+// This includes keys that the keyboard layout turns into modifiers.
 //
 // Thread:  the main thread, within the lifetime of the application object.
 // Owner:   the program. This object owns the HardwareKeys.

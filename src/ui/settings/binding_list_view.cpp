@@ -78,7 +78,7 @@ BindingListView::BindingListView(const Lang& lang, QWidget* parent)
     area->installEventFilter(this);
     area->viewport()->installEventFilter(this);
     auto* layout = new QVBoxLayout(this);
-    // The rows scroll up to the card's upper and lower edges.
+    // No vertical inset: rows that are scrolled partly out of view end at the card's edge.
     layout->setContentsMargins(inset, line, inset, line);
     layout->addWidget(area);
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
@@ -256,7 +256,7 @@ bool BindingListView::actOnSelection(int key) {
     }
 }
 
-// Auto-repeat may move the selection, but must not delete bindings.
+// Auto-repeat may move the selection, but must not edit, toggle or delete bindings.
 void BindingListView::keyPressEvent(QKeyEvent* event) {
     const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
     const bool isOurs = bindings != nullptr && !bindings->empty() && modifiers == Qt::NoModifier &&

@@ -1,9 +1,9 @@
 // The list of bindings, one row for each, in the store's order.
 //
 // A row stays with its binding. If bindings are edited, toggled or deleted, the other rows, their
-// focus, an open demonstration, the selection and the scroll position are preserved. Only visible
-// rows, a few beyond them, and the row with the focus exist, so that a thousand bindings cost no
-// more than twenty.
+// focus, an open demonstration, the selection and the scroll position are preserved. Only the
+// visible rows, a few beyond them, and the row with the focus exist, so that a long list is as
+// cheap as a short one.
 //
 //   Up, Down, Page Up, Page Down, Home, End   move the selection
 //   Return   edits the selected binding   Delete   deletes it and selects a neighbour

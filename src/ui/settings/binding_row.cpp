@@ -33,7 +33,7 @@ constexpr int ringRoom = 4; // the margin for a control's focus ring
 constexpr int lineSpacing = 2;
 constexpr int symbolColumn = 22;
 constexpr int arrowSize = 11;
-// At the default width of the window; a wider window allows more.
+// The maximum at the default width of the window. In a wider window, maxBadgesShare applies.
 constexpr int maxBadgeWidth = 200;
 constexpr double maxBadgesShare = 0.28; // the maximum share of the row's width
 constexpr double cornerRadius = 7;
@@ -96,7 +96,7 @@ BindingRow::BindingRow(GestureBinding shown, Callbacks callbacks, const Lang& la
     makeButtons(*layout);
     for (QAbstractButton* control : controls()) {
         control->installEventFilter(this);
-        // The arrow keys reach the controls, and Tab leaves the list.
+        // The controls are not tab stops: the arrow keys reach them, and Tab leaves the list.
         control->setFocusPolicy(Qt::ClickFocus);
     }
     showEmphasis();
@@ -110,7 +110,8 @@ BindingRow::~BindingRow() {
 void BindingRow::makeSwitch(QHBoxLayout& layout) {
     enabled = new QCheckBox(content);
     enabled->setObjectName("enabled");
-    // The switch keeps its state until the list has stored the new one and updates this row.
+    // The check box keeps its state until the binding has been changed and the list updates this
+    // row.
     connect(enabled, &QCheckBox::toggled, this, [this](bool on) {
         if (on != shown.enabled) {
             enabled->setChecked(shown.enabled);
@@ -197,7 +198,7 @@ QString BindingRow::spokenName(const GestureBinding& binding, const Lang& lang) 
     return toQt(name);
 }
 
-// Every row has the same controls. The gesture's name makes their accessible names unique.
+// Every row has the same controls, so their accessible names include the gesture's name.
 void BindingRow::updateAccessibleNames() {
     const std::string gesture = displayName(shown.gesture, lang);
     const auto name = [&](const char* english, const char* chinese) {
@@ -276,7 +277,7 @@ void BindingRow::enter() {
     enabled->setFocus(Qt::TabFocusReason);
 }
 
-// Moves the focus to the control on the left or right.
+// Moves the focus to the next control, or from the first control back to the list.
 bool BindingRow::movesFocus(int key, QAbstractButton* from) {
     if (key != Qt::Key_Left && key != Qt::Key_Right) {
         return false;
@@ -301,8 +302,8 @@ bool BindingRow::eventFilter(QObject* watched, QEvent* event) {
         onFocusInside(static_cast<QFocusEvent*>(event)->reason());
     }
     auto* control = static_cast<QAbstractButton*>(watched);
-    // The first click of a double click deleted the previous row at this place. The second click
-    // must not delete this row.
+    // The first click of a double click may have deleted another row at this place. The second
+    // click must not delete this row, too.
     if (event->type() == QEvent::MouseButtonDblClick && control == remove) {
         return true;
     }

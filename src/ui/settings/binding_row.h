@@ -1,7 +1,7 @@
-// A row of the list: the binding's gesture, action and scope, its switch, its demonstration, and
+// A row of the list: the binding's gesture, action and scope, its check box, its demonstration, and
 // the buttons to edit and delete it. The row itself changes no data.
 //
-// The list selects the row and forwards keys to it.
+// The list selects the row, and handles the keys that the row's controls do not use.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -71,7 +71,7 @@ public:
     // Moves the focus to the first control.
     void enter();
 
-    // Called when the focus leaves the first control towards the row itself.
+    // Called when a key moves the focus from the first control back to the list.
     std::function<void()> onLeave;
 
     // Called when a control of the row receives the focus.

@@ -1,9 +1,9 @@
 // The existing rows of the binding list: the visible ones, a few beyond them, and the row with the
 // focus. A row stays with its binding when the list changes.
 //
-// Units:   points, from the upper edge of the ground.
+// Units:   points, from the upper edge of `ground`.
 // Thread:  the main thread.
-// Owner:   the list. The ground owns the rows and outlives this object.
+// Owner:   the list. `ground` owns the rows, and must outlive this object.
 // Errors:  none. If several bindings have the same identifier, each has its own row.
 #pragma once
 
@@ -47,8 +47,8 @@ public:
     // Returns whether a deleted row had the focus.
     bool carryOver(const BindingList& next);
 
-    // Creates the missing rows from `first` up to, but not including, `end`, discards the others,
-    // and positions all rows. Returns whether any row was created.
+    // Creates the missing rows from `first` up to, but not including, `end`. Discards all other
+    // rows except the row with the focus. Returns whether any row was created.
     bool cover(const BindingList& bindings, std::size_t first, std::size_t end);
 
     void closePreviews();

@@ -16,8 +16,8 @@ namespace glidemap {
 std::optional<std::size_t> closestWithIdentifier(const Uuid& id, const BindingList& list,
                                                  std::size_t index);
 
-// Returns the new index of the selected binding. If the binding was deleted, returns its successor
-// or, failing that, its predecessor.
+// Returns the new index of the selected binding. If the binding was deleted, returns the index of
+// its successor or, failing that, of its predecessor.
 std::optional<std::size_t> selectionAfter(const BindingList& before, const BindingList& after,
                                           std::optional<std::size_t> selected);
 
@@ -25,8 +25,8 @@ std::optional<std::size_t> selectionAfter(const BindingList& before, const Bindi
 bool hasGrownByOne(const BindingList& before, const BindingList& after);
 
 // Returns the index to which a movement key (such as Qt::Key_Up) moves the selection in a list of
-// `count` > 0 bindings, or nullopt for other keys. Without a selection, the first key press selects
-// a binding without moving.
+// `count` > 0 bindings, or nullopt for other keys. Without a selection, Down selects the first
+// binding. Other keys move as if the first binding were selected.
 std::optional<std::size_t> selectionMovedBy(int key, std::optional<std::size_t> selected,
                                             std::size_t count, std::size_t pageLength);
 

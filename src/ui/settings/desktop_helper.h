@@ -31,7 +31,7 @@ public:
     virtual State state() const = 0;
     virtual std::optional<std::string> lastError() const = 0;
 
-    // Starts the installation. state() then reports the result.
+    // Starts the installation. Afterwards, state() reports the result.
     virtual void install() = 0;
 
     virtual Observable& changes() = 0;

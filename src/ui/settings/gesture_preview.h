@@ -1,5 +1,5 @@
-// The content of the popover that opens at a binding's symbol: the gesture's name, demonstration
-// and advice.
+// The content of the popover that opens at a binding's symbol: the gesture's name, a demonstration
+// and a description.
 //
 // Units:   points.
 // Thread:  the main thread.

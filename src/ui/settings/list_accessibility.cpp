@@ -20,7 +20,7 @@ BindingListView* listAround(const QWidget* row) {
 }
 
 // Represents a binding that is scrolled out of view and has no row. Assistive technology can count
-// and read it like the others.
+// and read it like the other bindings.
 class AbsentRow : public QAccessibleInterface {
 public:
     AbsentRow(const BindingListView& shown, std::size_t index) : shown(shown), index(index) {}

@@ -1,5 +1,5 @@
-// The notices above the list: a newer version, a missing permission, and errors of services. Each
-// notice is visible only while it applies, with a separator line below it.
+// The notices above the list: a newer version, a missing permission, a missing desktop helper, and
+// errors of services. Each notice is visible only while it applies, with a separator line below it.
 //
 // Thread:  the main thread.
 // Owner:   the settings view, which sets the content.

@@ -3,7 +3,7 @@
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the settings view, which sets the content. The language outlives the header.
+// Owner:   the settings view, which sets the content. The language must outlive the header.
 // Errors:  none. If one line is too narrow for the title and the controls in the longer language,
 //          the controls move to a second line, in the same order. If that line is too narrow for
 //          them, for example with a large font, they take two lines. The texts of controls are

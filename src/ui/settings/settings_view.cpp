@@ -124,7 +124,7 @@ void SettingsView::listen() {
     };
 }
 
-// Changes are ignored while the window is hidden, because it refreshes when it is shown.
+// Changes are ignored while the view is hidden, because showEvent() refreshes the view.
 void SettingsView::observe() {
     const auto follow = [this](Observable& observed, void (SettingsView::*react)()) {
         subscriptions.push_back(observed.subscribe({}, [this, react] {
@@ -149,8 +149,8 @@ void SettingsView::observe() {
     }
 }
 
-// Called only on creation, when the view is shown and after a language change: each accessible name
-// that is set notifies screen readers.
+// Called only on creation, when the view is shown and after a language change, because setting an
+// accessible name notifies screen readers.
 void SettingsView::retitle() {
     header->retitle();
     if (services.notes != nullptr) {
@@ -171,7 +171,7 @@ void SettingsView::refresh() {
     footer->display(events.empty() ? nullptr : &events.front(), *services.lang);
 }
 
-// Also queries the access permission, which sends no change notifications.
+// Also queries the access permission, whose port has no change notification.
 void SettingsView::refreshNotices() {
     Notices::Content content;
     content.latestVersion = services.updates->latestVersion();
@@ -232,7 +232,7 @@ void SettingsView::toggle(const GestureBinding& binding, bool enabled) {
     const auto found = std::ranges::find(changed, binding.id, &GestureBinding::id);
     if (found != changed.end()) {
         found->enabled = enabled;
-        services.store->setBindings(std::move(changed)); // saves
+        services.store->setBindings(std::move(changed)); // also saves the list
     }
 }
 
@@ -245,7 +245,7 @@ void SettingsView::remove(const GestureBinding& binding) {
     BindingList left = before;
     std::erase_if(left, [id = binding.id](const GestureBinding& each) { return each.id == id; });
     lastDeletion = Deletion{before, left, static_cast<std::size_t>(first - before.begin())};
-    services.store->setBindings(std::move(left)); // saves
+    services.store->setBindings(std::move(left)); // also saves the list
     undoBar->offer(binding.gesture);
 }
 
@@ -254,7 +254,7 @@ void SettingsView::bringBack() {
     if (!deletion || *services.store->bindings() != deletion->after) {
         return;
     }
-    services.store->setBindings(deletion->before); // saves
+    services.store->setBindings(deletion->before); // also saves the list
     list->setFocus(Qt::OtherFocusReason);
     list->select(deletion->place);
 }

@@ -4,7 +4,7 @@
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the settings window. The services outlive it.
+// Owner:   the settings window. The services must outlive the view.
 // Errors:  shows the errors of the services; has none of its own.
 #pragma once
 

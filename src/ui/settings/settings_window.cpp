@@ -13,7 +13,7 @@ namespace glidemap {
 
 namespace {
 
-// Larger than any desktop. Stored values beyond it are rejected, because sums of positions and
+// Larger than any desktop. Stored positions beyond it are rejected, because sums of positions and
 // sizes could overflow.
 constexpr int maxCoordinate = 1'000'000;
 

@@ -1,6 +1,6 @@
-// Port: notes of a platform about texts that were written for macOS. Each note is shown as a
-// separate line next to such a text. It is in the requested language, and empty if there is nothing
-// to add.
+// Port: a platform's additions to texts that were written for macOS. Each note is shown as a
+// separate line next to such a text. A note is in the requested language, and empty if there is
+// nothing to add.
 //
 // Thread:  the main thread; never blocks.
 // Errors:  none.
@@ -33,7 +33,7 @@ public:
     // Returns what the system itself uses this gesture for, and where the user can switch that off.
     virtual std::string systemGesture(GestureType gesture, const Lang& lang) const = 0;
 
-    // Notifies observers when missingAccess() changes.
+    // Notifies observers when missingAccess() may have changed.
     virtual Observable& changes() = 0;
 };
 

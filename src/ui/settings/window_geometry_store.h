@@ -1,10 +1,11 @@
 // Port: stores the window's last position and size across launches.
 //
-// This is not a user setting: its loss is harmless.
+// The geometry is not a user setting, and losing it is harmless.
 //
 // Units:   points of the desktop; position of the window's frame, size of its content.
 // Thread:  the main thread.
-// Errors:  none. An unreadable or invalid geometry returns nullopt; write errors are ignored.
+// Errors:  none. read() returns nullopt for an unreadable or invalid geometry; write errors are
+//          ignored.
 #pragma once
 
 #include <optional>
@@ -16,7 +17,7 @@ struct WindowGeometry {
     int y = 0;
     int width = 0;
     int height = 0;
-    bool maximized = false; // the other values are then those to restore
+    bool maximized = false; // the other values then describe the window when it is not maximised
 
     friend bool operator==(const WindowGeometry&, const WindowGeometry&) = default;
 };

@@ -2,7 +2,7 @@
 //
 // Thread:  the main thread; never blocks.
 // Owner:   the program creates one.
-// Errors:  none: a setting that the desktop does not provide is absent.
+// Errors:  none. If the desktop does not provide a colour scheme, colorScheme() returns nullopt.
 #pragma once
 
 #include "core/observable.h"

@@ -27,7 +27,7 @@ namespace {
 
 using style::as;
 
-// Whether the widget has round corners; its window must then be translucent.
+// Whether the widget is a popup with round corners, so that its window must be translucent.
 bool isFloatingPanel(const QWidget* widget) {
     return dynamic_cast<const QMenu*>(widget) != nullptr ||
            widget->inherits("QComboBoxPrivateContainer") || widget->inherits("QTipLabel");

@@ -1,7 +1,7 @@
 // The colours of the light and the dark appearance, and the QPalettes created from them.
 //
 // Texts have a contrast of at least 4.5:1 to their background, so that they are legible in sunlight
-// and for users with low vision. Disabled hints and drawings have at least 3:1.
+// and for users with low vision. Drawings and disabled hints have at least 3:1.
 //
 // Thread:  any.
 #pragma once
@@ -14,8 +14,8 @@ namespace glidemap {
 
 QColor colorOf(Role role, ColorScheme scheme);
 
-// Returns the role's colour before it was darkened for text contrast. Use it for thin tints, which
-// would look muddy in the text colour.
+// Returns the role's colour without the adjustment for the contrast of texts. Use it for
+// translucent backgrounds, which would look muddy in the colour for texts.
 QColor vividColorOf(Role role, ColorScheme scheme);
 
 // Does not set QPalette::AlternateBase, which therefore keeps the desktop's colour. None of our

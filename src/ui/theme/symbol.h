@@ -1,5 +1,5 @@
 // The symbols of the interface. They have the names of the corresponding symbols of macOS (SF
-// Symbols), and are drawn in the colour of a role.
+// Symbols), and each is drawn in a single colour.
 //
 // Each name that the gesture catalogue or the interface uses has a drawing of our own, with the
 // same meaning. The drawings are vectors, and therefore sharp at any size.

@@ -7,8 +7,8 @@
 // Units:   points, which are device-independent pixels.
 // Thread:  the main thread, during the life of the QApplication.
 // Owner:   the process (`Theme::shared()`).
-// Errors:  none. Settings that the desktop does not provide are derived from its palette; the
-//          defaults are the light appearance and full motion.
+// Errors:  none. If the desktop provides no colour scheme, its palette determines whether the
+//          appearance is dark. If it provides no motion setting, motion is not reduced.
 #pragma once
 
 #include "core/observable.h"

@@ -16,7 +16,6 @@ bool ProcessTrust::isTrustedWithPrompt() {
     if (std::exchange(hasPrompted, true)) {
         return isTrusted();
     }
-    // The value of the constant is "AXTrustedCheckOptionPrompt".
     const void* key = kAXTrustedCheckOptionPrompt;
     const void* value = kCFBooleanTrue;
     const Owned<CFDictionaryRef> options(CFDictionaryCreate(kCFAllocatorDefault, &key, &value, 1,

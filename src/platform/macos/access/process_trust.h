@@ -1,5 +1,5 @@
 // Checks whether the user allows this process to use the accessibility services. Posting keys and
-// swallowing clicks require them.
+// swallowing clicks require this permission.
 //
 // Thread:  the main thread.
 // Owner:   the program.
@@ -14,7 +14,8 @@ class ProcessTrust : public AccessibilityTrust {
 public:
     bool isTrusted() override;
 
-    // Also makes the system show a prompt that links to the system settings.
+    // If the permission is missing, the first call also makes the system show a prompt, which links
+    // to the system settings.
     bool isTrustedWithPrompt() override;
 
 private:

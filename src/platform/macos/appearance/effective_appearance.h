@@ -2,7 +2,7 @@
 //
 // Thread:  the main thread, on which the system changes the appearance.
 // Owner:   the owner of the objects that the callback uses; destroy this object before them.
-// Errors:  none; without an application object there are no calls.
+// Errors:  none.
 #pragma once
 
 #ifdef __OBJC__

@@ -3,7 +3,7 @@
 // Thread:  the main thread.
 // Owner:   the program; create it after the application object. The system makes no calls after its
 //          destruction.
-// Errors:  none; an appearance that is neither light nor dark is absent.
+// Errors:  none. colorScheme() returns nullopt if the appearance is neither light nor dark.
 #pragma once
 
 #include "ui/theme/appearance_settings.h"

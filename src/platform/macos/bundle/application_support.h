@@ -1,7 +1,7 @@
 // Returns the path of the user's Application Support folder.
 //
-// Thread:  the main thread; the system may determine the path without reading the disk.
-// Errors:  returns nullopt if the system reports no such folder; the caller decides what to do.
+// Thread:  the main thread.
+// Errors:  returns nullopt if the system reports no such folder.
 #pragma once
 
 #include <filesystem>
@@ -9,7 +9,7 @@
 
 namespace glidemap {
 
-// All programs share this folder. It may not exist yet.
+// All programs of the user share this folder. It does not necessarily exist yet.
 std::optional<std::filesystem::path> applicationSupportFolder();
 
 } // namespace glidemap

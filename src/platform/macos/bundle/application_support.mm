@@ -21,7 +21,7 @@ std::optional<std::filesystem::path> firstFolder() {
 
 } // namespace
 
-// Needs a pool of its own, because the program calls this before it has an application object.
+// Uses its own autorelease pool, because the program also calls this before the event loop runs.
 std::optional<std::filesystem::path> applicationSupportFolder() {
     std::optional<std::filesystem::path> folder;
     withinAutoreleasePool([&folder] { folder = firstFolder(); });

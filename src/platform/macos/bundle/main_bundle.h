@@ -1,7 +1,8 @@
 // Reads the properties of the program's own bundle.
 //
 // Thread:  the main thread.
-// Errors:  returns nullopt; a program without a bundle has no version.
+// Errors:  the functions return nullopt if the value is missing. A program without a bundle has no
+//          version.
 #pragma once
 
 #include <optional>

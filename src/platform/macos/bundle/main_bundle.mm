@@ -7,7 +7,7 @@ namespace glidemap {
 
 namespace {
 
-// Checks the type, because a value in Info.plist may be of any type.
+// Checks the type, because a value in Info.plist can have any type.
 std::optional<std::string> shortVersion() {
     NSDictionary* const information = [[NSBundle mainBundle] infoDictionary];
     const id version = [information objectForKey:@"CFBundleShortVersionString"];
@@ -16,7 +16,7 @@ std::optional<std::string> shortVersion() {
 
 } // namespace
 
-// Needs a pool of its own, because the program also calls this before the event loop runs.
+// Uses its own autorelease pool, because the program also calls this before the event loop runs.
 std::optional<std::string> bundleShortVersion() {
     std::optional<std::string> version;
     withinAutoreleasePool([&version] { version = shortVersion(); });

@@ -66,8 +66,8 @@ QuartzClickTap::~QuartzClickTap() {
     remove();
 }
 
-// The tap starts enabled. This is safe, because it delivers no events until its source is added to
-// the run loop.
+// CGEventTapCreate() enables the tap, but no events arrive until the source has been added to the
+// run loop.
 bool QuartzClickTap::create(Callback callback) {
     decide = std::move(callback);
     Owned<CFMachPortRef> made(CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap,
@@ -92,7 +92,7 @@ void QuartzClickTap::setEnabled(bool enabled) {
     }
 }
 
-// Invalidates the port, because the port and its source retain each other until then, and the tap
+// Invalidates the port. Otherwise the port and its source would retain each other, and the tap
 // would stay in the event stream.
 void QuartzClickTap::remove() {
     if (source) {

@@ -3,8 +3,8 @@
 //
 // Thread:  the main thread; writing may block on the disk.
 // Owner:   the program. All instances share one store and see each other's changes.
-// Errors:  none. A value of another type is absent. A value that cannot be written is lost when the
-//          program exits.
+// Errors:  none. A value of the wrong type counts as missing. A value that cannot be written is
+//          lost when the program exits.
 #pragma once
 
 #include "core/user_defaults.h"

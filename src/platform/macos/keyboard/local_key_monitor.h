@@ -1,9 +1,10 @@
-// Receives the program's key presses before its windows do, and swallows some of them.
+// Receives the program's key presses before the program's windows do, and swallows them between
+// start() and stop().
 //
-// The system reports presses and auto-repeats to a monitor, but no releases. The auto-repeats of a
-// swallowed press are swallowed, too, even after stop(). Otherwise a Return that is held too long
-// would press the default button. Only the key pressed last repeats, so the next press of any key
-// ends the swallowing, and is delivered normally.
+// The auto-repeats of a swallowed press are swallowed, too, even after stop(). Otherwise a Return
+// that is held too long would press the default button. Only the key that was pressed last repeats.
+// So after stop(), the next press of any key is delivered normally, and no more auto-repeats are
+// swallowed. The monitor does not receive releases.
 //
 // Units:   virtual key codes, and AppKit's device-independent modifier flags.
 // Thread:  the main thread, for calls and for callbacks.

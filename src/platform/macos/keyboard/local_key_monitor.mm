@@ -15,7 +15,7 @@ public:
 private:
     void install();
 
-    // Returns the event if the next receiver may have it, or nil to swallow it.
+    // Returns the event to pass it on, or nil to swallow it.
     NSEvent* passedOn(NSEvent* event);
     NSEvent* repeated(NSEvent* event) const;
     void take(NSEvent* event);

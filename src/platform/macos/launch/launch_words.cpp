@@ -6,11 +6,12 @@ namespace glidemap {
 
 namespace {
 
-// Older systems pass an argument with the process number to programs started from the Finder.
+// Older versions of macOS pass an argument with the process number to programs that are started
+// from the Finder.
 constexpr std::string_view processNumber = "-psn_";
 
-// The prefix of settings for a single launch, such as the language. The system itself reads them
-// from the command line.
+// The prefix of settings for a single launch, such as the language. The system reads these
+// arguments itself.
 constexpr std::string_view systemSetting = "-Apple";
 
 bool isValue(std::string_view argument) {

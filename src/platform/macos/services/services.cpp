@@ -35,7 +35,7 @@ namespace glidemap::platform {
 
 namespace {
 
-// Aborts if this folder is missing, because the bindings could not be stored.
+// Aborts if the system reports no such folder, because the bindings could not be stored.
 std::filesystem::path dataFolder() {
     if (const auto folder = applicationSupportFolder()) {
         return *folder;
@@ -57,7 +57,7 @@ auto madeBeforeTheLoop(const Make& make) {
     return made;
 }
 
-// The Apple events that are addressed to the whole program.
+// Handles the Apple events for the program as a whole: reopen and quit.
 class AppleEvents {
 public:
     AppleEvents(std::shared_ptr<ApplicationShell> shell, std::function<void()> reopened)
@@ -65,7 +65,7 @@ public:
 
     void handle() {
         reopen.emplace(AppleEvent::Kind::reopen, reopened);
-        // Qt would first refuse the request and quit later, which cancels a logout.
+        // Qt's handler would refuse the request and quit later; the refusal cancels a logout.
         quit.emplace(AppleEvent::Kind::quit, [held = shell] { held->terminate(); });
     }
 

@@ -1,10 +1,10 @@
-// Locks the screen with the function that the system's own menu uses. It is part of the private
-// login framework.
+// Locks the screen with the function that the system's own menu uses. The function is part of the
+// private login framework.
 //
 // Thread:  the main thread.
 // Owner:   the program creates one for the action runner.
-// Errors:  find() returns false if the framework or the function is missing. The function's result
-//          is ignored, because the screen is locked when it returns.
+// Errors:  find() returns false if the framework or the function is missing. The result of the
+//          system's function is ignored, because the screen is locked when the function returns.
 #pragma once
 
 #include "dispatch/screen_lock.h"

@@ -1,18 +1,18 @@
 // Follows the state of the user's session: whether it is in the foreground, whether its screen is
 // locked, and whether the machine sleeps.
 //
-//   workspace            session is in front or not ──────────▶ active
-//                        machine sleeps, machine or screens wake ──▶ asleep
-//   other processes      screen is locked or unlocked ────────▶ locked
+//   workspace            session becomes active or inactive ──────▶ active
+//                        machine sleeps; machine or screens wake ─▶ asleep
+//   other processes      screen is locked or unlocked ────────────▶ locked
 //   window server, once  the first state of active and locked
 //
 // The names of the notifications about the lock are not documented. If the system does not send
-// them, the session counts as unlocked.
+// them, isLocked() keeps its first value.
 //
 // Thread:  see UserSession. The system notifies on the main thread.
 // Owner:   the program; it must outlive all its users. The system makes no calls after its
 //          destruction.
-// Errors:  none. Without a window server, the session is active and unlocked.
+// Errors:  none. Without a window server, the session counts as active and unlocked.
 #pragma once
 
 #include "dispatch/user_session.h"

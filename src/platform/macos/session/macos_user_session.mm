@@ -11,7 +11,7 @@
 #include <string_view>
 #include <utility>
 
-// The notification center calls an observer by object and selector, and does not retain the object.
+// The notification center calls a method of this object, and does not retain the object.
 @interface GlidemapDistributedObserver : NSObject {
     const std::function<void()>* callback;
 }
@@ -96,8 +96,8 @@ struct MacosUserSession::Following {
                     [&to](NSNotification* /*notice*/) { to.set(to.asleep, true); }),
           didWake(NSWorkspaceDidWakeNotification,
                   [&to](NSNotification* /*notice*/) { to.set(to.asleep, false); }),
-          // The screens wake only when the machine is awake. If the machine's notification is
-          // missed, this one switches gestures on again.
+          // The screens wake only when the machine is awake. If the notification about the machine
+          // is missing, this one switches gestures on again.
           screensDidWake(NSWorkspaceScreensDidWakeNotification,
                          [&to](NSNotification* /*notice*/) { to.set(to.asleep, false); }),
           locked(screenIsLocked, [&to] { to.set(to.locked, true); }),

@@ -1,5 +1,5 @@
-// While it exists, prevents the system from slowing the program down when no window is visible (App
-// Nap). The system may still sleep.
+// While this object exists, the system does not slow the program down when no window is visible
+// (App Nap). The machine may still go to sleep.
 //
 // Thread:  any.
 // Owner:   the object whose work must not be delayed.
@@ -12,7 +12,7 @@ namespace glidemap {
 
 class UserActivity {
 public:
-    // The system shows `reason` to users who check what keeps their computer busy.
+    // The system's tools show `reason` in their lists of activities.
     explicit UserActivity(const char* reason);
     UserActivity(const UserActivity&) = delete;
     UserActivity& operator=(const UserActivity&) = delete;

@@ -1,11 +1,11 @@
 // Calls a function when the system sends the program an Apple event:
 //
 //   reopen   the user opens the running program again, from the Finder or Spotlight; no process starts
-//   quit     the program must quit: logout, shutdown, or a request of another program
+//   quit     the program must quit: logout, shutdown, or a request from another program
 //
-// This handler replaces the one that the application object installs while it launches. Therefore,
-// create it when the event loop runs. Create only one for each kind, because a second would replace
-// the first.
+// The handler replaces the application object's own handler, which is installed during the launch.
+// Therefore, create it only after the event loop has started. Create only one for each kind,
+// because a second would replace the first.
 //
 // Thread:  the main thread, for calls and for callbacks.
 // Owner:   the program creates one for each kind. The callback may destroy it; the system makes no

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-// The system calls a handler by object and selector, and does not retain the object.
+// The system calls a method of this object for each event, and does not retain the object.
 @interface GlidemapEventTarget : NSObject {
     const std::function<void()>* callback;
 }

@@ -1,4 +1,6 @@
-// Makes the program an accessory on macOS. Its window comes to the front when the user opens it.
+// Implements ApplicationShell for macOS. The program is an accessory and has no Dock icon, so it
+// activates itself when the user opens its window. While gestures are on, the system must not slow
+// it down.
 //
 // Thread:  the main thread, while the application object exists.
 // Owner:   the program.

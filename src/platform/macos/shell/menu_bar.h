@@ -1,5 +1,5 @@
 // The menu bar of macOS. It always exists, and a click on a status item opens the item's menu. If
-// the system has a symbol with the icon's name, the bar shows it instead of our drawing.
+// the system has a symbol with the icon's name, the item shows that symbol instead of our drawing.
 //
 // Thread:  the main thread.
 // Owner:   the program.

@@ -24,7 +24,7 @@ NSStatusBarButton* buttonIn(NSView* view) {
     return nil;
 }
 
-// Returns the button of the program's only status item. It is in a window of its own.
+// Returns the button of the program's only status item. A status item has its own window.
 NSStatusBarButton* statusButton() {
     for (NSWindow* window in [[NSApplication sharedApplication] windows]) {
         if (NSStatusBarButton* const found = buttonIn([window contentView])) {

@@ -1,9 +1,9 @@
 // Locates the touch driver of macOS, the system's private trackpad framework, and reads the
 // framework's device list, a Core Foundation array.
 //
-// Each call creates a list of new device objects, even for the same trackpads. If the devices of a
-// second list were started while those of the first run, each trackpad would run twice. Therefore,
-// macOS never reports that devices may have changed.
+// The framework creates new device objects for each list, even for the same trackpads. If the
+// devices of a second list were started while the devices of the first list run, each contact would
+// be reported twice. Therefore, the macOS services never report that devices may have changed.
 //
 // Thread:  the main thread, on startup.
 // Errors:  none; the device manager reports a framework that it cannot load.

@@ -1,5 +1,5 @@
-// Tracks the frontmost application by the workspace's notifications about activations and
-// terminations.
+// Tracks the frontmost application with the workspace's notifications about activated and
+// terminated applications.
 //
 // Thread:  created and destroyed on the main thread, which receives the notifications. current()
 //          may be called on any thread: it reads one pointer and does not block.

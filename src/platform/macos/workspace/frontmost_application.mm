@@ -33,9 +33,9 @@ FrontmostApplication::FrontmostApplication()
 
 FrontmostApplication::~FrontmostApplication() = default;
 
-// Reads the frontmost application again, because a termination may not be followed by an
-// activation. The workspace may still report the terminated application. If another process of the
-// same application is frontmost, that application stays frontmost.
+// Reads the frontmost application again, because the system does not always activate another
+// application after a termination. The workspace may still report the terminated application. If
+// another process of the same application is frontmost, the application stays frontmost.
 void FrontmostApplication::applicationEnded(const Application& ended) {
     if (current() != ended) {
         return;

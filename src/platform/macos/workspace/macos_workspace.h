@@ -2,8 +2,8 @@
 //
 // Thread:  see Workspace. NSWorkspace is called only on the main thread; frontmostApplication()
 //          reads a state that the main thread has published.
-// Owner:   the program. No thread may use it after its destruction.
-// Errors:  none: an invalid URL is not opened, and errors of opening are ignored.
+// Owner:   the program. No thread may use the workspace after its destruction.
+// Errors:  none. Invalid URLs are not opened, and errors while opening are ignored.
 #pragma once
 
 #include "dispatch/workspace.h"

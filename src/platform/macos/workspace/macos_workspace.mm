@@ -25,7 +25,8 @@ void launch(NSURL* application) {
 
 } // namespace
 
-// Lists only applications with a Dock icon. Others have no windows in which the user works.
+// Lists only applications with a Dock icon, because other applications have no windows in which the
+// user works.
 std::vector<Application> MacosWorkspace::runningApplications() const {
     std::vector<Application> all;
     for (NSRunningApplication* running in [[NSWorkspace sharedWorkspace] runningApplications]) {

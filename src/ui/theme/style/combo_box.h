@@ -23,7 +23,7 @@ QRect comboBoxArrowRect(const QStyleOptionComboBox& option);
 QRect comboBoxListRect(const QStyleOptionComboBox& option);
 QSize comboBoxSize(const QSize& contents);
 
-// Whether the widget is the frame of an open combo box list, or a view inside that frame.
+// Whether the widget is the frame of an open combo box list, or a widget inside that frame.
 bool isComboBoxList(const QWidget* widget);
 
 } // namespace glidemap::style

@@ -17,7 +17,8 @@ constexpr int fieldPadding = 6;
 
 void drawLineEdit(QPainter& painter, const QStyleOptionFrame& option);
 
-// Draws the background of a borderless button, which is transparent unless hovered or pressed.
+// Draws the background of a borderless button. It is transparent unless the button is hovered,
+// pressed or checked.
 void drawToolButtonGround(QPainter& painter, const QStyleOption& option);
 
 // Draws the icon of an icon-only button at the screen's resolution; returns false for other

@@ -1,4 +1,4 @@
-// Menus and tooltips.
+// Menu items.
 //
 // Thread:  the main thread.
 #pragma once

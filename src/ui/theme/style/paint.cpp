@@ -14,7 +14,7 @@ namespace {
 constexpr double ringGap = 1;
 constexpr double ringWidth = 2;
 
-// Saves the painter's state and restores it.
+// Turns on antialiasing, and restores the painter's state on destruction.
 class Drawing {
 public:
     explicit Drawing(QPainter& painter) : painter(painter) {
