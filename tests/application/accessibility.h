@@ -2,7 +2,8 @@
 //
 // Thread:  one.
 // Owner:   a stage. The session bus outlives it.
-// Errors:  a bus that does not start fails the test. A destroyed control returns empty values.
+// Errors:  a bus that does not start fails the test. A control that no longer exists has empty
+//          values.
 #pragma once
 
 #include "desktops/private_bus.h"
