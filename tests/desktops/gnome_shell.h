@@ -28,7 +28,8 @@ public:
     // Returns when the shell has started and its overview is closed.
     void start();
 
-    // Call before start(): installs and enables the extension as in an earlier session.
+    // Installs and enables the extension, as if the user had done so in an earlier session. Call
+    // this before start().
     void addExtension(const std::filesystem::path& form) const;
 
     // Evaluates the expression and returns its value as JSON.
