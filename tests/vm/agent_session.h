@@ -3,7 +3,7 @@
 //
 // Thread:  one.
 // Owner:   a test. The destructor kills an agent that still runs and removes the home folder.
-// Errors:  an agent that does not start is a failure of the test.
+// Errors:  an agent that does not start fails the test.
 #pragma once
 
 #include "process.h"
@@ -55,7 +55,7 @@ public:
     std::optional<std::string> waitForLog(const std::string& text) {
         return process->waitForOutput(text);
     }
-    // Does the same for lines that GLIDEMAP_LOG enables.
+    // Like waitForLog(), for the lines that GLIDEMAP_LOG enables on standard error.
     std::optional<std::string> waitForReason(const std::string& text) {
         return process->waitForError(text);
     }

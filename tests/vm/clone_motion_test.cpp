@@ -32,7 +32,7 @@ const char* const recordings[] = {
     "touchpads/SynPS2 Synaptics TouchPad.hp8470p.two-finger-scroll-horizontal.events",
 };
 
-// The state that a program knows after reading all events of a touchpad.
+// The state of a touchpad, as a program can derive it from the touchpad's events.
 struct Knowledge {
     std::int32_t slot = 0;
     std::map<std::pair<std::int32_t, int>, std::int32_t> slotValues;

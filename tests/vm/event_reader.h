@@ -3,7 +3,7 @@
 // Units:   events as in recorded_pad.h, times in microseconds of the monotonic clock.
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a time-out is a failure of the test, and the wait returns the frames that arrived.
+// Errors:  a time-out fails the test, and the wait returns the frames that arrived.
 #pragma once
 
 #include "recorded_pad.h"

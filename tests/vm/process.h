@@ -2,7 +2,7 @@
 //
 // Thread:  one.
 // Owner:   a test. The destructor kills a program that still runs.
-// Errors:  a time-out is a failure of the test, and the wait returns nullopt or false.
+// Errors:  a time-out fails the test, and the wait returns nullopt or false.
 #pragma once
 
 #include <sys/types.h>
