@@ -39,10 +39,10 @@ void activate(std::optional<RunningApplication> application);
 // Ends the application and posts the notification. The test sets the frontmost application itself.
 void end(const RunningApplication& application);
 
-// Posts an activation without its application.
+// Posts the activation notification without an application.
 void noticeAnActivationOnly();
 
-// Posts a notification without further information.
+// Posts a notification without user information.
 void postNotice(const char* name);
 
 void setReducesMotion(bool reduces);
