@@ -25,8 +25,8 @@ enum class Minimizing { works, none };
 enum class Workspaces { several, one };
 // Whether the desktop reports the process that owns a window.
 enum class Processes { known, unknown };
-// What the desktop passes to a launched program to show that the user requested the launch:
-// nothing, a startup notification ID, or an activation token.
+// The token by which a launched program shows that the user requested the launch: none, a startup
+// notification ID, or an activation token.
 enum class LaunchTokenKind { none, startupID, token };
 
 // A terminal with one process per window.
