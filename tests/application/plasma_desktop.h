@@ -18,7 +18,7 @@ namespace glidemap::application {
 
 class PlasmaDesktop : public PanelDesktop {
 public:
-    // Returns the name of a missing program; empty if all are installed.
+    // Returns the name of a missing program, service or package; empty if all are installed.
     static std::string missing();
 
     PlasmaDesktop();

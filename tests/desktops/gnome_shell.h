@@ -20,7 +20,7 @@ public:
     // interfaces.
     enum class Eval { forbidden, allowed };
 
-    // Returns the name of a missing program; nullopt if all are installed.
+    // Returns the name of a missing program or package; nullopt if all are installed.
     static std::optional<std::string> missing();
 
     explicit GnomeShell(Eval eval = Eval::forbidden);

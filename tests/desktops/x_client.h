@@ -29,7 +29,7 @@ public:
     void useRoot();
     void map();      // returns once the window is on the screen
     void activate(); // through the window manager
-    void wander();   // moves the window back and forth
+    void wander();   // moves the window 100 times, by one pixel each
     void destroy();
     void grabServer();
     void ungrabServer();

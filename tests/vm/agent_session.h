@@ -2,7 +2,7 @@
 // touchpad, and the program's virtual keyboard emits keys.
 //
 // Thread:  one.
-// Owner:   a test. The destructor kills an agent that still runs and removes the home folder.
+// Owner:   a test. The destructors kill an agent that still runs, and remove the home folder.
 // Errors:  an agent that does not start fails the test.
 #pragma once
 
@@ -48,7 +48,8 @@ public:
     // Whether the agent asks the user for missing access.
     enum class Asks { never, ifNeeded };
 
-    // Returns when the agent is reading the touchpads.
+    // Returns when the agent has started all services. It then reads the touchpads to which it has
+    // access.
     explicit Agent(Process::User user = Process::User::root, Asks asks = Asks::never);
 
     // Waits until the log contains a line with the text, and returns the line.

@@ -28,7 +28,7 @@ public:
     // `time`, or its own time if `time` is 0.
     void write(const EventFrame& frame, std::int64_t time = 0);
 
-    // Presses and releases a button that every touchpad has and no recording uses. A reader that
+    // Presses and releases a button that every VirtualPad has and no recording uses. A reader that
     // has received the click has read all earlier events.
     void clickMarker();
 

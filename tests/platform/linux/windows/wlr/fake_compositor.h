@@ -31,7 +31,8 @@ public:
     // function together.
     void say(const std::function<void()>& messages);
 
-    // Call these functions in say(). Window numbers start at 0, and a null text sends no event.
+    // Call these functions in say(). Window numbers start at 0. For a null text, open() sends no
+    // event.
     void open(const char* appID, const char* title);
     void states(std::size_t window, const std::vector<std::uint32_t>& all);
     void title(std::size_t window, const char* text);
