@@ -1,4 +1,4 @@
-// A delegate with fake ports, which record its calls in one journal.
+// A delegate with fake ports. The ports record the delegate's calls in one list.
 //
 // Thread:  the test's main thread, with an application object.
 #pragma once

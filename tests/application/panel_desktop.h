@@ -54,7 +54,7 @@ public:
     std::unique_ptr<desktops::Program> start(std::vector<std::string> words,
                                              const desktops::Environment& more = {}) const;
 
-    // Runs a program until it exits successfully.
+    // Runs a program, waits until it exits, and expects success.
     void run(std::vector<std::string> words, const desktops::Environment& more = {}) const;
 
     desktops::RuntimeFolder home;

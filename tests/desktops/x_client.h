@@ -16,7 +16,7 @@ namespace glidemap::desktops {
 
 class XClient {
 public:
-    // Connects to the server without creating a window.
+    // Connects to the server and creates the window, which stays hidden until map().
     explicit XClient(const XServer& server);
 
     // The next four functions set a property of the window, or of the root window after useRoot():

@@ -60,8 +60,8 @@ struct Knowledge {
         return id != slotValues.end() && id->second >= 0;
     }
 
-    // Returns the fingers' positions, the pressed keys, and, while a finger is down, all axes.
-    // Omits values of 0, because 0 is the initial value.
+    // Returns the axes of each touching finger's slot, the pressed keys, and, while a finger
+    // touches, the axes without slots. Omits values of 0, because 0 is the initial value.
     std::map<std::string, std::int32_t> present() const {
         std::map<std::string, std::int32_t> result;
         bool touched = false;

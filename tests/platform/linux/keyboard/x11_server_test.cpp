@@ -36,7 +36,7 @@ protected:
         ASSERT_NE(held, nullptr);
     }
 
-    // Types the changes. Returns how often `held` left this to the uinput keyboard.
+    // Types the changes. Returns how often `held` left the typing to the uinput keyboard.
     int type(const Changes& changes) {
         int plainly = 0;
         held->type(changes, [&] { ++plainly; });
