@@ -1,6 +1,6 @@
 """hosted_workflow SOURCES: checks that the workflow for a Mac is well-formed. It must use no action except the host's own
-checkout, name no host, and use existing presets, each of which it configures first. Each job must run the tests of a preset that
-builds them, or run the built program once."""
+checkout, name no host, and use existing presets, each of which it configures first. Each job must run the tests of a preset
+that builds them, or run the built program once."""
 
 import json
 import re
