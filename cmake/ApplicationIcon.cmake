@@ -1,4 +1,4 @@
-# application_icon_drawing(PIXELS RESULT): sets RESULT to the icon's drawing for that many pixels. Below 32 pixels the
+# application_icon_drawing(PIXELS RESULT): sets RESULT to the drawing for an icon of that width. Below 32 pixels, the
 # details of the large drawing would blur.
 function(application_icon_drawing pixels result)
     set(drawing org.glidemap.Glidemap)

@@ -11,8 +11,8 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(GLIDEMAP_DRIVER_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/glidemap)
 
-# ccache supports precompiled headers only with this setting. It then ignores macros and times in them, which do not
-# affect this build.
+# ccache supports precompiled headers only with this setting. It then ignores macros and times in precompiled headers,
+# which do not affect this build.
 find_program(CCACHE ccache)
 if(CCACHE)
     set(launcher ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
@@ -34,8 +34,9 @@ set(CMAKE_C_FLAGS_RELWITHDEBINFO "-O2 -g1 -DNDEBUG")
 # Comparisons with gesture limits must give the same result on every processor, so fused multiply-add is disabled.
 add_compile_options(-ffp-contract=off)
 
-# A constructor's parameter may have the name of the member that it sets. Clang's -Wshadow allows exactly that. GCC's does not,
-# so GCC checks local names only, and Clang's builds check the members' names in all other functions.
+# A constructor's parameter may have the name of the member that it sets. Clang's -Wshadow allows this, but GCC's does
+# not. So builds with GCC check only whether local names hide each other, and builds with Clang also check members'
+# names.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     set(shadow_warning -Wshadow=local)
 else()
@@ -44,7 +45,7 @@ endif()
 add_compile_options(-Wall -Wextra -Wpedantic ${shadow_warning} -Wconversion
                     $<$<COMPILE_LANGUAGE:CXX,OBJCXX>:-Wnon-virtual-dtor>)
 # Silences deprecations newer than the oldest supported Qt. A Mac's package manager always has the newest Qt, and the
-# replacements are missing in the oldest.
+# oldest supported Qt lacks the replacements.
 if(APPLE)
     add_compile_definitions(QT_WARN_DEPRECATED_UP_TO=0x060400)
 endif()
@@ -58,7 +59,7 @@ if(GLIDEMAP_SANITIZERS)
     add_link_options(-fsanitize=${GLIDEMAP_SANITIZERS})
 endif()
 
-# Hardens programs that read devices. Sanitizers check more and conflict with these options.
+# Hardens the programs, because they read devices. Sanitizers check more and conflict with these options.
 include(CheckPIESupported)
 check_pie_supported()
 if(NOT GLIDEMAP_SANITIZERS)

@@ -1,12 +1,12 @@
-# Compiles and links for a Mac on Linux, which is possible because Clang writes Mach-O on every system. No file comes
-# from Apple: our own headers and those of musl replace the C library's headers, the test doubles provide the
+# The toolchain file for builds on Linux that compile and link for a Mac. Clang can write Mach-O on every system. No
+# file comes from Apple: our own headers and those of musl replace the C library's headers, the test doubles provide the
 # frameworks' headers, and our lists of symbols replace the libraries (tests/darwin). The results cannot run on Linux.
 #
 # GLIDEMAP_DARWIN_ARCHITECTURE is arm64 or x86_64.
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES GLIDEMAP_DARWIN_ARCHITECTURE)
 set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_PROCESSOR ${GLIDEMAP_DARWIN_ARCHITECTURE})
-# CMake first tries to link a C program, which is impossible here.
+# By default, CMake tests the compiler by linking a C program, which is impossible here.
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 
 include(${CMAKE_CURRENT_LIST_DIR}/NewestClang.cmake)
@@ -26,7 +26,7 @@ get_filename_component(darwin ${darwin} ABSOLUTE)
 set(doubles ${darwin}/../platform/macos/doubles)
 get_filename_component(doubles ${doubles} ABSOLUTE)
 
-# macOS headers that musl also provides. Headers that are not in the list are not found.
+# Links the macOS headers that musl also provides. The compiler finds no header of musl that is missing from the list.
 set(headers ${CMAKE_BINARY_DIR}/darwin-headers)
 file(GLOB musl /usr/include/*-linux-musl)
 list(GET musl 0 musl)
@@ -36,9 +36,10 @@ foreach(header IN LISTS shared)
     file(MAKE_DIRECTORY ${folder})
     file(CREATE_LINK ${musl}/${header} ${headers}/${header} SYMBOLIC)
 endforeach()
-# nlohmann_json is a header-only library. Its package's include folder would also expose all other headers of Linux.
+# nlohmann_json is a header-only library. The include folder of its package would also expose all other headers of
+# Linux.
 file(CREATE_LINK /usr/include/nlohmann ${headers}/nlohmann SYMBOLIC)
-set(nlohmann_json_DIR ${darwin} CACHE PATH "Where the library of JSON is described")
+set(nlohmann_json_DIR ${darwin} CACHE PATH "The folder of the package file of nlohmann_json")
 # The distribution's libc++ configuration, with availability annotations enabled.
 file(READ ${clang_tools}/../include/c++/v1/__config_site site)
 string(REPLACE "#define _LIBCPP_HAS_NO_VENDOR_AVAILABILITY_ANNOTATIONS" "" site "${site}")

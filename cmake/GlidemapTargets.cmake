@@ -38,7 +38,7 @@ function(glidemap_library name)
     endif()
 endfunction()
 
-# For code that runs before the C++ library is loaded: exceptions would need that library.
+# For targets whose code runs before the C++ library is loaded: exceptions would need that library.
 function(glidemap_without_cxx_library)
     foreach(target IN LISTS ARGN)
         target_compile_options(${target} PRIVATE -fno-exceptions)
@@ -87,7 +87,7 @@ function(glidemap_tests name)
     file(RELATIVE_PATH folder ${CMAKE_SOURCE_DIR}/tests ${CMAKE_CURRENT_SOURCE_DIR})
     string(REPLACE "/" "_" folder ${folder})
     if(NOT name MATCHES "^${folder}(_|$)")
-        message(FATAL_ERROR "The tests of ${CMAKE_CURRENT_SOURCE_DIR} are called ${name}, not ${folder}")
+        message(FATAL_ERROR "The tests of ${CMAKE_CURRENT_SOURCE_DIR} must be named ${folder} or ${folder}_WORD, not ${name}")
     endif()
     add_executable(${name}_tests ${ARG_SOURCES})
     target_link_libraries(${name}_tests PRIVATE ${ARG_DEPENDS} glidemap_kit_patience GTest::gmock GTest::gtest_main)

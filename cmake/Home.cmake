@@ -2,11 +2,11 @@
 #
 #   linux         everything
 #   macos         everything, on a Mac
-#   macos-fakes   On Linux: code without an interface, and the macOS services with test doubles of the system. Linux cannot
-#                 run Mach-O, but a Mac's compiler and C++ library can compile the services' sources for Linux.
-#                 On a Mac: the same, with the real Foundation and Core Foundation below the doubles.
+#   macos-fakes   on Linux: the code without an interface, and the macOS services with test doubles of the system. Linux
+#                 cannot run Mach-O, but a Mac's compiler (Clang) and C++ library (libc++) can build the services for Linux.
+#                 On a Mac: the same, but the test doubles use the real Foundation and Core Foundation.
 #
-# On a Mac GLIDEMAP_QT=OFF builds only the services and their ports, without the interface.
+# On a Mac, GLIDEMAP_QT=OFF builds only the services and their ports, without the interface.
 if(APPLE)
     set(native_home macos)
 else()

@@ -5,8 +5,8 @@
 # headers share the precompiled headers of one donor target. Trees do not share donors, because a compiler accepts
 # precompiled headers only with the options that compiled them.
 #
-# CMAKE_DISABLE_PRECOMPILE_HEADERS builds without them. The preset `headers`, which compiles each header and runs
-# clang-tidy, sets this option to find missing #include lines.
+# CMAKE_DISABLE_PRECOMPILE_HEADERS disables precompiled headers. The preset `headers`, which compiles each header and
+# runs clang-tidy, sets this option to find missing #include lines.
 
 # Registers the target. Its headers are chosen when all targets are known.
 function(glidemap_precompile target)
@@ -19,7 +19,7 @@ function(glidemap_linked_libraries target result)
     set(open ${target})
     while(open)
         list(POP_FRONT open library)
-        # A private dependency of a static library. It is linked, but its headers are not visible.
+        # Skips private dependencies of static libraries: they are linked, but their headers are not visible.
         if(library MATCHES "^\\$<LINK_ONLY:" OR library IN_LIST linked)
             continue()
         endif()
@@ -44,8 +44,8 @@ endfunction()
 # Call it at the end of a tree.
 function(glidemap_assign_precompiled_headers tree)
     # On a Mac, targets with blocks would need separate precompiled headers, so none are used there. A cross build for a
-    # Mac compiles every target with blocks and uses them. The preset `macos-fakes` finds the missing #include lines
-    # that they hide, with the same C++ library.
+    # Mac compiles every target with blocks, so it uses precompiled headers. These may hide missing #include lines,
+    # which the preset `macos-fakes` finds with the same C++ library.
     if(NOT GLIDEMAP_HOME STREQUAL "linux" AND NOT CMAKE_CROSSCOMPILING)
         return()
     endif()

@@ -1,5 +1,5 @@
-# wayland_protocol(TARGET file.xml): creates a static library with wayland-scanner's client code for a protocol.
-# Include its header as <FILE-client-protocol.h>.
+# wayland_protocol(TARGET file.xml): creates a static library of the client code that wayland-scanner generates for a
+# protocol. Include the header as <FILE-client-protocol.h>.
 
 find_program(WAYLAND_SCANNER wayland-scanner REQUIRED)
 pkg_check_modules(WAYLAND_CLIENT REQUIRED IMPORTED_TARGET GLOBAL wayland-client)

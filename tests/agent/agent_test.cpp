@@ -1,5 +1,5 @@
-// The program without its interface, with touches from a recording and the tests' own buses. The
-// kernel tests cover real touchpads.
+// Tests the program without its interface. A recording provides the touches, and each test has its
+// own message buses. The tests in tests/vm use touchpads of the kernel instead.
 #include "choreography/performance.h"
 #include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
@@ -32,7 +32,7 @@ const test::ServiceDescription logind{
     "<interface name='org.freedesktop.login1.Session'><method name='Lock'/>"
     "<property name='LockedHint' type='b' access='read'/></interface>"};
 
-// Makes the session lock on request and report it.
+// Makes the fake logind lock the session when the program asks for it, and announce the change.
 void lockOnRequest(FakeService& manager) {
     manager.answer("Lock", [&manager] {
         manager.setAndAnnounce("LockedHint", true, "org.freedesktop.login1.Session",

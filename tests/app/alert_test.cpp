@@ -83,7 +83,7 @@ TEST_F(AlertTest, ReturnPressesTheFirstButtonAndEscapeTheLast) {
     }
 }
 
-// The properties of all alerts without a choice: texts in both languages, and one button.
+// Checks each alert that offers no choice: it has texts in both languages, and one button.
 TEST_F(AlertTest, EachMessageExistsInBothLanguages) {
     for (AlertText (*text)(const Lang&) : {noStatusBarText, unansweredText, withoutLockText}) {
         lang.setCode("en");

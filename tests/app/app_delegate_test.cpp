@@ -32,7 +32,6 @@ GestureBinding binding(GestureType gesture, bool enabled = true) {
     return made;
 }
 
-// A launched delegate.
 class AppDelegateTest : public testing::Test {
 protected:
     void launch(BindingList bindings = {}) {

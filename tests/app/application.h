@@ -1,4 +1,4 @@
-// An application object for one test, whose event loop runs until a condition holds.
+// The application object of one test, with functions that run its event loop.
 #pragma once
 
 #include "kit/patience.h"

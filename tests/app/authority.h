@@ -23,7 +23,7 @@ class Authority {
 public:
     Authority();
 
-    // The certificates for clients that must trust this authority.
+    // The authority's own certificate. A client that trusts it accepts the authority's servers.
     const QList<QSslCertificate>& certificates() const { return itself; }
 
     // `names` as in openssl's subjectAltName; negative days create an expired certificate.

@@ -21,8 +21,8 @@ QIcon anyIcon() {
 
 DelegateStage* DelegateStage::current = nullptr;
 
-// Returns a complete driver. The manager queries the device count only when it starts, so each
-// query is noted as a start.
+// Returns a driver without devices. The manager queries the device count only when it starts, so
+// each query is noted as a start.
 TouchDriverPlatform DelegateStage::driver() {
     return {TEST_DRIVER, [](void*) {
                 return TouchDriverPlatform::ListAccess{

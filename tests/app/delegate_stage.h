@@ -1,4 +1,4 @@
-// A delegate with fake ports, which record its calls in one journal.
+// A delegate with fake ports. The ports record the delegate's calls in one list.
 //
 // Thread:  the test's main thread, with an application object.
 #pragma once
@@ -77,7 +77,7 @@ public:
     QPointer<QWidget> window;
     std::vector<std::function<void(const Fetched&)>> openChecks;
 
-    // Reports this number of resting fingers from the driver.
+    // Makes the driver report this number of resting fingers.
     void touch(int fingers) const;
     // Returns whether a driver report reaches the program. Leaves no finger on the pad.
     bool receivesTouches() const;

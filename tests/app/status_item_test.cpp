@@ -132,7 +132,7 @@ TEST_F(StatusItemTest, BarThatStartsToDrawTheMenuGetsANewIconAndNoShortcuts) {
 TEST_F(StatusItemTest, BarThatAppearsInTimeIsNeverReportedMissing) {
     const auto item = itemThatWaits(milliseconds(0));
     bar->become(Kind::drawsItself);
-    // Has the same patience but starts later: `item` would be reported missing first.
+    // `later` waits as long as `item` but starts later, so `item` would be reported missing first.
     bool laterIsMissing = false;
     StatusItem later(
         std::make_shared<FakeStatusBar>(), [](Kind, StatusItem::Look) { return QIcon(); },

@@ -25,7 +25,7 @@ std::string described(const UpdateResult& result) {
 
 const Fetched noNetwork{"", "no network"};
 
-// Records requests until the test responds.
+// Records the checker's requests. The test responds to them.
 class UpdateCheckerTest : public testing::Test {
 protected:
     struct Timer {

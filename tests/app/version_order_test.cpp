@@ -66,7 +66,7 @@ const Row rows[] = {
     {std::string("1.2\0", 4), "1.0", Order::same},
     {std::string("1.\0002", 4), "1.0", Order::same},
 
-    // Up to the limit of 64 bits, and beyond it.
+    // A number that does not fit into 64 bits is 0.
     {"9223372036854775807", "9223372036854775806", Order::newer},
     {"9223372036854775808", "0", Order::same},
     {"+9223372036854775807", "9223372036854775807", Order::same},

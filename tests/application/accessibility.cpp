@@ -151,8 +151,8 @@ Accessibility::~Accessibility() {
     }
 }
 
-// Programs emit accessibility events only to registered listeners. On each event, waitUntil()
-// evaluates its condition at once.
+// Registers for accessibility events, because waitUntil() evaluates its condition on each event.
+// Programs emit events only to registered listeners.
 void Accessibility::connect(const std::string& address) {
     constexpr auto asClient =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |

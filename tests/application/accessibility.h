@@ -2,7 +2,8 @@
 //
 // Thread:  one.
 // Owner:   a stage. The session bus outlives it.
-// Errors:  a bus that does not start fails the test. A destroyed control returns empty values.
+// Errors:  a bus that does not start fails the test. For a control that no longer exists, act()
+//          returns false and keysOf() returns an empty text.
 #pragma once
 
 #include "desktops/private_bus.h"
@@ -29,7 +30,7 @@ struct Control {
     std::string text; // the content of a text control
     Rectangle area;   // in screen coordinates
     std::uint64_t states = 0;
-    int depth = 0; // levels below the application object
+    int depth = 0; // 0 for a window; a child's depth is one more than its parent's
 
     bool is(int state) const { return (states >> state & 1) != 0; }
     bool isVisible() const;

@@ -182,7 +182,7 @@ TEST_F(AccessibilityTest, NoTwoControlsShareAShortcut) {
         std::map<std::string, std::string> owners;
         for (const Control& each : glidemap->controls()) {
             const std::string keys = stage->accessibility.keysOf(each);
-            if (keys.find('+') != std::string::npos) { // others work only in the focused control
+            if (keys.find('+') != std::string::npos) { // single keys work only with the focus
                 const auto [owner, isNew] = owners.try_emplace(keys, describe(each));
                 EXPECT_TRUE(isNew) << keys << ": " << owner->second << " and " << describe(each);
             }

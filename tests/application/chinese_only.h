@@ -1,4 +1,4 @@
-// Finds accessible names that are not Chinese in a Chinese interface.
+// Finds accessible texts that are not Chinese in a Chinese interface.
 #pragma once
 
 #include "accessibility.h"
@@ -8,8 +8,9 @@
 
 namespace glidemap::application {
 
-// Returns the names and descriptions with Latin letters, except those that Chinese texts also use:
-// proper names, "App", and the keys of a shortcut.
+// Returns "role: text" for each accessible name, label, description and text with Latin letters.
+// Ignores words that the Chinese interface may contain, such as proper names, "App" and the keys of
+// a shortcut.
 std::vector<std::string> notInChinese(const Controls& controls);
 
 } // namespace glidemap::application

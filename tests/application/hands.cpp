@@ -14,7 +14,7 @@ namespace glidemap::application {
 
 namespace {
 
-// The X keysyms of keys without a character.
+// The X keysyms of the keys that have a name in these tests.
 const std::map<std::string, std::uint32_t>& namedKeys() {
     static const std::map<std::string, std::uint32_t> names = {
         {"Return", 0xFF0D}, {"Escape", 0xFF1B}, {"Tab", 0xFF09},   {"Space", 0x20},

@@ -19,7 +19,7 @@ class Hands {
 public:
     explicit Hands(const XDisplay& display);
 
-    // Types one key, while the modifiers before it are held: "Return", "Ctrl+Shift+K",
+    // Types the last key of the chord while the keys before it are held: "Return", "Ctrl+Shift+K",
     // "Super+Left".
     void press(const std::string& chord) const;
 

@@ -27,7 +27,8 @@ public:
     PanelDesktop& operator=(const PanelDesktop&) = delete;
     virtual ~PanelDesktop() = default;
 
-    // The environment of the desktop's programs. HOME and the XDG folders belong to the desktop.
+    // The environment of the desktop's programs. HOME and the XDG folders are the desktop's own,
+    // not the user's.
     virtual desktops::Environment environment() const = 0;
 
     // Starts the panel and waits until it accepts items.
@@ -46,14 +47,14 @@ public:
     // Returns the items registered with the panel's watcher.
     std::vector<StatusHost::Item> items() const;
 
-    // Returns the command of a program on this desktop, with a log file. `more` is added to the
-    // environment.
+    // Returns a command that runs `words` in this desktop's environment and writes a log file.
+    // `more` is added to the environment.
     desktops::Program::Command command(std::vector<std::string> words,
                                        const desktops::Environment& more = {}) const;
     std::unique_ptr<desktops::Program> start(std::vector<std::string> words,
                                              const desktops::Environment& more = {}) const;
 
-    // Runs a program until it exits successfully.
+    // Runs a program, waits until it exits, and expects success.
     void run(std::vector<std::string> words, const desktops::Environment& more = {}) const;
 
     desktops::RuntimeFolder home;

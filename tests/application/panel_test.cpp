@@ -18,7 +18,7 @@ protected:
         }
     }
 
-    // The item appears with the program and disappears with it.
+    // Expects that the item appears when the program starts, and disappears when the program exits.
     static void expectItemOn(const XfcePanel& panel, Stage& stage) {
         EXPECT_FALSE(showsAnIcon(stage, panel));
         RunningGlidemap glidemap(stage);

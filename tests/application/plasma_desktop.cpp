@@ -16,9 +16,8 @@ constexpr const char* daemonName = "org.kde.kded6";
 constexpr const char* socketName = "wayland-plasma";
 constexpr int thickness = 32;
 
-// One panel at the upper edge, which contains only the system tray. The tray adds those of the
-// shell's own items that it does not know yet. All of them are listed as known, so that it adds
-// none.
+// One panel at the upper edge, which contains only the system tray. The tray adds each of the
+// shell's own items that is missing from `knownItems`, so the list contains all of them.
 constexpr const char* panelText = R"([Containments][1]
 activityId=
 formfactor=2

@@ -1,6 +1,6 @@
 // Plasma: its shell with a panel that has only the system tray, the daemon with the watcher, and
-// KDE's portal. The compositor is a window on the test's own X server. The X server takes the
-// screenshots, because the compositor takes none without a graphics card.
+// KDE's portal. The compositor is a window on the test's own X server. Screenshots come from the X
+// server, because the compositor cannot take any without a graphics card.
 //
 // Units:   pixels from the compositor's top left corner.
 // Thread:  one.
@@ -18,7 +18,7 @@ namespace glidemap::application {
 
 class PlasmaDesktop : public PanelDesktop {
 public:
-    // Returns the name of a missing program; empty if all are installed.
+    // Returns the name of a missing program, service or package; empty if all are installed.
     static std::string missing();
 
     PlasmaDesktop();

@@ -145,7 +145,7 @@ TEST_P(RealPanelTest, PanelThatStartsAfterGlidemapOrRestartsGetsTheItem) {
 }
 
 // Without these variables, Qt uses its plain platform theme. The desktop's own theme would read the
-// colour scheme directly, not through the program's portal.
+// colour scheme directly, so the test would not cover the portal.
 TEST_P(RealPanelTest, IconFollowsThePortalColourScheme) {
     desktop->startPanel();
     desktop->choose(ColorScheme::dark);

@@ -21,7 +21,7 @@ public:
 
     pid_t process() const { return program.process(); }
 
-    // Waits until the settings window is visible, focused and accessible.
+    // Waits until a window titled "Glidemap" is active and its controls are accessible.
     bool waitForWindow();
     std::optional<ManagedWindow> window() const;
 

@@ -15,7 +15,8 @@ namespace {
 constexpr const char* program = "orca";
 constexpr std::string_view mark = "SPEECH OUTPUT: '";
 
-// Orca loads this file, which makes it write each line of its log at once.
+// Orca loads this file on startup. It opens Orca's log with line buffering, so that each line is
+// written immediately.
 constexpr const char* customizations = R"(import os
 import orca.debug
 orca.debug.debugLevel = orca.debug.LEVEL_INFO
@@ -40,8 +41,8 @@ bool ScreenReader::isInstalled() {
 desktops::Program::Command ScreenReader::commandOn(const Stage& stage) {
     const std::filesystem::path data = stage.folder() / "orca-data";
     write(data / "orca" / "orca-customizations.py", customizations);
-    // Orca searches with pgrep for other screen readers of this user. This pgrep finds none, not
-    // even those on other displays.
+    // Orca uses pgrep to search for other screen readers of this user. This fake pgrep finds none,
+    // not even those on other displays.
     const std::filesystem::path tools = stage.folder() / "tools";
     write(tools / "pgrep", "#!/bin/sh\nexit 1\n");
     std::filesystem::permissions(tools / "pgrep", std::filesystem::perms::owner_all);

@@ -8,7 +8,7 @@
 
 namespace glidemap::application {
 
-// Returns an empty string if the program is not installed.
+// Returns an empty string if the name has no service file.
 std::string serviceProgram(const std::string& name);
 
 bool isServiceInstalled(const std::string& name);

@@ -12,7 +12,8 @@ namespace {
 
 class StartupAndShutdownTest : public ApplicationTest {};
 
-// Collects the messages that programs broadcast on the stage's display, joined from their parts.
+// Collects the messages that programs broadcast on the stage's display. A message arrives in
+// several parts, which are joined.
 class Broadcasts {
 public:
     explicit Broadcasts(const XDisplay& display) : connection(display.connection()) {

@@ -65,7 +65,7 @@ protected:
                 .log = home.path() / "glidemap.log"};
     }
 
-    // Runs the shell command, which gets a path to write to, and returns that path.
+    // Runs the shell command with the path of a file as its last argument. Returns that path.
     std::filesystem::path written(const std::string& line) const {
         const std::filesystem::path file = home.path() / "written";
         Program shell(command({"sh", "-c", line + " \"$0\"", file}));
@@ -112,7 +112,7 @@ TEST_F(WaylandTest, ProgramExitsWithoutACrashWhenTheCompositorIsLost) {
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }));
     sway.kill();
-    // Qt exits the process: with 1 up to Qt 6.4, with -1 later.
+    // Without a compositor, Qt exits with status 1 up to Qt 6.4, and with -1 in later versions.
     EXPECT_THAT(glidemap.finish(), testing::AnyOf(1, 255))
         << test::contentOf(home.path() / "glidemap.log");
 }

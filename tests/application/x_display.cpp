@@ -58,9 +58,9 @@ XDisplay::XDisplay(const desktops::RuntimeFolder& folder, WindowManager manager)
     EXPECT_TRUE(waitForWindowManager()) << "the window manager never took over";
 }
 
-// A window manager announces itself long before it manages windows, and does not focus windows that
-// exist when it starts. It may leave events that it has already read unhandled until another one
-// arrives. So this repeats a request until the window manager responds.
+// A window manager announces itself long before it manages windows, and it does not focus windows
+// that are already open when it starts. It may also read an event but handle it only when the next
+// event arrives. So the function repeats a request until the window manager responds.
 bool XDisplay::waitForWindowManager() const {
     const std::uint32_t window = createWindow({0, 0, 1, 1});
     const bool answers = waitUntil([&] {
@@ -248,8 +248,9 @@ std::uint32_t XDisplay::currentTime() const {
     return time;
 }
 
-// Sends the server's time, as a task bar does. Without it, Cinnamon uses the time at which it reads
-// this request, and then refuses requests of the program with an earlier time.
+// Sends the server's time with the request, as a task bar does. For a request without a time,
+// Cinnamon assumes the time at which it reads the request, and then refuses the program's own
+// requests, which have earlier times.
 void XDisplay::activate(const ManagedWindow& window) const {
     ask(window.id, "_NET_ACTIVE_WINDOW", fromTaskBar, currentTime());
 }

@@ -81,8 +81,8 @@ public:
     void kill() const { server->kill(); }
 
     // Returns whether all windows are visible, except minimised windows and windows on other
-    // workspaces. Some window managers list a window before they show it, and focus it only after
-    // that.
+    // workspaces. Some window managers list a window before they show it, and focus it only when
+    // they show it.
     bool showsAllWindows() const;
 
     // Activates the window as a task bar does.

@@ -1,4 +1,4 @@
-// A reply of the X server with automatic release.
+// Owns a reply of the X server and frees it.
 #pragma once
 
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // Provides folders of desktop entries. While a test runs, GIO sees no other folders.
 //
-// GIO remembers the folders for the life of the process. So all tests of a program share them, and
-// each test empties them first.
+// GIO reads the names of the folders once per process. So all tests of a program share the folders,
+// and each test empties them first.
 //
 // Thread:  the test's.
 // Owner:   the test program.

@@ -78,7 +78,7 @@ protected:
         std::filesystem::remove(starts());
     }
 
-    // Creates a program that records each start, and shows a window until the leash is released.
+    // Creates a script that records each start and shows a window until the leash is released.
     std::filesystem::path noting(const std::string& application, const Leash& leash) const {
         return folder.script(application, "echo " + application + " >>" + starts().string() +
                                               "\nexec " + desktop->windowProgram() + " " +
@@ -221,7 +221,8 @@ TEST_P(BringForwardTest, ApplicationThatHasExitedStartsAgain) {
     expectStarts(seen, "launched", 2);
 }
 
-// The program runs in the user's terminal. The window is found by the launched process.
+// The program runs in the user's terminal. Glidemap finds the terminal's window by the process that
+// it has launched.
 TEST_P(BringForwardTest, ProgramInATerminalComesForward) {
     const Terminal& terminal = GetParam().terminal;
     if (!isInstalled(terminal.program)) {

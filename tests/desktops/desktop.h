@@ -27,11 +27,13 @@ public:
     // "shown", and exits at the end of its standard input.
     virtual std::string windowProgram() const = 0;
 
-    // Activates a window as a task bar does, once the desktop shows the windows that it lists.
+    // Activates a window as a task bar does. If the desktop lists windows before it shows them,
+    // first waits until all listed windows are shown.
     virtual void activate(const std::string& application) = 0;
 
-    // Both functions return when the change is complete. They work only on desktops that minimise
-    // windows, or whose workspaces the test can switch.
+    // Both functions return when the change is complete. minimize() works only on desktops that
+    // minimise windows, and showSecondWorkspace() only on desktops whose workspaces the test can
+    // switch.
     virtual void minimize(const std::string& /*application*/) {}
     virtual void showSecondWorkspace() {}
 
@@ -42,7 +44,8 @@ public:
     // Returns the reason why the overview cannot work on this machine, or an empty string.
     virtual std::string whyNoOverview() const { return {}; }
 
-    // These apply only to desktops with an overview or a screen lock.
+    // isOverviewOpen() applies only to desktops with an overview, and isLocked() only to desktops
+    // with a screen lock.
     virtual bool isOverviewOpen() const { return false; }
     virtual bool isLocked() const { return false; }
 

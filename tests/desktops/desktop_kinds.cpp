@@ -13,7 +13,7 @@ namespace glidemap::desktops {
 
 namespace {
 
-// Returns a function that returns the first program that is not installed.
+// Returns a function that returns the first of these programs that is not installed, or nullopt.
 std::function<std::optional<std::string>()> needs(std::initializer_list<const char*> programs) {
     return [all = std::vector<std::string>(programs.begin(),
                                            programs.end())]() -> std::optional<std::string> {
@@ -29,7 +29,8 @@ std::function<std::optional<std::string>()> needs(std::initializer_list<const ch
 const Terminal foot{"foot", "foot"};
 const Terminal xterm{"xterm", "xterm -e"};
 
-// For KWin, whose screen in the tests has no size in millimetres: foot would divide by that size.
+// The terminal for KWin. In the tests, KWin's screen has no size in millimetres, and foot would
+// divide by that size.
 const Terminal konsole{"konsole", "env QT_QPA_PLATFORM=wayland konsole -e"};
 
 // Returns what is missing for Cinnamon. Only Cinnamon 5 is accepted: Cinnamon 6.4 does not start on

@@ -1,5 +1,5 @@
-// The desktops of README.md's table and their differences. Everything that is not listed here is
-// the same on each desktop.
+// The desktops of README.md's table and their differences. The tests expect all other behaviour to
+// be the same on each desktop.
 //
 // Thread:  any.
 // Errors:  none.
@@ -25,14 +25,14 @@ enum class Minimizing { works, none };
 enum class Workspaces { several, one };
 // Whether the desktop reports the process that owns a window.
 enum class Processes { known, unknown };
-// The proof of the user's request that the desktop passes to a launched program: none, a startup
+// The token by which a launched program shows that the user requested the launch: none, a startup
 // notification ID, or an activation token.
 enum class LaunchTokenKind { none, startupID, token };
 
 // A terminal with one process per window.
 struct Terminal {
     std::string program;
-    std::string command; // followed by the command inside
+    std::string command; // followed by the command that runs in it
 };
 
 struct DesktopKind {

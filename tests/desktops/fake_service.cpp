@@ -43,7 +43,7 @@ struct FakeService::State {
     GDBusNodeInfo* node = nullptr;
     std::set<std::string> callers;
     std::vector<guint> watches;
-    mutable std::mutex mutex; // protects the members below
+    mutable std::mutex mutex; // protects the three maps
     std::map<std::string, std::optional<Method>> methods;
     std::map<std::string, bool> properties;
     std::map<std::string, std::string> texts;

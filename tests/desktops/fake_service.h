@@ -1,4 +1,4 @@
-// A fake service on a test's bus, with a real interface, that records its calls.
+// A fake service on a test's bus. It has the interface of a real service and records its calls.
 //
 // The journal has lines "NAME.METHOD(ARGUMENTS)", "NAME get PROPERTY" and "NAME set PROPERTY
 // VALUE", where NAME is the last part of the bus name. The line "NAME: no callers left" follows when
@@ -49,8 +49,8 @@ public:
     void refuse(const std::string& method);
     void keepSilent(const std::string& method);
 
-    // A property is false until the test or a client sets it. The change is announced from `path`,
-    // unless `path` is empty.
+    // A property is false until the test or a client sets it. Only setAndAnnounce() announces the
+    // change, from the object at `path`.
     void set(const std::string& property, bool value);
     void setText(const std::string& property, const std::string& value);
     void setAndAnnounce(const std::string& property, bool value, const std::string& interface,

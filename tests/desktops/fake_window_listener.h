@@ -26,7 +26,7 @@ namespace glidemap::desktops {
 
 class FakeWindowListener final : public WindowListener {
 public:
-    // Returns the text for a window in the lines; the default is its app ID.
+    // Returns a window's text in the lines. By default, this is the window's app ID.
     using Word = std::function<std::string(const WindowIdentity&)>;
     explicit FakeWindowListener(Word asWord = nullptr);
 

@@ -20,7 +20,7 @@ public:
     // interfaces.
     enum class Eval { forbidden, allowed };
 
-    // Returns the name of a missing program; nullopt if all are installed.
+    // Returns the name of a missing program or package; nullopt if all are installed.
     static std::optional<std::string> missing();
 
     explicit GnomeShell(Eval eval = Eval::forbidden);
@@ -28,7 +28,8 @@ public:
     // Returns when the shell has started and its overview is closed.
     void start();
 
-    // Call before start(): installs and enables the extension as in an earlier session.
+    // Installs and enables the extension, as if the user had done so in an earlier session. Call
+    // this before start().
     void addExtension(const std::filesystem::path& form) const;
 
     // Evaluates the expression and returns its value as JSON.

@@ -33,7 +33,7 @@ public:
         return written;
     }
 
-    // Times out only on failure.
+    // Only a failing test reaches the timeout.
     bool waitForAny(const Lines& awaited) {
         std::unique_lock lock(mutex);
         return more.wait_for(lock, patience, [&] {

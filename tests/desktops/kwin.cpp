@@ -18,8 +18,8 @@ KWin::KWin(Extent wanted) : extent(wanted), settings(plainEnvironment(folder.pat
     settings["DBUS_SESSION_BUS_ADDRESS"] = sessionBus.address();
     settings["WAYLAND_DISPLAY"] = "wayland-kwin";
     settings["XDG_CURRENT_DESKTOP"] = "KDE";
-    // Runs a copy, which does not have the installed file's capability. Machines that withhold the
-    // capability refuse to execute the installed file, and a process with the capability would
+    // The tests run a copy, which lacks the installed file's capability. A machine that withholds
+    // the capability refuses to execute the installed file, and a process with the capability would
     // outlive the test.
     std::filesystem::copy_file(installed, folder.path() / "kwin_wayland");
 }

@@ -17,7 +17,8 @@ namespace glidemap::desktops {
 template <typename Backend>
 class Listening {
 public:
-    // `Arguments` are the arguments of the backend's constructor that follow the thread.
+    // `arguments` are passed to the backend's constructor, after the thread if the constructor
+    // takes one.
     template <typename... Arguments>
     explicit Listening(WindowListener& reported, const Arguments&... arguments) {
         thread.call([&] {

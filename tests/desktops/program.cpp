@@ -66,8 +66,8 @@ struct Start {
         (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0)) {
         _exit(126);
     }
-    // This is set after the change of user, which would clear it. The parent may already have
-    // exited.
+    // The death signal is set after the change of user, which would clear it. The parent may
+    // already have exited before that.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != start.parent) {
         _exit(126);

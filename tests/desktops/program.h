@@ -26,7 +26,7 @@ using Environment = std::map<std::string, std::string>;
 // environment.
 Environment plainEnvironment(const std::filesystem::path& folder);
 
-// Returns whether the program is in PATH.
+// Returns whether the program is in /usr/bin.
 bool isInstalled(const std::string& program);
 
 class Program {
@@ -50,15 +50,15 @@ public:
     // Writes a line to the program's standard input.
     void writeLine(const std::string& line);
 
-    // Returns the next line of the program's standard output. On a timeout, fails the test and
-    // returns nullopt.
+    // Returns the next line of the program's standard output. On a timeout, or at the end of the
+    // output, fails the test and returns nullopt.
     std::optional<std::string> nextLine();
 
     // Kills the program's whole process group at once.
     void kill();
 
-    // Closes the program's standard input, waits until the program has exited and returns its exit
-    // status.
+    // Closes the program's standard input and waits until the program has exited. Returns its exit
+    // status, or 128 plus the signal that ended the program.
     std::optional<int> finish();
 
     pid_t process() const { return _process; }

@@ -1,5 +1,4 @@
-// Sets variables of this process's environment during a scope, to the values that the desktop's
-// programs have.
+// Sets variables of this process's environment until the object is destroyed.
 //
 // Thread:  one, while no other thread runs.
 // Owner:   a test.

@@ -48,7 +48,7 @@ TEST_P(OverviewTest, OverviewOpensAndCloses) {
 
 class LockTest : public DesktopTest {
 protected:
-    // Returns whether a program of this session runs.
+    // Returns whether the program runs in this session.
     static bool runs(std::string_view program) {
         const std::array<std::string_view, 1> names = {program};
         return !sessionProcesses(names).empty();
@@ -75,7 +75,7 @@ TEST_P(LockTest, ScreenLocksOrFailureIsReported) {
     EXPECT_EQ(refused, !locks);
 }
 
-// A common setup of sway and labwc sessions: only swayidle knows the locker.
+// A common setup of sway and labwc sessions: only swayidle's configuration names the screen locker.
 TEST_P(LockTest, SwayidleLockerLocksWithoutALockService) {
     if (GetParam().name != "Sway" && GetParam().name != "Labwc") {
         GTEST_SKIP() << "no desktop for swayidle";

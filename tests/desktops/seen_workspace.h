@@ -22,8 +22,8 @@ class SeenWorkspace {
 public:
     using Names = std::set<std::string>;
 
-    // Returns "none" also while the desktop's background has the focus: Xfce focuses the background
-    // if its desktop program starts late.
+    // Also returns "none" while the desktop's background has the focus: Xfce focuses the background
+    // if the program that draws it starts late.
     std::string frontmost() const {
         const std::string application = workspace.frontmostApplication().bundleID.value_or("none");
         return application == "Xfdesktop" ? "none" : application;

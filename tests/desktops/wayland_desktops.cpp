@@ -141,8 +141,8 @@ public:
     bool isOverviewOpen() const override { return shell.isOverviewOpen(); }
 
 private:
-    // The shell lists a window before it shows it. When it shows the window it also focuses it,
-    // even if another window was activated in between.
+    // The shell lists a window before it shows the window. When it shows the window, it also
+    // focuses it, even if another window was activated in between.
     void waitUntilWindowsAreShown() const {
         EXPECT_TRUE(application::waitUntil([this] {
             return shell.evaluate("global.get_window_actors().every(actor => actor.visible || "
@@ -225,8 +225,8 @@ private:
             application + "\")) {\n" + statement + "}\n");
     }
 
-    // Since Plasma 6 the D-Bus paths of scripts are different, so both forms are tried. Returns
-    // once KWin has run the script.
+    // Plasma 6 changed the D-Bus paths of scripts, so the function tries both forms. Returns once
+    // KWin has run the script.
     void run(const std::string& script) {
         const std::string name = "test-" + std::to_string(++scripts);
         const std::filesystem::path file =

@@ -50,8 +50,8 @@ public:
     const PrivateBus& bus() const override { return session; }
     std::string windowProgram() const override { return GLIDEMAP_X_CLIENT; }
 
-    // A window manager may focus each window that it shows, even if another window was activated
-    // before.
+    // First waits until all windows are shown, because a window manager may focus each window that
+    // it shows, even if another window was activated before.
     void activate(const std::string& application) override {
         EXPECT_TRUE(waitUntil([this] { return display.showsAllWindows(); }))
             << "a window is not shown";

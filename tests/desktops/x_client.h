@@ -16,7 +16,7 @@ namespace glidemap::desktops {
 
 class XClient {
 public:
-    // Connects to the server without creating a window.
+    // Connects to the server and creates the window, which stays hidden until map().
     explicit XClient(const XServer& server);
 
     // The next four functions set a property of the window, or of the root window after useRoot():
@@ -29,7 +29,7 @@ public:
     void useRoot();
     void map();      // returns once the window is on the screen
     void activate(); // through the window manager
-    void wander();   // moves the window back and forth
+    void wander();   // moves the window 100 times, by one pixel each
     void destroy();
     void grabServer();
     void ungrabServer();

@@ -40,8 +40,8 @@ fs::path package() {
     return found;
 }
 
-// Skips triggers for the desktop's databases, which are slow and belong to other packages. There is
-// no time limit other than the virtual machine's.
+// Skips dpkg's triggers: they update the desktop's databases, are slow, and belong to other
+// packages. The only time limit is the virtual machine's.
 void dpkg(const std::string& arguments) {
     const std::string command = "dpkg --no-triggers " + arguments + " >/dev/null";
     EXPECT_EQ(std::system(command.c_str()), 0) << command;
@@ -92,7 +92,8 @@ private:
     fs::path folder = "/run/glidemap-home";
 };
 
-// Acts as logind, which grants access to the devices that udev has tagged for the seat.
+// Acts as logind, which gives the seat's user access to the devices that udev has tagged for the
+// seat.
 void handOver(const fs::path& node) {
     ASSERT_TRUE(isForTheSeat(node)) << node;
     ASSERT_EQ(chown(node.c_str(), nobody, nobody), 0);

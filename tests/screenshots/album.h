@@ -1,8 +1,8 @@
 // A folder of pictures with a page that shows all of them.
 //
 // Thread:  the main thread.
-// Errors:  a blank picture, or one that cannot be written, is reported on standard error and
-//          counted.
+// Errors:  a picture that is blank or missing, or a file that cannot be written, is reported on
+//          standard error and counted.
 #pragma once
 
 #include "screenshots/scene.h"

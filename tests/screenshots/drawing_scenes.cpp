@@ -44,7 +44,8 @@ constexpr int frameGap = 6;
 constexpr int nameHeight = 20;
 constexpr int columns = 3;
 
-// Early, middle and late times within the part of the loop with clearly visible fingers.
+// Returns an early, a middle and a late time, in seconds, of those at which a finger is clearly
+// visible.
 std::array<double, 3> momentsOf(GestureType gesture) {
     constexpr int samples = 104; // 1/40 s apart
     std::vector<double> seen;
@@ -115,7 +116,8 @@ QImage symbols() {
     return sheet.finished();
 }
 
-// The application's icon as in launchers, and the status item's icon as in status bars.
+// Draws the application's icon in the sizes of launchers, and the status item's icon on status bars
+// of several colours.
 QImage icons() {
     constexpr std::array sizes = {16, 22, 24, 32, 48, 64, 128, 256};
     Sheet sheet(QSize(760, 400));

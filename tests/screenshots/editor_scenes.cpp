@@ -23,7 +23,8 @@ using test::SettingsStage;
 
 using Arrangement = std::function<void(SettingsStage&)>;
 
-// Draws an icon in place of an application's own, which differs between machines. Returns its file.
+// Draws a substitute for an application's icon, because the real icons differ between machines.
+// Returns the path of the file.
 std::string drawIcon(const QTemporaryDir& folder, int hue) {
     QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
     icon.fill(Qt::transparent);
@@ -165,7 +166,7 @@ void warnOfClick(SettingsStage& stage) {
         ->setCurrentIndex(static_cast<int>(GestureType::twoFingerClick));
 }
 
-// A gesture that the system itself uses, as on KDE Plasma.
+// Shows the note about a gesture that the desktop also uses, with KDE Plasma's text.
 QImage pictureOfSystemGesture() {
     SettingsStage stage(BindingList{bound(GestureType::fourFingerSwipeUp, LockScreen{})});
     giveApplications(stage);

@@ -3,9 +3,9 @@
 //   glidemap-screenshots [--brief] [--only NAME] FOLDER
 //
 // Each state is rendered in both languages, light and dark, at one and at two pixels per point. The
-// program uses the real widgets with doubles of their services and needs no display. Two runs of
-// one build produce the same pictures. --brief limits it to a few pictures, --only to the scenes
-// whose name contains NAME. Fails if a picture cannot be written or is blank.
+// program uses the real widgets with fake services and needs no display. Two runs of one build
+// produce the same pictures. --brief limits the output to a few pictures, --only to the scenes
+// whose name contains NAME. The program fails if a picture cannot be written or is blank.
 //
 // A process has one scale for its lifetime, so a second process writes the pictures at scale 2.
 #include "core/lang.h"
@@ -68,15 +68,15 @@ bool useDisplayInMemory(const QTemporaryDir& folder) {
     return description.good();
 }
 
-// Suppresses warnings about missing features of the offscreen display, which do not affect
-// pictures.
+// Suppresses warnings about features that the offscreen display lacks, because they do not affect
+// the pictures.
 void passOn(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message) {
     if (!message.startsWith("This plugin does not support")) {
         std::cerr << message.toStdString() << '\n';
     }
 }
 
-// Removes differences between machines, and animations.
+// Makes the appearance the same on each machine, and disables animations.
 void settleAppearance(QApplication& application) {
     QApplication::setFont(QFont("Inter"));
     QApplication::setCursorFlashTime(0);
@@ -129,7 +129,7 @@ int run(QApplication& application, const QString& folder, const Choice& choice) 
 } // namespace
 
 int main(int count, char** arguments) {
-    // The stages use test expectations; a failed one must abort.
+    // The stages contain test expectations. A failed expectation must end the program.
     testing::FLAGS_gtest_throw_on_failure = true;
     testing::InitGoogleTest(&count, arguments);
     const QTemporaryDir folder;

@@ -29,7 +29,7 @@ QImage canvas(const QSize& points) {
 }
 
 void settle() {
-    constexpr int turns = 6; // a layout may request another one, and that may move a popup
+    constexpr int turns = 6; // a layout pass may request another pass, which may move a popup
     for (int turn = 0; turn < turns; ++turn) {
         QApplication::sendPostedEvents();
         QApplication::processEvents();
@@ -72,7 +72,7 @@ QImage photographWithAllAbove(QWidget& window) {
             windows.append(other);
         }
     }
-    // An open list belongs above its sheet.
+    // Draws popups last, because an open list is above its sheet.
     std::stable_sort(windows.begin() + 1, windows.end(), [](const QWidget* a, const QWidget* b) {
         const auto isPopup = [](const QWidget* each) {
             return each->windowType() == Qt::Popup;

@@ -1,4 +1,5 @@
-// Pictures of windows as on the screen: at its scale, and with the windows above them in place.
+// Takes pictures of windows as they appear on the screen: at its scale, and with the windows above
+// them.
 //
 // Thread:  the main thread.
 // Errors:  none.

@@ -25,7 +25,7 @@ struct Variant {
 
 struct Scene {
     std::string group;
-    std::string name; // of its file, without the variant
+    std::string name; // the file's name, without the variant
     std::string caption;
     std::function<QImage()> paint; // in the current language and colours
     bool inBrief = false;          // also part of --brief

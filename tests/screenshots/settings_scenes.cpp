@@ -19,14 +19,14 @@ using test::SettingsStage;
 
 using Arrangement = std::function<void(SettingsStage&)>;
 
-// As on a desktop with larger text.
+// the text scale of a desktop with larger text
 constexpr double largeLetters = 1.5;
 
 bool isChinese() {
     return Lang::shared().code() == "zh";
 }
 
-// Typical bindings after a week.
+// The bindings that a typical user has after a week.
 BindingList usualBindings() {
     using enum GestureType;
     BindingList list{
@@ -75,7 +75,7 @@ QImage picture(BindingList bindings, const Arrangement& arrange = {},
     return photograph(stage.window());
 }
 
-// `prepare` runs before the window opens.
+// `prepare` runs before the window opens, `arrange` afterwards.
 QImage pictureAfter(const Arrangement& prepare, const Arrangement& arrange,
                     QSize size = SettingsWindow::contentSize) {
     SettingsStage stage(usualBindings());
@@ -171,7 +171,7 @@ QImage pictureOfLanguages() {
     return photographWithAllAbove(window);
 }
 
-// On a system without a password dialog.
+// Shows the note for a system without a password dialog.
 void failToAsk(SettingsStage& stage) {
     revokeTrust(stage);
     stage.notes = std::make_shared<test::FakeNotes>();

@@ -67,7 +67,7 @@ PadShape pointingStick() {
     return shape;
 }
 
-// Trust
+// ── trust ──
 
 bool isTrusted() {
     const Unprivileged unprivileged;
@@ -111,7 +111,7 @@ TEST_F(TrustTest, IgnoresDevicesThatTheUdevRuleExcludes) {
     EXPECT_TRUE(isTrusted());
 }
 
-// Granting
+// ── granting ──
 
 struct Outcome {
     std::optional<int> status;

@@ -2,8 +2,8 @@
 // touchpad, and the program's virtual keyboard emits keys.
 //
 // Thread:  one.
-// Owner:   a test. The destructor kills an agent that still runs and removes the home folder.
-// Errors:  an agent that does not start is a failure of the test.
+// Owner:   a test. The destructors kill an agent that still runs, and remove the home folder.
+// Errors:  an agent that does not start fails the test.
 #pragma once
 
 #include "process.h"
@@ -48,14 +48,15 @@ public:
     // Whether the agent asks the user for missing access.
     enum class Asks { never, ifNeeded };
 
-    // Returns when the agent is reading the touchpads.
+    // Returns when the agent has started all services. It then reads the touchpads to which it has
+    // access.
     explicit Agent(Process::User user = Process::User::root, Asks asks = Asks::never);
 
     // Waits until the log contains a line with the text, and returns the line.
     std::optional<std::string> waitForLog(const std::string& text) {
         return process->waitForOutput(text);
     }
-    // Does the same for lines that GLIDEMAP_LOG enables.
+    // Like waitForLog(), for the lines that GLIDEMAP_LOG enables on standard error.
     std::optional<std::string> waitForReason(const std::string& text) {
         return process->waitForError(text);
     }

@@ -42,7 +42,7 @@ constexpr unsigned long shift = 0x20000;
 constexpr unsigned long control = 0x40000;
 constexpr unsigned long optionAndCommand = 0x180000;
 
-// Longer than the maximum interval between the taps of a double tap.
+// In seconds, longer than the maximum interval between the taps of a double tap.
 constexpr double betweenGestures = 0.6;
 
 std::string contentsOf(const std::filesystem::path& file) {
@@ -63,7 +63,7 @@ protected:
         return DeviceReader(waitForNode(keyboardName).value_or("/dev/null"));
     }
 
-    // The clone has the same name as the touchpad, so the search excludes the touchpad's node.
+    // Excludes the touchpad's node from the search, because the clone has the same name.
     std::filesystem::path cloneNode() const {
         return waitForNode(pad.shape().name, pad.node()).value_or("/dev/null");
     }
@@ -195,7 +195,8 @@ TEST_F(AgentTest, DropsATwoFingerClickAndItsReleaseButNotAOneFingerClick) {
     EXPECT_THAT(keys.keys(), ElementsAre(down(KEY_T), up(KEY_T)));
 }
 
-// Plays the same frames to the ungrabbed touchpad and through the clone.
+// Plays the same frames twice: the test reads them from the ungrabbed touchpad first, and then from
+// the clone.
 TEST_F(AgentTest, CloneForwardsEveryFingerEvent) {
     const auto play = [&] {
         PadHand other(pad); // starts with the same tracking ids each time
@@ -226,7 +227,7 @@ TEST_F(AgentTest, CloneForwardsEveryFingerEvent) {
 
 // ── access granted later ──
 
-// Replaces pkexec, and exits when the test has answered.
+// Replaces pkexec with a script that exits when the test calls answer().
 class PretendedPrompt {
 public:
     explicit PretendedPrompt(const std::filesystem::path& folder) : answers(folder / "answers") {

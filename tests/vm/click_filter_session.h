@@ -3,7 +3,7 @@
 //
 // Thread:  a test's; the driver calls the filter on its own thread.
 // Owner:   a test; one at a time, within the life of a DriverSession.
-// Errors:  a driver without these functions is a failure of the test.
+// Errors:  a driver without a click filter's functions fails the test.
 #pragma once
 
 #include "driver_session.h"
@@ -31,7 +31,8 @@ class ClickFilterSession {
 public:
     using Answer = std::function<bool(const AskedClick&)>;
 
-    // Drops clicks of two or more fingers, each with its release, as the program does.
+    // The default filter function drops clicks of two or more fingers, each with its release, as
+    // the program does.
     explicit ClickFilterSession(DriverSession& session);
     ClickFilterSession(const ClickFilterSession&) = delete;
     ClickFilterSession& operator=(const ClickFilterSession&) = delete;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* holding = "holds the touchpad";
 
-// The test below runs this test in another process, which grabs all touchpads until it is killed.
+// The next test runs this one in another process, which grabs all touchpads until it is killed.
 TEST(HoldingProgram, DISABLED_HoldsTheTouchpads) {
     DriverSession session;
     ClickFilterSession filter(session);

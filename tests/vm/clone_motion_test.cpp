@@ -32,7 +32,7 @@ const char* const recordings[] = {
     "touchpads/SynPS2 Synaptics TouchPad.hp8470p.two-finger-scroll-horizontal.events",
 };
 
-// The state that a program knows after reading all events of a touchpad.
+// The state of a touchpad, as a program can derive it from the touchpad's events.
 struct Knowledge {
     std::int32_t slot = 0;
     std::map<std::pair<std::int32_t, int>, std::int32_t> slotValues;
@@ -60,8 +60,8 @@ struct Knowledge {
         return id != slotValues.end() && id->second >= 0;
     }
 
-    // Returns the fingers' positions, the pressed keys, and, while a finger is down, all axes.
-    // Omits values of 0, because 0 is the initial value.
+    // Returns the axes of each touching finger's slot, the pressed keys, and, while a finger
+    // touches, the axes without slots. Omits values of 0, because 0 is the initial value.
     std::map<std::string, std::int32_t> present() const {
         std::map<std::string, std::int32_t> result;
         bool touched = false;

@@ -1,5 +1,5 @@
-// The kernel notifies the driver when programs open and close a clone. It merges consecutive equal
-// notifications.
+// Tests the notifications that the kernel sends the driver when programs open and close a clone.
+// The kernel merges consecutive equal notifications.
 
 #include "click_filter_session.h"
 #include "deadline.h"
@@ -68,7 +68,8 @@ TEST_F(CloneReadersTest, TwoProgramsThatOpenAndCloseTheCloneDoNotCountAsReaders)
     EXPECT_EQ(filter.obstacle(device), "no program has opened the touchpad's clone");
 }
 
-// A user may read the touchpad but not its clone, so the driver cannot watch the clone's node.
+// Runs the driver as a user who may read the touchpad but not its clone, so that the driver cannot
+// watch the clone's node.
 class UnwatchedCloneTest : public testing::Test {
 protected:
     UnwatchedCloneTest() {

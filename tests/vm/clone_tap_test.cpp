@@ -27,10 +27,10 @@ using testing::IsEmpty;
 using testing::Not;
 using Texts = std::vector<std::string>;
 
-// The interval between two reports of a touchpad.
+// The interval between two reports of a touchpad, in seconds.
 constexpr double aMoment = 0.01;
 
-// Longer than libinput waits for a tap to become a drag.
+// In seconds, longer than libinput waits for a tap to become a drag.
 constexpr double betweenGestures = 0.5;
 
 std::string textFrom(const std::string& line, const char* begin) {
@@ -52,8 +52,8 @@ protected:
         ASSERT_TRUE(libinput->waitUntilReading(clone));
     }
 
-    // Returns the buttons that libinput reported, in order. The swipe made here arrives after all
-    // earlier events.
+    // Returns the buttons that libinput reported, in order. Makes a swipe first and waits for it,
+    // because it arrives after all earlier events.
     Texts buttons() {
         hand.pause(betweenGestures).down(3).move(800, 0, 20).up();
         if (!libinput->waitForOutput("GESTURE_SWIPE_BEGIN")) {
@@ -137,7 +137,7 @@ TEST_F(CloneTapTest, TapImmediatelyAfterADroppedClickIsATap) {
                                        HasSubstr("BTN_RIGHT (273) released")));
 }
 
-// Moves down while the button is held, and to the right afterwards.
+// The fingers move down while the button is held, and to the right afterwards.
 TEST_F(CloneTapTest, FingersThatRemainAfterADroppedClickScrollAgain) {
     hand.down(2).pause(aMoment).press().pause(aMoment).move(0, 600, 20);
     hand.release().pause(aMoment).move(800, 0, 20).up();

@@ -93,7 +93,7 @@ TEST(CloneTest, FiltersTheRightButtonLikeTheLeftButton) {
 }
 
 constexpr std::int64_t second = 1000000;
-// Longer than a program's usual delay, but shorter than the kernel's uptime.
+// In microseconds, longer than a program's usual delay, but shorter than the kernel's uptime.
 constexpr std::int64_t late = second / 50;
 
 std::int64_t now() {
@@ -117,7 +117,7 @@ bool kernelTakesGivenTimes(ForwardedPad& forwarded) {
     return !frames.empty() && frames.front().time == given;
 }
 
-// A kernel that sets the time itself gives the clone's events slightly later times than the
+// If the kernel sets the times itself, the clone's events have slightly later times than the
 // touchpad's.
 TEST(CloneTest, CloneFramesKeepTheTouchpadsOrderAndTimes) {
     constexpr std::int32_t steps = 20;
@@ -149,7 +149,8 @@ TEST(CloneTest, FrameThatTheDriverReadsLateKeepsTheTouchpadsTime) {
         GTEST_SKIP() << "this kernel stamps events with its own times";
     }
     forwarded.switchOn();
-    // The driver leaves a frame from before its grab to the other readers.
+    // The frames must be newer than the grab, because the driver does not forward older ones: the
+    // other readers have received them.
     const std::int64_t spoken = now();
     waitUntilClock(spoken + 2 * late);
     forwarded.pad.write(fingerDown(0, 7, 1000, 500), spoken);

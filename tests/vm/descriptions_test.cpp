@@ -1,4 +1,4 @@
-// Tests touchpads of every described shape, with a finger in each slot at a known position.
+// Tests a touchpad of each recorded description, with a finger in each slot at a known position.
 
 #include "driver_session.h"
 #include "recorded_pad.h"

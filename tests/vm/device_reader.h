@@ -3,7 +3,7 @@
 // Units:   events as in recorded_pad.h.
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a missing device and a time-out are failures of the test.
+// Errors:  a missing device fails the test. On a time-out, a wait returns false.
 #pragma once
 
 #include "recorded_pad.h"

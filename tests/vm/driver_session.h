@@ -4,7 +4,7 @@
 // Units:   as in input/mt_touch.h.
 // Thread:  a test's; reports arrive on the driver's thread and are kept under a mutex.
 // Owner:   a test; one at a time, because the process has only one frame sink.
-// Errors:  a time-out is a failure of the test, and the wait returns false.
+// Errors:  a time-out fails the test, and the wait returns false.
 #pragma once
 
 #include "input/mt_touch.h"

@@ -3,7 +3,8 @@
 // Units:   events as in recorded_pad.h, times in microseconds of the monotonic clock.
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a time-out is a failure of the test, and the wait returns the frames that arrived.
+// Errors:  lost events, and a time-out of readUntil(), fail the test. After a time-out, readUntil()
+//          returns the frames that arrived, and waitUntilGone() returns false.
 #pragma once
 
 #include "recorded_pad.h"

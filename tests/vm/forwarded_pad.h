@@ -5,7 +5,7 @@
 //
 // Thread:  a test's.
 // Owner:   a test.
-// Errors:  failures of the test.
+// Errors:  a device that does not appear in time fails the test.
 #pragma once
 
 #include "click_filter_session.h"

@@ -168,7 +168,7 @@ TEST_F(FullDisk, KeepsTheSavedBindingsWhileTheDiskIsReadOnly) {
     expectOnDisk(changed);
 }
 
-// Runs as an ordinary user, because root may write to any folder.
+// Runs without root's rights, because root may write to any folder.
 TEST_F(FullDisk, KeepsTheSavedBindingsWhileTheFolderIsReadOnly) {
     BindingStore store = launch();
     const BindingList old = *store.bindings();

@@ -85,8 +85,8 @@ protected:
         keyboard->post(events);
     }
 
-    // Types B as the user, and returns all keys up to B. The last ones show which modifiers are
-    // held then.
+    // Types B as the user, and returns all keys up to B. The modifiers in B's events show which
+    // modifiers are held.
     static Keys keysUntilUserTypesB() {
         press(KEY_B);
         release(KEY_B);

@@ -17,7 +17,7 @@
 namespace glidemap::vm {
 namespace {
 
-// Describes a tablet with only a button and a position, which the driver ignores.
+// Describes a touchscreen, which the driver ignores.
 PadShape notATouchpad() {
     PadShape shape = ordinaryPad();
     shape.name = "Not a Touchpad";

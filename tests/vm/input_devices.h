@@ -1,7 +1,8 @@
 // Lists the connected input devices and reads their properties.
 //
 // Thread:  one.
-// Errors:  a missing device or property is an empty result.
+// Errors:  a query for a missing device or property returns an empty result. A device or clone that
+//          does not appear in time fails the test.
 #pragma once
 
 #include "recorded_pad.h"
@@ -14,7 +15,7 @@
 
 namespace glidemap::vm {
 
-// Returns the event nodes of all devices with this name.
+// Returns the event nodes of all devices with this name that udev has initialised.
 std::vector<std::filesystem::path> nodesNamed(const std::string& name);
 
 // Waits until udev has initialised a device with this name whose node is not `except`.
@@ -24,7 +25,7 @@ std::optional<std::filesystem::path> waitForNode(const std::string& name,
 // Waits until the node is gone.
 bool waitForNoNode(const std::filesystem::path& node);
 
-// Returns the event nodes of touchpad clones, oldest first.
+// Returns the event nodes of touchpad clones, sorted by path.
 std::vector<std::filesystem::path> cloneNodes();
 
 // Waits until udev has initialised a clone that is not in `except`. Returns an empty path on

@@ -1,5 +1,5 @@
-// Switches between two sessions of a real logind on a real seat. A double replaces the service
-// manager and only reports that each session's scope has started. The test puts the program into
+// Switches between two sessions of a real logind on a real seat. A fake replaces the service
+// manager, and only reports that each session's scope has started. The test puts the program into
 // its scope's control group.
 
 #include "agent_session.h"

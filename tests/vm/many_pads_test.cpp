@@ -1,4 +1,5 @@
-// Tests a machine with 64 touchpads: opening them all on startup must not count as a stall.
+// Tests a machine with 64 touchpads: the watchdog must not treat the time that the driver needs to
+// open them on startup as a stall.
 
 #include "click_filter_session.h"
 #include "deadline.h"

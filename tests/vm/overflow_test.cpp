@@ -13,7 +13,7 @@
 namespace glidemap::vm {
 namespace {
 
-// Many times as many frames as the kernel buffers for a reader of this touchpad.
+// Many times the number of frames that the kernel buffers for a reader of this touchpad.
 constexpr std::int32_t manyFrames = 1000;
 
 const SeenContact* contactWith(const SeenContacts& contacts, std::int32_t identifier) {

@@ -12,8 +12,8 @@ namespace glidemap::vm {
 
 namespace {
 
-// The report interval of a touchpad, in seconds. A hand moves in small steps, because programs take
-// a jump for another finger.
+// The report interval of a touchpad, in seconds. A hand moves in small steps, because programs
+// interpret a jump as another finger.
 constexpr double betweenReports = 0.008;
 
 void append(EventFrame& frame, const EventFrame& more) {

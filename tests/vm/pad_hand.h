@@ -1,5 +1,5 @@
-// A hand on the ordinary touchpad, which sends the events of a real touchpad: the contacts, the
-// number of fingers, and the button.
+// A hand on a touchpad like ordinaryPad(). Writes the events that a real touchpad would send: the
+// contacts, the number of fingers, and the button.
 //
 // Units:   positions in units of the pad; times in seconds of the monotonic clock.
 // Thread:  one.

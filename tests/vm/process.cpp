@@ -36,7 +36,8 @@ namespace {
     _exit(127);
 }
 
-// Appends all pending output. At the end of the stream, closes the pipe and returns false.
+// Appends up to 4 KiB of pending output. At the end of the stream, closes the pipe and returns
+// false.
 bool drain(int& pipe, std::string& into) {
     std::array<char, 4096> buffer{};
     const ssize_t size = read(pipe, buffer.data(), buffer.size());

@@ -2,7 +2,8 @@
 //
 // Thread:  one.
 // Owner:   a test. The destructor kills a program that still runs.
-// Errors:  a time-out is a failure of the test, and the wait returns nullopt or false.
+// Errors:  a time-out fails the test, and the wait returns nullopt or false. waitForLines() and
+//          waitForMoreOutput() return false without a failure.
 #pragma once
 
 #include <sys/types.h>
@@ -31,7 +32,7 @@ public:
     // Does the same for the program's standard error.
     std::optional<std::string> waitForError(const std::string& text);
 
-    // Reads until `count` lines contain the text, or until the time-out.
+    // Reads until the text has occurred `count` times in the output, or until the time-out.
     bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience);
 
     // Waits for more output; returns false on time-out.

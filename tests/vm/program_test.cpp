@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* pkexec = "/usr/bin/pkexec";
 
-// Replaces pkexec: records its calls, and exits when the test answers.
+// Replaces pkexec with a script that records its calls, and exits when the test answers.
 class Question {
 public:
     explicit Question(const fs::path& folder)

@@ -1,5 +1,5 @@
-// Real time for the movements of a hand, because programs that read a touchpad separate gestures by
-// the clock, and the kernel has no virtual clock.
+// Waits in real time, as a hand does between movements: programs that read a touchpad separate
+// gestures by the clock, and the kernel has no virtual clock.
 //
 // Units:   seconds of the monotonic clock.
 // Thread:  any.

@@ -13,8 +13,8 @@ namespace glidemap::vm {
 // The tests' tables contain paths relative to this folder.
 std::filesystem::path recordingsFolder();
 
-// Returns every file in the folder whose name ends with `ending` (".events"), relative to the
-// folder.
+// Returns every file with the extension `ending`, such as ".events", in the folder and its
+// subfolders. The paths are relative to the folder.
 std::set<std::string> recordingsEndingIn(const std::string& ending);
 
 // Describes the recording's touchpad as a current kernel does.

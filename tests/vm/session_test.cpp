@@ -42,7 +42,7 @@ using testing::Not;
 constexpr const char* keyboardName = "Glidemap Keyboard";
 constexpr const char* uinput = "/dev/uinput";
 
-// Longer than the program's limit between the two taps of a double tap.
+// In seconds, longer than the program's limit between the two taps of a double tap.
 constexpr double betweenGestures = 0.6;
 
 const std::string typesT = bindingJson("twoFingerClick", shortcutJson(17, 0));

@@ -56,7 +56,7 @@ constexpr const char* marker = "threeFingerTap";
 // The program keeps recent gestures, and its libraries keep freed memory.
 constexpr long maxGrowth = 2048; // KiB
 
-// Long enough that two gestures do not count as one gesture.
+// In seconds, long enough that two gestures do not count as one gesture.
 constexpr double betweenGestures = 0.7;
 
 unsigned fromEnvironment(const char* name, unsigned otherwise) {

@@ -23,12 +23,13 @@ namespace {
 
 constexpr const char* holding = "holds the touchpad";
 
-// The tests below run this test in another process, which grabs the touchpads until it is killed.
-// Like the program, it grabs a touchpad again after the watchdog has ungrabbed it.
+// The other tests of this file run this one in another process, which grabs the touchpads until it
+// is killed. Like the program, that process grabs a touchpad again after the watchdog has ungrabbed
+// it.
 
 TEST(StoppedProgram, DISABLED_HoldsTheTouchpads) {
-    // Creates a process group, as a shell does: the kernel stops no process that no shell could
-    // continue.
+    // Creates a process group, as a shell does, because SIGTSTP does not stop a process whose
+    // process group is orphaned.
     setpgid(0, 0);
     DriverSession session;
     ClickFilterSession filter(session);

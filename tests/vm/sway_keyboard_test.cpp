@@ -102,8 +102,9 @@ protected:
         EXPECT_EQ(nextTyped(), "typed Shift B");
     }
 
-    // sway reads its socket and the keyboards in any order. So it may handle the first shortcuts
-    // before the command that separates our keyboard.
+    // Types Control+T until sway reports it without the held Shift. sway reads its socket and the
+    // keyboards in any order, so it may handle the first shortcuts before the command that
+    // separates our keyboard.
     bool becomesPlain(UinputKeyboard& keyboard) {
         const Deadline deadline;
         while (!deadline.passed()) {
@@ -121,7 +122,7 @@ protected:
         return message.output();
     }
 
-    // Returns what sway lists of the keyboard's repeat and layout, sorted by setting.
+    // Returns sway's repeat and layout settings of the keyboard, sorted.
     static std::vector<std::string> keyboardSettings(const std::string& name) {
         const auto inputs = nlohmann::json::parse(reply("get_inputs"));
         std::vector<std::string> settings;

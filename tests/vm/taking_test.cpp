@@ -29,10 +29,10 @@
 namespace glidemap::vm {
 namespace {
 
-// The interval between two reports of a touchpad.
+// The interval between two reports of a touchpad, in seconds.
 constexpr double aMoment = 0.01;
 
-// Counts the events that libinput has reported so far.
+// The sums of the events that libinput has reported so far.
 struct Received {
     int presses = 0;
     int releases = 0;
@@ -74,7 +74,8 @@ protected:
         hand.pause(aMoment).up();
     }
 
-    // Returns all events so far. The click made here arrives after all earlier events.
+    // Returns the sums of all events so far. Clicks first and waits for the click, because it
+    // arrives after all earlier events.
     Received readEvents() {
         hand.pause(0.1);
         click();

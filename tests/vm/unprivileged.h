@@ -1,8 +1,8 @@
 // Drops root's rights in the calling thread, and restores them in the destructor.
 //
 // In the kernel, each thread has its own rights. The C library hides this by changing all threads.
-// Here the difference matters: a thread that the driver starts meanwhile stays without rights,
-// while the test plugs in touchpads and grants access.
+// This class changes only one thread, so that a thread that the driver starts meanwhile stays
+// without rights, while the test can later plug in touchpads and grant access.
 #pragma once
 
 #include <sys/types.h>

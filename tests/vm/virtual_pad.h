@@ -3,8 +3,8 @@
 // Units:   events as in recorded_pad.h, times in microseconds of the monotonic clock.
 // Thread:  one.
 // Owner:   a test. The destructor and unplug() remove the device, as unplugging its cable would.
-// Errors:  a device that cannot be created is a failure of the test (isPlugged() is false); so is
-//          an event that cannot be written.
+// Errors:  a device that cannot be created fails the test, and isPlugged() is false. An event that
+//          cannot be written also fails the test.
 #pragma once
 
 #include "recorded_pad.h"
@@ -25,10 +25,10 @@ public:
     ~VirtualPad();
 
     // Writes the events and a SYN_REPORT in one call. A kernel that accepts event times uses
-    // `time`, or its own time if that is 0.
+    // `time`, or its own time if `time` is 0.
     void write(const EventFrame& frame, std::int64_t time = 0);
 
-    // Presses and releases a button that every touchpad has and no recording uses. A reader that
+    // Presses and releases a button that every VirtualPad has and no recording uses. A reader that
     // has received the click has read all earlier events.
     void clickMarker();
 

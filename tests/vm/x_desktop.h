@@ -2,7 +2,7 @@
 //
 // Thread:  one.
 // Owner:   a test. The destructor ends the server and the window manager.
-// Errors:  a desktop that does not start is a failure of the test, and isRunning() is false.
+// Errors:  a desktop that does not start fails the test, and isRunning() is false.
 #pragma once
 
 #include "process.h"

@@ -3,7 +3,8 @@
 // Units:   X's own: key codes are the kernel's plus 8; buttons 1 left, 3 right, 4 to 7 the wheel.
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a time-out is a failure of the test, and the wait returns false.
+// Errors:  a window that does not get the focus fails the test. On a time-out, a wait returns
+//          false.
 #pragma once
 
 #include <cstdint>

@@ -35,7 +35,7 @@ using testing::HasSubstr;
 constexpr unsigned long shift = 0x20000;
 constexpr unsigned long control = 0x40000;
 
-// Longer than the program's limit between the two taps of a double tap.
+// In seconds, longer than the program's limit between the two taps of a double tap.
 constexpr double betweenGestures = 0.6;
 
 // The modifier bits of X.

@@ -14,7 +14,7 @@ PNG = {b"ic11": 32, b"ic12": 64, b"ic07": 128, b"ic13": 256, b"ic08": 256, b"ic1
 
 def entries(data):
     kind, length = struct.unpack(">4sI", data[:8])
-    assert kind == b"icns" and length == len(data), "the header has another length"
+    assert kind == b"icns" and length == len(data), "the header is not that of an icon of this length"
     at = 8
     while at < len(data):
         kind, length = struct.unpack(">4sI", data[at : at + 8])

@@ -1,6 +1,6 @@
-"""hosted_workflow SOURCES: checks that the workflow for a Mac is well-formed. It must use no action but the host's own
-checkout, name no host, and use existing presets, each configured first. A preset that is tested must build tests; a program
-that no test can start must be built and run once."""
+"""hosted_workflow SOURCES: checks that the workflow for a Mac is well-formed. It must use no action except the host's own
+checkout, name no host, and use existing presets, each of which it configures first. Each job must run the tests of a preset
+that builds them, or run the built program once."""
 
 import json
 import re
@@ -23,7 +23,7 @@ def check(condition, fault):
 
 
 def variables(name):
-    """The cache variables of a configure preset; its own values override inherited ones."""
+    """Returns the cache variables of a configure preset. Its own values override inherited ones."""
     preset = next(preset for preset in presets["configurePresets"] if preset["name"] == name)
     inherited = variables(preset["inherits"]) if "inherits" in preset else {}
     return {**inherited, **preset.get("cacheVariables", {})}
@@ -38,12 +38,12 @@ def systems_of(job):
 
 def check_preset(command, name, configured):
     known = {preset["name"] for preset in presets[kinds[command]]}
-    check(name in known, f"no preset for: {command} {name}")
+    check(name in known, f"the preset does not exist: {command} {name}")
     if command == "cmake --preset":
         configured.add(name)
     check(name in configured, f"not configured first: {command} {name}")
     if command == "ctest --preset":
-        check(variables(name).get("GLIDEMAP_TESTS", "ON") == "ON", f"builds no tests: {command} {name}")
+        check(variables(name).get("GLIDEMAP_TESTS", "ON") == "ON", f"the preset builds no tests: {command} {name}")
 
 
 def check_job(name, job):
@@ -60,7 +60,7 @@ def check_job(name, job):
     check(done == kinds.keys(), f"{name} does not configure, build and test, or run once")
 
 
-check(workflow["permissions"] == {"contents": "read"}, "the workflow may do more than read")
+check(workflow["permissions"] == {"contents": "read"}, "the workflow has more than read permission")
 check("://" not in text, "the workflow names a host")
 check(workflow["jobs"], "the workflow has no job")
 for name, job in workflow["jobs"].items():

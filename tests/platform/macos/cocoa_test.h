@@ -1,5 +1,5 @@
-// The fixture for services in Objective-C: resets the shared objects first, and checks at the end
-// that no object still has an owner or an observer.
+// The fixture for services in Objective-C. Resets the fake system services first, and checks at the
+// end that no object still has an owner or an observer.
 #pragma once
 
 #include "doubles/appearance.h"

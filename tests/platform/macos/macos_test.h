@@ -1,5 +1,5 @@
-// The fixture for macOS services: resets the fakes first, and checks at the end that none of their
-// objects has an owner.
+// The fixture for macOS services. Resets the fakes first, and checks at the end that no fake object
+// still has an owner.
 #pragma once
 
 #include "doubles/app_kit.h"

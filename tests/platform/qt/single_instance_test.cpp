@@ -212,7 +212,7 @@ TEST_F(SingleInstanceTest, SecondInstanceBecomesFirstIfTheFirstExits) {
     EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::first));
 }
 
-// Each child keeps the lock until all have claimed.
+// The first instance keeps the lock until all children have tried to claim it.
 TEST_F(SingleInstanceTest, ExactlyOneOfManySimultaneousInstancesIsFirst) {
     constexpr int programs = 12;
     for (int round = 0; round < 5; ++round) {
@@ -304,7 +304,7 @@ TEST_F(SingleInstanceTest, DoesNotFollowALinkInPlaceOfTheLockFile) {
     EXPECT_EQ(fs::status(kept).permissions(), fs::perms::all);
 }
 
-// Holds the lock, and listens as a server that misbehaves.
+// A first instance that misbehaves: it holds the lock and listens, but replies as the test chooses.
 class PretendedFirst {
 public:
     // `user` is the user that the system reports as the listener.

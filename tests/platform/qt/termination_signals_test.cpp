@@ -80,7 +80,7 @@ TEST(TerminationSignalsTest, TimeLimitAppliesEvenAfterTerminationSignalsIsDestro
               EXIT_SUCCESS);
 }
 
-// A time limit would replace the alarm of this test by a shorter alarm.
+// A time limit would replace this test's alarm with a shorter one.
 TEST(TerminationSignalsTest, SignalStartsNoTimerWithoutATimeLimit) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); },
                           [] {

@@ -1,4 +1,4 @@
-// Texts and passive widgets: labels, badges, notices, symbols, forms.
+// Tests texts and passive widgets: labels, badges, notices, symbols and forms.
 #include "ui/controls/badge.h"
 #include "ui/controls/dimmed.h"
 #include "ui/controls/form_section.h"
@@ -21,7 +21,7 @@ using test::Stage;
 
 const QString longText = QStringLiteral("A name that is much longer than there is room for it");
 
-// Counts every pixel that differs from the background.
+// Returns the number of pixels that differ from the background.
 int paintedPixels(QWidget& widget) {
     const QImage image = widget.grab().toImage();
     int painted = 0;
@@ -33,7 +33,7 @@ int paintedPixels(QWidget& widget) {
     return painted;
 }
 
-// Counts lines on a vertical cut through the middle.
+// Returns the number of separator lines, each one pixel high, on a vertical cut through the middle.
 int linesIn(QWidget& widget) {
     const QImage image = widget.grab().toImage();
     int lines = 0;

@@ -1,4 +1,4 @@
-// A window with a control under test, and simulated keyboard and mouse input.
+// A window for a control under test, and functions that read the control's accessible properties.
 #pragma once
 
 #include "kit/qt_waiting.h"

@@ -45,8 +45,8 @@ TEST(ContinuousRectangleTest, CurveStartsEarlierThanInACircularCorner) {
     EXPECT_LT(depth(radius), 2);
 }
 
-// Where the outline is nearly horizontal, its second difference is its curvature. Here the
-// curvature increases steadily; in a circular corner it would jump to 1/radius.
+// Where the outline is nearly horizontal, the second difference of its depth approximates its
+// curvature. Here the curvature increases steadily; in a circular corner it would jump to 1/radius.
 TEST(ContinuousRectangleTest, CurvatureIncreasesGraduallyFromZero) {
     constexpr double step = 8;
     const auto curvature = [&](double fromLeft) {

@@ -4,10 +4,10 @@
     expected_frames.py > expected_frames.txt
     expected_frames.py --verify expected_frames.txt
 
-Independent of the program: it follows the description of each motion, calculates times, curves and
-straight paths in exact fractions, and lists the positions of all fingers below. The times lie below,
-at and above each limit of a motion. At a limit where a count jumps or an item appears, rounding could
-decide, so no time lies there.
+The script is independent of the program: it follows the description of each motion, calculates times,
+curves and straight paths in exact fractions, and has its own table of the fingers' positions. The times
+lie below, at and above each limit of a motion. No time lies exactly at a limit where a count jumps or an
+item appears, because rounding could decide there.
 """
 import math
 import sys
@@ -262,5 +262,5 @@ def lines():
 text = "\n".join(lines()) + "\n"
 if sys.argv[1:2] == ["--verify"]:
     with open(sys.argv[2], encoding="utf-8") as file:
-        sys.exit(0 if file.read() == text else f"{sys.argv[2]} is not what this calculator says")
+        sys.exit(0 if file.read() == text else f"{sys.argv[2]} differs from the output of this script")
 sys.stdout.write(text)

@@ -135,8 +135,7 @@ TEST(GestureDemoTest, FingersAndTrailsStayOnThePadAndRingsHaveAValidSize) {
     }
 }
 
-// No visible finger jumps: a finger that moved by its own size within a frame would be too fast to
-// follow.
+// Neither a finger's position nor its opacity jumps within a millisecond.
 TEST(GestureDemoTest, FingersMoveSmoothly) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));

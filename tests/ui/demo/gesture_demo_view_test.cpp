@@ -23,7 +23,7 @@ namespace {
 
 constexpr GestureType gesture = GestureType::threeFingerSwipeRight;
 
-// Records the paint events of a widget, in milliseconds since construction.
+// Records the times of a widget's paint events, in milliseconds since construction.
 class Paints : public QObject {
 public:
     explicit Paints(QWidget& widget) {

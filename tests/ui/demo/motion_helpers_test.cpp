@@ -1,5 +1,5 @@
-// The common parts of all motions. The expected numbers are calculated by hand: x²(3 - 2x) is 0.5
-// at 1/2, 0.15625 at 1/4, 0.84375 at 3/4, 0.028 at 1/10, 0.104 at 1/5.
+// Tests the common parts of all motions. The expected numbers are calculated by hand: x²(3 - 2x) is
+// 0.5 at 1/2, 0.15625 at 1/4, 0.84375 at 3/4, 0.028 at 1/10, 0.104 at 1/5.
 #include "ui/demo/gesture_demo.h"
 
 #include <gtest/gtest.h>
@@ -59,7 +59,6 @@ TEST(EnvelopeTest, FadesInAfterItsStartAndOutBeforeItsEnd) {
     }
 }
 
-// In a span shorter than both fades, the finger is never fully opaque.
 TEST(EnvelopeTest, SpanShorterThanTheFadesIsNeverFullyOpaque) {
     EXPECT_NEAR(env(1.05, 1, 1.2, 0.2), 0.15625, exactness);
     EXPECT_NEAR(env(1.1, 1, 1.2, 0.2), 0.5, exactness);

@@ -49,7 +49,7 @@ TEST(BindingDraftTest, NewDraftIsValidOnceAShortcutIsRecorded) {
     EXPECT_TRUE(draft.isValid());
 }
 
-// Every kind of action and scope, with and without each of the three parameters.
+// Tests every kind of action and scope, with and without each of the three parameters.
 TEST(BindingDraftTest, IsValidOnceTheSelectedKindsHaveTheirParameters) {
     for (const ActionKind actionKind : allActionKinds) {
         for (const ScopeKind scopeKind : allScopeKinds) {

@@ -15,8 +15,8 @@ using testing::IsEmpty;
 
 class BindingEditorKeysTest : public EditorStage {
 protected:
-    // Returns the tab order from the start until it repeats. A segment counts as its segmented
-    // control.
+    // Returns the names of the controls in tab order, until the first one has the focus again. For
+    // a segment, returns the name of its segmented control.
     std::vector<std::string> tabOrder() const {
         std::vector<std::string> names;
         QWidget* const first = window.focusWidget();
@@ -61,7 +61,8 @@ TEST_F(BindingEditorKeysTest, ReturnSavesOnlyWhenTheFormIsComplete) {
     }
 }
 
-// Simulates a Return held since a row opened the sheet, or an Escape held since it closed the list.
+// Simulates a key that the user still holds after an earlier action: Return, which opened the sheet
+// from a row, or Escape, which closed a list.
 TEST_F(BindingEditorKeysTest, HeldKeyNeitherSavesNorCancels) {
     open();
     choose(ActionKind::lockScreen);

@@ -22,7 +22,7 @@ using testing::IsEmpty;
 
 class BindingEditorTest : public EditorStage {
 protected:
-    // A layout may request another one.
+    // A layout pass may request another pass.
     static void settleLayout() {
         constexpr int turns = 6;
         for (int turn = 0; turn < turns; ++turn) {

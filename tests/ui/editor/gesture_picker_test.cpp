@@ -26,7 +26,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The sheet. It records every key that no control in it accepted.
+// A substitute for the sheet, which records every key that no control in it accepted.
 class Sheet : public QWidget {
 public:
     std::vector<int> keys;

@@ -1,5 +1,5 @@
-// A window that records its keys: "+65" is Qt's key 65 pressed, "-65" released, "+65 again" a
-// repetition.
+// A window that records its key events: "+65" is a press of Qt's key 65, "-65" its release, and
+// "+65 again" an automatic repeat.
 #pragma once
 
 #include <QKeyEvent>

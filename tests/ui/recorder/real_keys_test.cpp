@@ -1,4 +1,4 @@
-// The recorder with the key events of real window systems.
+// Tests the recorder with the key events of real window systems.
 #include "desktops/program.h"
 #include "desktops/runtime_folder.h"
 #include "typing_sway.h"

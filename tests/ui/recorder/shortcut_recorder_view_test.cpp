@@ -400,7 +400,7 @@ TEST_F(ShortcutRecorderViewTest, SetShortcutDoesNotCallOnRecord) {
     EXPECT_EQ(button().text(), "⌥⌘→");
 }
 
-// Around the label, the button has its padding and the room for the focus ring, on both sides.
+// On each side of the label, the button has padding and room for the focus ring.
 TEST_F(ShortcutRecorderViewTest, ButtonLabelIsAtLeast160PointsWide) {
     constexpr int aroundLabel = 2 * (14 + style::ringMargin);
     EXPECT_GE(button().width(), 160 + aroundLabel);

@@ -1,5 +1,5 @@
 // A desktop without a screen, with a keyboard on which a test types. Its programs receive the keys
-// as from a real keyboard.
+// as if a real keyboard had sent them.
 //
 // Units:   the kernel's key codes.
 // Thread:  one.
@@ -20,7 +20,7 @@ public:
     TypingDesktop& operator=(const TypingDesktop&) = delete;
     virtual ~TypingDesktop() = default;
 
-    // The environment of its programs.
+    // The environment of the desktop's programs.
     virtual Environment environment() const = 0;
 
     virtual void key(std::uint16_t kernelCode, bool down) = 0;

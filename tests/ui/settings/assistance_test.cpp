@@ -1,4 +1,4 @@
-// The settings window as assistive technology sees it.
+// Tests the settings window as assistive technology reads it.
 
 #include "ui/settings/binding_list_view.h"
 #include "ui/settings/settings_stage.h"

@@ -243,7 +243,7 @@ TEST_F(BindingListViewTest, ToggleKeepsRowsScrollPositionAndSelection) {
     stage->clickInRow(21, "enabled");
     EXPECT_EQ(bar().value(), 1000);
     EXPECT_EQ(stage->row(22), row);
-    EXPECT_EQ(list->selectedIndex(), Place(21)); // a click selects its row
+    EXPECT_EQ(list->selectedIndex(), Place(21)); // a click in a row selects the row
     change(22, GestureType::pinchIn);
     EXPECT_EQ(bar().value(), 1000);
     EXPECT_EQ(stage->row(22), row);
@@ -317,7 +317,7 @@ TEST_F(BindingListViewTest, BindingsWithTheSameIdentifierHaveSeparateRows) {
     twins[2].id = twins[0].id;
     open(twins);
     ASSERT_EQ(stage->rowCount(), 3);
-    stage->clickInRow(2, "enabled"); // switches the first one
+    stage->clickInRow(2, "enabled"); // switches binding 0, the first one with this identifier
     EXPECT_FALSE(stored()[0].enabled);
     EXPECT_TRUE(stored()[2].enabled);
     EXPECT_EQ(stage->rowCount(), 3);
@@ -344,7 +344,7 @@ TEST_F(BindingListViewTest, FocusedRowKeepsTheFocusWhenScrolledOutOfView) {
     edit->setFocus(Qt::TabFocusReason);
     bar().setValue(bar().maximum());
     EXPECT_TRUE(edit->hasFocus());
-    press(Qt::Key_Down); // moves on from the focused row
+    press(Qt::Key_Down); // selects the row after the focused one
     EXPECT_EQ(list->selectedIndex(), Place(2));
     EXPECT_TRUE(isInSight(2));
 }
@@ -439,7 +439,7 @@ TEST_F(BindingListViewTest, RowButtonsAreFaintUnlessSelectedOrHovered) {
         EXPECT_EQ(edit.isFaint(), trash.isFaint());
         return edit.isFaint();
     };
-    for (const std::size_t index : {0, 1}) { // ignores the earlier position of the pointer
+    for (const std::size_t index : {0, 1}) { // undoes the effect of the pointer's earlier position
         stage->row(index)->setAttribute(Qt::WA_UnderMouse, false);
         QHoverEvent away(QEvent::HoverLeave, QPointF(), QPointF(), QPointF());
         QApplication::sendEvent(stage->row(index), &away);

@@ -28,7 +28,7 @@ protected:
         return *dynamic_cast<SettingsHeader*>(stage.find("title")->parentWidget());
     }
 
-    // A layout pass may request another one.
+    // A layout pass may request another pass.
     static void settleLayout() {
         constexpr int rounds = 6;
         for (int round = 0; round < rounds; ++round) {

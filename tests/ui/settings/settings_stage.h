@@ -118,9 +118,9 @@ public:
     BindingRow* row(std::size_t index) const;
     std::size_t rowCount() const;
 
-    // Reports a gesture like the engine, with this frontmost application.
+    // Reports a gesture as the engine does, while `application` is frontmost.
     void recognise(GestureType gesture, std::optional<std::string> application = std::nullopt);
-    // Responds to the update check with this version.
+    // Publishes this version and runs an update check.
     void publish(const std::string& version);
     // Chooses the language with this code in the picker.
     void choose(const char* code) const;

@@ -13,7 +13,7 @@ namespace {
 class SettingsWindowTest : public testing::Test {
 protected:
     SettingsWindow& open() { return stage.open(); }
-    // Returns the geometry of a new window for a stored geometry, before a test resizes it.
+    // Returns the geometry of a new window that restores the stored geometry.
     QRect placeGiven(const WindowGeometry& remembered) {
         stage.geometry->kept = remembered;
         const SettingsWindow& window = stage.make();

@@ -1,5 +1,5 @@
-// At each size, the application icon is a tile with several colours. The tile fills its edges and
-// is transparent in its corners.
+// Tests that, at each size, the application icon is a tile with several colours and transparent
+// corners.
 #include "ui/theme/application_icon.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// Every symbol that the program names has a drawing. A drawing has one shade, the colour of its
-// role, and is complete at every size and scale factor.
+// Tests that every symbol that the program names has a drawing, and that each drawing has only one
+// colour and is complete at every size and scale factor.
 #include "core/gesture_category.h"
 #include "ui/theme/symbol.h"
 
@@ -224,7 +224,7 @@ TEST(SymbolsTest, FitIntoTheirBoxAndUseMostOfItAtEverySize) {
     }
 }
 
-// Two gestures of different kinds must not look the same.
+// The symbols distinguish the kinds of gestures, so no two may look the same.
 TEST(SymbolsTest, LookDifferentFromEachOther) {
     const QStringList names = drawings();
     for (int one = 0; one < names.size(); ++one) {

@@ -1,5 +1,5 @@
-// A template icon has the name of the installed icon, if one is installed. Installed or not, it can
-// be drawn at any size.
+// Tests that a template icon has the name of the installed icon, if one is installed, and that it
+// can be drawn at any size in either case.
 #include "ui/theme/symbol.h"
 #include "ui/theme/template_icon.h"
 

@@ -51,7 +51,7 @@ private:
     std::future<int> future = promise->get_future();
 };
 
-// Reads the text that a script writes to a pipe until it exits.
+// Reads the text that a script writes to a pipe, until the script exits.
 class Answer {
 public:
     Answer() {
@@ -112,8 +112,8 @@ TEST(GrantPromptTest, SystemFileIsWritableOnlyByRoot) {
     EXPECT_FALSE(isWritableOnlyByRoot("/nowhere/at/all"));
 }
 
-// Returns a path to which only root may write. Each test has its own, because tests run at the same
-// time.
+// Returns a path to which only root may write. The path is unique per process, because tests run at
+// the same time.
 fs::path folderOfRoot(const std::string& name) {
     return "/usr/local/glidemap-grant-prompt-" + name + "-" + std::to_string(getpid());
 }

@@ -180,7 +180,8 @@ TEST(LinuxClickTapTest, CallbackMayEnableATapDisabledByTimeout) {
     EXPECT_EQ(driver.calls(), "set; on; on");
 }
 
-// The main thread waits in the driver for its reader, while the reader's callback uses the tap.
+// The main thread waits in the driver for the driver's reader, whose callback uses the tap
+// meanwhile.
 TEST(LinuxClickTapTest, EnablingTheTapDuringAConcurrentDisablingTakesEffect) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);

@@ -1,4 +1,4 @@
-// Parses the polkit policy, a small XML file, and checks its values.
+// Tests the values in the polkit policy, which is a small XML file.
 #include <glib.h>
 #include <gtest/gtest.h>
 

@@ -31,7 +31,7 @@ protected:
         folder.clear();
     }
 
-    // Returns a script that writes the words to the pipe, as the shell expands them.
+    // Returns a script that writes the words to the pipe, after the shell has expanded them.
     std::string reporting(const std::string& name, const std::string& words) {
         return folder.script(name, "echo " + words + " >" + pipe.string() + "\n");
     }
@@ -58,7 +58,7 @@ protected:
         EXPECT_EQ(handler, identifier);
     }
 
-    // Any other launch would have reported before this one.
+    // Launches one more script. The report of any earlier launch would arrive before its report.
     void expectNothingElse() {
         installAndLaunch("last", "Exec=" + reporting("last", "the last") + "\n");
         EXPECT_EQ(reports.nextLine(), "the last");

@@ -1,5 +1,5 @@
-// Matches windows as real programs create them with the entries in entries/, which resemble widely
-// used entries.
+// Tests the matching of windows to the desktop entries in entries/. The windows have the properties
+// that real programs set, and the entries resemble widely used ones.
 #include "platform/linux/applications/application_matcher.h"
 
 #include <glib.h>
@@ -19,7 +19,7 @@ std::string valueOf(GKeyFile* file, const char* key) {
     return text;
 }
 
-// GIO is not used, because it ignores entries whose program is not installed.
+// Parses the file without GIO, because GIO ignores entries whose program is not installed.
 DesktopEntry readEntry(const std::filesystem::path& path) {
     GKeyFile* const file = g_key_file_new();
     EXPECT_TRUE(g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr)) << path;

@@ -109,7 +109,8 @@ TEST_F(DesktopEntriesTest, UserEntryOverridesSystemEntry) {
     expectNames({"Other", "User's"});
 }
 
-// Constructed first, so that no thread reads the environment during the change.
+// A base class, which is constructed first, so that no thread reads the environment during the
+// change.
 struct InChinese {
     const desktops::ScopedEnvironment language{
         {{"LANGUAGE", "zh_CN"}, {"LC_ALL", "zh_CN.UTF-8"}, {"LANG", "zh_CN.UTF-8"}}};

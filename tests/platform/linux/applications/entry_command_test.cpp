@@ -29,7 +29,7 @@ protected:
         return entry != nullptr ? commandOf(entry.get(), url) : EntryCommand{};
     }
 
-    // A folder for PATH that contains only programs with these names.
+    // Returns a folder for PATH that contains only programs with these names.
     std::string onlyPrograms(const std::vector<std::string>& names) const {
         const auto bin = folder.path() / "only";
         std::filesystem::remove_all(bin);

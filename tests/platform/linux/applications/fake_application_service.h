@@ -1,7 +1,7 @@
 // Fake services on the test program's own session bus.
 //
 // Thread:  the test's; the fakes reply on GIO's own thread.
-// Owner:   the test program: GIO keeps the first session bus that it has used.
+// Owner:   the test program: GIO uses its first session bus until the process exits.
 // Errors:  a bus that does not start fails the test.
 #pragma once
 

@@ -33,7 +33,8 @@ std::string text(const Application& application) {
     return application.bundleID.value_or("-") + " (" + application.name.value_or("-") + ")";
 }
 
-// Constructed first, so that no thread reads the environment during the change.
+// A base class, which is constructed first, so that no thread reads the environment during the
+// change.
 struct InChinese {
     const ScopedEnvironment language{
         {{"LANGUAGE", "zh_CN"}, {"LC_ALL", "zh_CN.UTF-8"}, {"LANG", "zh_CN.UTF-8"}}};
@@ -156,7 +157,7 @@ public:
                                        nullptr)); // the server has processed the request
     }
 
-    // Returns the next message, joined from its pieces.
+    // Joins the pieces of the next message and returns it.
     std::string next() const {
         std::string text;
         while (text.find('\0') == std::string::npos) {

@@ -187,7 +187,7 @@ public:
     FakeJournal& operator=(const FakeJournal&) = delete;
     ~FakeJournal() { close(listening); }
 
-    // Returns the complete output of the first program, and sets its process id.
+    // Returns the complete output of the first program, and sets `process` to the program's id.
     std::string read(pid_t& process) const {
         const int stream = accept(listening, nullptr, nullptr);
         ucred other{};

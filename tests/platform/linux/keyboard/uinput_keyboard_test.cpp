@@ -54,7 +54,7 @@ private:
     bool isPlugged = false;
 };
 
-// Keeps each request until the test has it typed plainly, or drops it.
+// Keeps each request until the test lets the keyboard type it plainly, or drops it.
 class ScriptedHeldModifiers : public HeldModifiers {
 public:
     explicit ScriptedHeldModifiers(Log& keptLog) : log(keptLog) {}

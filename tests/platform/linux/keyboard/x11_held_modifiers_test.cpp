@@ -1,5 +1,5 @@
-// Releases and restores modifiers on a fake server. The test controls when the user releases keys,
-// because a real server would make that timing a race.
+// Tests the release and the restoration of modifiers on a fake server. The test controls when the
+// user releases keys; with a real server, that moment would be a race.
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 #include "typed_text.h"
 
@@ -25,8 +25,8 @@ using Codes = std::set<std::uint16_t>;
 const Changes controlT = {
     {KEY_LEFTCTRL, true}, {KEY_T, true}, {KEY_T, false}, {KEY_LEFTCTRL, false}};
 
-// State that the test shares with the fake server. The test uses it while the desktop thread is
-// idle.
+// State that the test shares with the fake server. The test accesses it only while the desktop
+// thread is idle.
 struct Script {
     Codes user;
     Codes ours;
@@ -110,7 +110,7 @@ protected:
             script.hasNews = script.isListening;
             server->notify();
         });
-        // The thread processes events that are pending now before it runs the second task.
+        // The second task runs after the thread has processed the events that are pending now.
         desktop.call([] {});
         desktop.call([] {});
     }

@@ -1,5 +1,5 @@
-// Types on a real X server while keys are held. The server has no keyboard here, so another client
-// holds the keys. Tests with keyboards of the kernel cover keys that a user holds.
+// Tests typing on a real X server while keys are held. This server has no keyboard, so another
+// client holds the keys. The tests in tests/vm cover keys that a user holds.
 #include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/keyboard/session_held_modifiers.h"
 #include "platform/linux/keyboard/x11_held_modifiers.h"
@@ -36,7 +36,7 @@ protected:
         ASSERT_NE(held, nullptr);
     }
 
-    // Types the changes. Returns how often `held` left this to the uinput keyboard.
+    // Types the changes. Returns how often `held` left the typing to the uinput keyboard.
     int type(const Changes& changes) {
         int plainly = 0;
         held->type(changes, [&] { ++plainly; });

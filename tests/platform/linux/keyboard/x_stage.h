@@ -23,7 +23,7 @@ class XStage {
 public:
     static bool isInstalled();
 
-    // Sets DISPLAY to this server.
+    // Sets DISPLAY to this server, and unsets the variables of a Wayland session.
     XStage();
     XStage(const XStage&) = delete;
     XStage& operator=(const XStage&) = delete;

@@ -95,7 +95,7 @@ protected:
             lines = lock(patienceOf(limit));
             lastLimit = limit;
             lastTook = std::chrono::steady_clock::now() - began;
-            // This event may arrive after the limit, and does not belong to the next attempt.
+            // The event `always` may arrive after the limit. The next attempt must not record it.
             EXPECT_TRUE(always.empty() || journal.waitFor(always));
         }
         return lines;

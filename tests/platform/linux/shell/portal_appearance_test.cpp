@@ -247,7 +247,7 @@ TEST_F(PortalAppearanceTest, KeepsSettingsWhenTheBusIsLost) {
 }
 
 // The loop would not end if the desktop thread waited for the bus, because call() and the
-// destructor wait for this thread.
+// destructor wait for the desktop thread.
 TEST_F(PortalAppearanceTest, SettingsAreUnknownWithoutABus) {
     const test::SilentSocket silent;
     for (const std::string& unusable :

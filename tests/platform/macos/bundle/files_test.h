@@ -1,4 +1,4 @@
-// The fixture for the bundle and the user's folders.
+// The fixture for tests of the bundle and of the user's folders.
 #pragma once
 
 #include "cocoa_test.h"

@@ -6,7 +6,7 @@
 
 namespace glidemap::doubles {
 
-// The fixture's set-up calls it.
+// The fixture's set-up calls this function.
 void resetAppearance();
 
 // Sets the best match without notifying observers. nullopt means that no requested name matches.

@@ -1,7 +1,7 @@
 // The fake Core Foundation objects, each with an owner count. On a Mac, Core Foundation is real,
 // and wraps each fake object.
 //
-// Errors:  releasing an object too often fails the running test; a Mac ends the process.
+// Errors:  releasing an object too often fails the running test. On a Mac, it ends the process.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

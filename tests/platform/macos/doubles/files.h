@@ -19,7 +19,7 @@ struct Files {
 // The fixture's set-up resets it.
 Files& files();
 
-// Destroys the shared objects.
+// Releases the fake main bundle and the fake default file manager.
 void closeFiles();
 
 } // namespace glidemap::doubles

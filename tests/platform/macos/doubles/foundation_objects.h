@@ -7,7 +7,7 @@
 
 namespace glidemap::doubles {
 
-// An autorelease pool during its life, like that of the main loop.
+// Provides an autorelease pool until it is destroyed, as the main loop does.
 class Pool {
 public:
     Pool();

@@ -23,7 +23,7 @@ NSError* errorOf(const std::string& reason) {
                                                                 forKey:NSLocalizedDescriptionKey]];
 }
 
-// The caller may read the error only after a refusal.
+// Also sets the error on success, so that tests detect a caller that reads it then.
 BOOL answer(NSError** error) {
     const MainAppService& settings = mainAppService();
     if (settings.reason && error != nullptr) {

@@ -1,4 +1,4 @@
-// Key-value observers.
+// Finds key-value observers that were not removed.
 #pragma once
 
 #include <cstddef>

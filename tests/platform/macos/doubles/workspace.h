@@ -36,13 +36,14 @@ void closeWorkspace();
 // Activates an application, or one without properties if nullopt, and posts the notification.
 void activate(std::optional<RunningApplication> application);
 
-// Ends the application and posts the notification. The test sets the frontmost application itself.
+// Posts the notification that the application has ended. The test itself sets the frontmost
+// application.
 void end(const RunningApplication& application);
 
-// Posts an activation without its application.
+// Posts the activation notification without an application.
 void noticeAnActivationOnly();
 
-// Posts a notification without further information.
+// Posts a notification without user information.
 void postNotice(const char* name);
 
 void setReducesMotion(bool reduces);

@@ -10,7 +10,7 @@ std::optional<std::vector<const void*>> trackpads;
 
 } // namespace
 
-// The framework's list: an array that the caller owns, or null.
+// Returns the fake framework's device list, an array that the caller owns, or null.
 extern "C" __attribute__((visibility("default"))) const void* trackpadList();
 const void* trackpadList() {
     return trackpads ? glidemap::doubles::handOutArray(*trackpads) : nullptr;

@@ -1,7 +1,7 @@
 // A fake GNOME Shell on a bus: replies to queries about extensions, and sends the reports of
 // Glidemap's extension. Messages are in GLib's text format.
 //
-// Thread:  one; it replies on a thread of its own.
+// Thread:  one; the fake replies on its own thread.
 // Owner:   a test.
 // Errors:  any failure fails the test.
 #pragma once
@@ -32,7 +32,8 @@ public:
     FakeGnomeShell& operator=(const FakeGnomeShell&) = delete;
     ~FakeGnomeShell();
 
-    // Start and stop the extension. It announces its start, and returns these windows to callers.
+    // Start and stop the extension. The extension announces its start, and returns these windows to
+    // callers.
     void startExtension(const std::string& windows);
     void stopExtension();
 

@@ -76,7 +76,7 @@ TEST(GnomeShellTest, InstalledExtensionReportsWindowsAfterTheNextLogin) {
     Window first = Window(shell.environment(), "first", "Title");
     reported.expectInTheEnd("windows: first", "active: first");
     Window second = Window(shell.environment(), "org.example.Second", "A text — Second");
-    // The shell gives the focus only to windows that the user has opened.
+    // The shell does not focus the second window, because the user has not opened it.
     reported.expectInTheEnd("windows: first, org.example.Second", "active: first");
     EXPECT_THAT(reported.windows(),
                 testing::ElementsAre(WindowIdentity{"first", "first", "", first.process()},

@@ -1,7 +1,7 @@
 // A fake of KWin's scripting interface on a bus, as in Plasma 5 or 6. The fake runs no script: the
 // test sends the script's reports.
 //
-// Thread:  one; it replies on a thread of its own.
+// Thread:  one; the fake replies on its own thread.
 // Owner:   a test.
 // Errors:  any failure fails the test.
 #pragma once

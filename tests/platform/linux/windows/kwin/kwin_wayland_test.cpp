@@ -118,7 +118,7 @@ TEST_F(KWinWaylandTest, FollowsAKWinThatStartsAfterTheBackendAndRestarts) {
     reported.expectReported({"windows: second", "active: second"});
 }
 
-// A backend that exits must not unload the script of the next backend.
+// A backend that is destroyed must unload only its own script.
 TEST_F(KWinWaylandTest, SecondBackendKeepsItsScriptWhenTheFirstBackendIsDestroyed) {
     startKWin();
     FakeWindowListener reportedFirst;

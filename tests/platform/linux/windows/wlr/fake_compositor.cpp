@@ -14,7 +14,7 @@ const struct zwlr_foreign_toplevel_manager_v1_interface managerRequests = {
     .stop = [](wl_client*, wl_resource*) {},
 };
 
-// The backend sends only destroy requests.
+// In these tests, the backend sends only destroy requests.
 const struct zwlr_foreign_toplevel_handle_v1_interface handleRequests = [] {
     struct zwlr_foreign_toplevel_handle_v1_interface requests {};
     requests.destroy = [](wl_client*, wl_resource* handle) {

@@ -1,6 +1,6 @@
 // A Wayland compositor that reports invented windows, one message at a time.
 //
-// Thread:  one; it serves on a thread of its own.
+// Thread:  one; the compositor serves its client on its own thread.
 // Owner:   a test, whose environment has the runtime folder.
 // Errors:  any failure fails the test.
 #pragma once
@@ -27,10 +27,12 @@ public:
     FakeCompositor& operator=(const FakeCompositor&) = delete;
     ~FakeCompositor();
 
-    // Runs the function on the compositor's thread. The client receives all its messages together.
+    // Runs the function on the compositor's thread. The client receives all messages of the
+    // function together.
     void say(const std::function<void()>& messages);
 
-    // Call these functions in say(). Window numbers start at 0, and a null text sends no event.
+    // Call these functions in say(). Window numbers start at 0. For a null text, open() sends no
+    // event.
     void open(const char* appID, const char* title);
     void states(std::size_t window, const std::vector<std::uint32_t>& all);
     void title(std::size_t window, const char* text);

@@ -121,7 +121,7 @@ TEST_F(WlrWindows, ReportsTheTitleOfAWindowWithoutAnAppID) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
-    compositor.say([&] { // as for windows of Xwayland
+    compositor.say([&] { // windows without an app ID, as Xwayland's may be
         compositor.open(nullptr, "xterm");
         compositor.states(0, {activated});
         compositor.done(0);

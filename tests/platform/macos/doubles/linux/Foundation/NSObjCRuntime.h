@@ -1,4 +1,4 @@
-// The macros of the system's headers for declarations that C cannot express.
+// The macros with which the system's headers declare what plain C cannot express.
 #pragma once
 
 #ifndef NS_ENUM

@@ -1,4 +1,4 @@
-// Notifications, and key-value observing.
+// Declares notifications and key-value observing.
 #pragma once
 
 #include <Foundation/values.h>

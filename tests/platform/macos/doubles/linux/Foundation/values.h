@@ -1,4 +1,5 @@
-// Texts, collections, URLs and errors, and the locations of the program and of the user's files.
+// Declares texts, collections, URLs and errors, and the locations of the program and of the user's
+// files.
 #pragma once
 
 #include <Foundation/Foundation.h>

@@ -14,6 +14,6 @@ enum : qos_class_t {
 
 extern "C" int pthread_set_qos_class_self_np(qos_class_t qosClass, int relativePriority);
 
-// On a Mac a thread can name only itself, so this overload takes only the name. Here it is declared
-// next to the overload that takes a thread.
+// macOS's function names only the calling thread, so it takes no thread. This declaration overloads
+// the function in Linux's <pthread.h>, which takes a thread.
 int pthread_setname_np(const char* name);
