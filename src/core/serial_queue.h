@@ -1,8 +1,8 @@
 // Port: runs tasks one after another, in order of submission, on a thread other than the caller's.
 //
 // Thread:  any thread may call; the tasks run on one thread at a time.
-// Errors:  none. When the queue is full, submit() blocks until there is room; only stop()
-//          discards tasks.
+// Errors:  none. When the queue is full, submit() and defer() block until there is room; only
+//          stop() discards tasks.
 #pragma once
 
 #include "core/task.h"

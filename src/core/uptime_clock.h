@@ -1,6 +1,6 @@
 // Port: the time since the system started.
 //
-// Units:   seconds, monotonic; excludes time spent asleep.
+// Units:   seconds, monotonic. The system decides whether the time spent asleep counts.
 // Thread:  any.
 #pragma once
 

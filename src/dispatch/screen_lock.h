@@ -15,8 +15,7 @@ public:
     ScreenLock& operator=(const ScreenLock&) = delete;
     virtual ~ScreenLock() = default;
 
-    // Searches for the system's lock function on the first call. Returns false if the system has no
-    // such function.
+    // Returns false if the system has no lock function.
     virtual bool find() = 0;
 
     // Does not block. If the system refuses, `otherwise` is called once, on the main thread.

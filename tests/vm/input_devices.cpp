@@ -137,7 +137,10 @@ std::vector<std::filesystem::path> cloneNodes() {
             nodes.push_back(nodeFolder / name);
         }
     }
-    std::ranges::sort(nodes);
+    // By number: event9 comes before event10.
+    std::ranges::sort(nodes, {}, [](const std::filesystem::path& node) {
+        return std::pair(node.native().size(), node.native());
+    });
     return nodes;
 }
 

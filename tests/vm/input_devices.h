@@ -25,7 +25,7 @@ std::optional<std::filesystem::path> waitForNode(const std::string& name,
 // Waits until the node is gone.
 bool waitForNoNode(const std::filesystem::path& node);
 
-// Returns the event nodes of touchpad clones, sorted by path.
+// Returns the event nodes of touchpad clones, sorted by number.
 std::vector<std::filesystem::path> cloneNodes();
 
 // Waits until udev has initialised a clone that is not in `except`. Returns an empty path on
