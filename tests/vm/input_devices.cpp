@@ -16,6 +16,7 @@
 #include <functional>
 #include <memory>
 #include <set>
+#include <utility>
 
 namespace glidemap::vm {
 
