@@ -13,9 +13,13 @@ set(GLIDEMAP_DRIVER_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/glidemap)
 
 # ccache supports precompiled headers only with this setting. It then ignores macros and times in precompiled headers,
 # which do not affect this build.
+#
+# A build folder keeps the choice of its first configuration. Otherwise a first build without ccache, as by scripts/run,
+# would be compiled again as soon as scripts/test has installed ccache.
 find_program(CCACHE ccache)
-if(CCACHE)
-    set(launcher ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+set(GLIDEMAP_CCACHE "${CCACHE}" CACHE STRING "the compiler cache of this build folder; NOTFOUND for none")
+if(GLIDEMAP_CCACHE)
+    set(launcher ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${GLIDEMAP_CCACHE})
     set(CMAKE_C_COMPILER_LAUNCHER ${launcher})
     set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
     set(CMAKE_OBJCXX_COMPILER_LAUNCHER ${launcher})
