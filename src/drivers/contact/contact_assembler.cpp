@@ -9,7 +9,8 @@ namespace glidemap {
 
 namespace {
 
-// Ten times as many slots as any real touchpad has. A description with more slots is invalid.
+// Ten times as many slots as any real touchpad has. If an invalid description has more, the
+// additional slots are ignored.
 constexpr std::int32_t maxSlots = 256;
 
 // A button may go down and up, or up and down, between two SYN_REPORTs. If a broken device sends
@@ -113,8 +114,8 @@ ContactAssembler::Slot* ContactAssembler::currentSlot() {
     return index < slots.size() ? &slots[index] : nullptr;
 }
 
-// Only a broken kernel driver replaces a tracking id without ending the contact first, so the
-// contact continues as the same finger.
+// A contact whose tracking id changes while it is down continues as the same finger, because only
+// faulty kernel drivers send such a change.
 void ContactAssembler::setTrackingId(Slot& slot, std::int32_t trackingId) {
     const bool down = trackingId >= 0;
     if (down == slot.down) {
@@ -173,8 +174,8 @@ std::size_t ContactAssembler::reportedFingers() const {
         slots, [](const Slot& slot) { return slot.down && slot.values.distance <= 0; }));
 }
 
-// A pad's finger count is used only if the pad cannot report all fingers: it has fewer slots, or
-// reports a bounding box. On other pads the slots are correct, and a different count is late or
+// A pad's finger count is used only if the pad cannot report all fingers, because it has fewer slots
+// or reports a bounding box. On other pads the slots are correct, and a different count is late or
 // wrong.
 std::size_t ContactAssembler::missingFingers() const {
     const std::size_t counted = countedFingers();

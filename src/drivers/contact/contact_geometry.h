@@ -5,7 +5,7 @@
 //          device's units, and positions in millimetres are 0.
 // Thread:  any; pure functions.
 // Errors:  none. A value outside its axis's range is clamped. If an axis has no extent, every value
-//          is mapped to its middle.
+//          is mapped to the middle of the axis.
 #pragma once
 
 #include "drivers/contact/pad_description.h"
@@ -44,8 +44,8 @@ void describeContact(const PadDescription& pad, const SlotValues& values, MTTouc
 // Shifts the record's positions, both the normalised ones and those in millimetres.
 void translate(const PadDescription& pad, MTPoint normalizedShift, MTTouch& record);
 
-// Computes the velocities from the same contact's record in the previous report. Leaves them
-// unchanged if no time has passed.
+// Computes the velocities. `before` is the same contact's record in the previous report. Leaves the
+// velocities unchanged if no time has passed since then.
 void describeVelocity(const MTTouch& before, MTTouch& record);
 
 // Returns the contact's next state. `before` is its previous state, or 0 if it has not been

@@ -1,7 +1,7 @@
 // Adds stand-ins for the fingers that a pad counts but does not report, so that the number of
 // fingers is right. Each stand-in copies the movement of a reported contact, its anchor.
 //
-//   pad says:   three fingers     slot 0 ●       slot 1 ●
+//   from pad:   three fingers     slot 0 ●       slot 1 ●
 //   reported:                     slot 0 ●──○    slot 1 ●     ○ keeps its distance to its anchor ●
 //
 // Units:   as in the records. A stand-in may lie outside 0..1, because it stays at a fixed offset

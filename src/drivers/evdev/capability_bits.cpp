@@ -7,7 +7,8 @@ namespace glidemap {
 
 namespace {
 
-constexpr unsigned bitsOfAWord = sizeof(long) * 8; // a 32-bit program sees 32-bit words
+// The kernel writes 32-bit words for a 32-bit program.
+constexpr unsigned bitsOfAWord = sizeof(long) * 8;
 
 } // namespace
 

@@ -5,9 +5,9 @@
 // Thread:  any thread may set and switch the filter, also from within the filter's function. That
 //          function runs on the driver's reader thread, after the contact callback of the same
 //          frame.
-// Owner:   the driver keeps the function and its context until they are replaced. Once
-//          GlidemapSetClickFilter has returned, the previous filter is neither running nor called
-//          again, unless it made that call itself.
+// Owner:   the driver keeps the function and its context until they are replaced. After
+//          GlidemapSetClickFilter has returned, the previous filter is not called again. It is not
+//          running either, unless the filter itself made the call.
 // Errors:  a touchpad that cannot be grabbed or cloned is not filtered: all its clicks pass. If
 //          another program has grabbed it, the driver retries when a later touch ends. If cloning
 //          fails, the driver retries after a delay, and also when the filter is switched on again,

@@ -37,7 +37,8 @@ public:
 
     // Returns whether touchpads must be forwarded.
     bool isWanted() const { return isOn && filter != nullptr; }
-    // Returns how often the filter was switched on. Each time, the driver retries failed touchpads.
+    // Returns how many times the filter was switched on. Each time, the driver retries failed
+    // touchpads.
     unsigned attempt() const { return attempts; }
 
     // Returns whether the filter was set or switched since the last call, or another touchpad may

@@ -26,11 +26,10 @@ public:
     // Longer than necessary: udev takes 0.2 s on a slow machine, and a running desktop opens a new
     // device soon after.
     static constexpr std::chrono::seconds patience{2};
-    // The time that a program gets after it has opened the clone: it discards events until it has
-    // set the clock and read the state.
+    // The time that a program gets after it has opened the clone. The program discards events until
+    // it has set the clock and read the state.
     static constexpr std::chrono::milliseconds graceOfReader{100};
-    // The time that is used instead if the system does not report whether a program has opened the
-    // clone.
+    // Replaces graceOfReader if the system does not report whether a program has opened the clone.
     static constexpr std::chrono::milliseconds graceOfUnknownReader{500};
 
     explicit CloneIntroduction(Moment madeAt) : deadline(madeAt + patience) {}

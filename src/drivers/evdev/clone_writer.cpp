@@ -84,9 +84,9 @@ void CloneWriter::completeAxes(const PadState& source, double time) {
     }
 }
 
-// Marks contacts as palms while a press is dropped. Compares touchpad and clone in every frame, so
-// that the marks always end with the dropped press. A lifting finger loses its mark, because the
-// slot's next contact may be an ordinary finger.
+// Marks contacts as palms while a dropped press is held. Compares the pressed keys of the touchpad
+// and the clone in every frame, so that the marks always end with the dropped press. A lifting
+// finger loses its mark, because the slot's next contact may be an ordinary finger.
 void CloneWriter::markContacts(const PadState& source, double time) {
     const bool pressWasTaken = source.holdsKeyThatIsUpIn(held);
     for (std::int32_t slot = 0; slot < held.slotCount(); ++slot) {

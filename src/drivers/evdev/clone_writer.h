@@ -2,13 +2,13 @@
 // for a dropped click.
 //
 // The kernel drops an event that does not change a value. A finger that lands where the slot's last
-// contact ended therefore sends no position, and a clone that was created later does not have that
-// position. So whenever a finger lands, the writer adds to the frame the values that the clone
-// lacks.
+// contact ended therefore sends no position. A clone that was created after that contact does not
+// have the position. So whenever a finger lands, the writer adds to the frame the values that the
+// clone lacks.
 //
 // While a dropped press is held, the writer marks the fingers as palms. Otherwise a program that
-// detects taps would take a short touch for a tap, because it does not see the button press. Palms
-// do not tap, point or scroll. When the button is up, the contacts are fingers again.
+// detects taps would take a short touch for a tap, because it does not receive the button press.
+// Palms do not tap, point or scroll. When the button is up, the contacts are fingers again.
 //
 // Allocates only for frames that are larger than all earlier frames.
 //

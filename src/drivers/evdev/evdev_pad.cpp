@@ -100,7 +100,7 @@ EvdevPad::EvdevPad(std::string itsNode, OpenFile opened, Device openDevice)
 
 // libevdev reads the state with several calls. If an event arrives in between, the results are
 // inconsistent, and the state is read again. Reading takes a hundredth of the time between two
-// reports of a touchpad.
+// reports of a touchpad, so a retry usually succeeds.
 void EvdevPad::settle() {
     constexpr int maxAttempts = 10;
     for (int attempt = 0; attempt < maxAttempts; ++attempt) {

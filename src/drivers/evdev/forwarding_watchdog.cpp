@@ -116,7 +116,7 @@ void ForwardingWatchdog::run() {
         if (!due.has_value() || time.now() < *due) {
             time.wait(changed, lock, due);
         } else if (!working) {
-            watching = false; // a resting finger needs no watching
+            watching = false; // the reader is idle: no event has arrived for a second
         } else {
             giveBack();
             lock.unlock();

@@ -34,7 +34,7 @@ namespace glidemap {
 class ForwardingWatchdog {
 public:
     // The maximum time that a user is without a touchpad. A callback takes less than a hundredth of
-    // it.
+    // this time.
     static constexpr std::chrono::seconds patience{1};
 
     struct Held {

@@ -116,8 +116,8 @@ public:
     ReturnWatch& operator=(const ReturnWatch&) = delete;
     virtual ~ReturnWatch() = default;
 
-    // A descriptor is readable when a touchpad may have returned or become readable. An unused
-    // entry is −1.
+    // A descriptor becomes ready when a touchpad may have returned, or when this user may have got
+    // access to a touchpad. An unused entry is −1.
     virtual std::array<int, 2> descriptors() const = 0;
 
     // Drains all notifications and prepares for the next ones.
@@ -133,7 +133,7 @@ public:
     CloneWatch& operator=(const CloneWatch&) = delete;
     virtual ~CloneWatch() = default;
 
-    // A descriptor is readable when the standing of a clone may have changed. An unused entry is
+    // A descriptor becomes ready when the standing of a clone may have changed. An unused entry is
     // −1.
     virtual std::array<int, 2> descriptors() const = 0;
 
@@ -152,7 +152,7 @@ public:
 
     virtual std::vector<PadCandidate> candidates() = 0;
 
-    // Looks up the touchpad at this node only, which is cheaper than finding all touchpads.
+    // Looks up the touchpad at the given node only, which is cheaper than finding all touchpads.
     virtual std::optional<PadCandidate> candidateAt(const std::string& node) = 0;
 
     // Returns null if the touchpad cannot be opened or is gone.

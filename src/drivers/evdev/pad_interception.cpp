@@ -46,15 +46,15 @@ void PadInterception::add(const InputEvent& event) {
     source.apply(event);
 }
 
-// Returns whether a button already is in the state that the event reports. The filter is called
-// only for changes.
+// Returns whether the event reports a button state that the touchpad already has. The filter is
+// called only for changes.
 bool PadInterception::repeatsButton(const InputEvent& event) const {
     return isFilteredButton(event) && source.isPressed(event.code) == (event.value != 0);
 }
 
-// Returns whether the event selects a slot that the touchpad lacks, or belongs to one. The clone
-// lacks that slot, too, and would stay in the previous one, so the missing slot's events would
-// change the wrong contact.
+// Returns whether the event selects a slot that the touchpad lacks, or belongs to such a slot. The
+// clone lacks that slot, too: its current slot would stay the same, and the events of the missing
+// slot would change the wrong contact.
 bool PadInterception::needsMissingSlot(const InputEvent& event) const {
     if (event.type != EV_ABS) {
         return false;
@@ -104,8 +104,8 @@ void PadInterception::grabAgain(double time) {
     }
 }
 
-// If the clone received a press, its release is forwarded even if the filter drops it. Otherwise
-// the clone's button would stay down.
+// If the press of a button was forwarded, its release is forwarded even if the filter drops the
+// release. Otherwise the clone's button would stay down.
 void PadInterception::filterButtons() {
     std::array heldByClone{writer->isPressed(BTN_LEFT), writer->isPressed(BTN_RIGHT)};
     std::erase_if(frame, [&](const InputEvent& event) {
@@ -169,8 +169,8 @@ void PadInterception::prepareClone() {
     }
 }
 
-// The first attempt does not wait until the touchpad is neutral, so that programs can open the
-// clone in the meantime.
+// The first attempt after the filter is switched on does not wait until the touchpad is neutral, so
+// that programs can open the clone in the meantime.
 void PadInterception::makeClone() {
     const bool mayRetry = source.isNeutral() && clicks.now() >= retryAt;
     if (failedAttempt == clicks.attempt() && !mayRetry) {

@@ -60,7 +60,7 @@ void stopBy(int signal) {
     handle(signal);
 }
 
-// Several signals that arrive before the process is stopped count as one.
+// Several signals that the thread reads at once count as one.
 void run(const OpenFile& readEnd, const std::function<void()>& giveBack,
          const std::function<void()>& grabAgain) {
     pthread_setname_np(pthread_self(), "glidemap-stop");

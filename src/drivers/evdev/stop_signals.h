@@ -4,7 +4,8 @@
 //
 //   handler ─▶ a pipe ─▶ thread: gives back ─▶ the signal's default action … SIGCONT ─▶ grabs again
 //
-// SIGSTOP cannot be caught. A signal that the program ignores or handles itself is not changed.
+// SIGSTOP cannot be caught. If the program ignores one of the signals or handles it itself, its
+// disposition is not changed.
 //
 // Thread:  its own, which sleeps until such a signal arrives. It also works if other threads hang.
 // Owner:   the process, once, because a handler may run until the process ends.

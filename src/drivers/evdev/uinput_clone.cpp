@@ -68,7 +68,8 @@ UdevHandle<udev_device> udevDeviceOf(udev* context, const libevdev* source) {
     return UdevHandle<udev_device>(udev_device_new_from_devnum(context, 'c', status.st_rdev));
 }
 
-// udev assigns every uinput device to the first seat.
+// Returns whether a clone of the device would be on the same seat: udev assigns every uinput device
+// to the first seat.
 bool isOnFirstSeat(udev_device* device) {
     const char* seat =
         device != nullptr ? udev_device_get_property_value(device, "ID_SEAT") : nullptr;

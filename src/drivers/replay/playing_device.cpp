@@ -29,8 +29,8 @@ constexpr double reportInterval = 0.008;
 // the beginning of the next do not form a gesture.
 constexpr double pauseBetweenPasses = 1;
 
-// A recording may contain arbitrary times. This bound is longer than any real recording, and the
-// clock can express it.
+// A recording may contain arbitrary times. This limit is longer than any real recording, and the
+// clock can represent it.
 constexpr double maxPlayingTime = 1e9;
 
 double seconds(Clock::time_point time) {

@@ -28,7 +28,7 @@ public:
     PlayingDevice(std::vector<Record> records, Repetition repetition);
 
     // Plays from the first record. Has no effect if the device is already started, even if the
-    // recording has been played to its end; call stop() first.
+    // recording has been played to its end. To play it again, call stop() first.
     void start() override;
     void stop() override;
 

@@ -17,8 +17,8 @@ using replay::ReplayDevice;
 
 using List = std::vector<std::unique_ptr<ReplayDevice>>;
 
-// A device without a recording. The program passes its reports and their timestamps to
-// GlidemapReplayPush(), which calls the callback on the same thread.
+// A device without a recording. The program passes the device's reports and their timestamps to
+// GlidemapReplayPush(), which calls the contact callback on the caller's thread.
 class PushedDevice : public ReplayDevice {
 public:
     void start() override {
