@@ -2,7 +2,7 @@
 // `onAnswer` when the prompt has closed. Only one prompt is open at a time.
 //
 // Thread:  the main thread; ask() does not wait for the user.
-// Owner:   the program. A prompt that closes after the destruction is not reported.
+// Owner:   the program. A prompt that closes after the object's destruction is not reported.
 // Errors:  a prompt that cannot be shown counts as closed without access, and hasFailed() returns
 //          true. The caller must check whether access was granted.
 #pragma once

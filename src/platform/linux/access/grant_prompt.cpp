@@ -65,7 +65,7 @@ pid_t spawn(const std::vector<std::string>& command) {
 }
 
 // The owner of a file can change its mode, so the owner must be root. If this process runs as root,
-// it can write to any file, and the access check is skipped.
+// it can write to any file, so the access check is skipped.
 bool isFileWritableOnlyByRoot(const std::filesystem::path& file) {
     struct stat status {};
     return stat(file.c_str(), &status) == 0 && status.st_uid == 0 &&

@@ -8,8 +8,8 @@
 
 namespace glidemap {
 
-// Whether this is the event node of a touchpad to which the udev rules grant access. These rules
-// exclude our clones and nodes that are also a keyboard.
+// Whether the device is the event node of a touchpad to which the udev rules grant access. These
+// rules exclude our clones and nodes that are also a keyboard.
 bool isTouchpadOfRule(udev_device* event);
 
 } // namespace glidemap

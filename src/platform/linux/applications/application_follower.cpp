@@ -11,7 +11,8 @@ namespace glidemap {
 namespace {
 
 // This program is excluded, because gestures cannot be bound to it. Some desktops report no process
-// for its window, and others report an identifier without a desktop entry, so both are compared.
+// for its windows, and others report an identifier without a desktop entry, so both the process and
+// the identifier are compared.
 bool isOwn(const WindowIdentity& window, const Application& application) {
     return window.process == getpid() || application.bundleID == ownIdentifier;
 }

@@ -53,9 +53,9 @@ public:
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;
 
     // Returns a function that selects the windows of the application with this desktop entry file.
-    // For a program in a terminal, it also selects the windows of the terminal emulator that the
-    // entry has started. The function is valid until the next task of the desktop thread, and only
-    // while the follower exists.
+    // If the entry requires a terminal, the function also selects the windows of the terminal
+    // emulator that was launched from the entry. The function is valid until the next task of the
+    // desktop thread, and only while the follower exists.
     WindowChoice windowsOf(const std::string& entryPath);
 
 private:

@@ -124,7 +124,7 @@ bool acceptsLaunchToken(GDesktopAppInfo* entry) {
 }
 
 void launchApplication(GDesktopAppInfo* entry, const LaunchToken& token) {
-    if (g_desktop_app_info_get_is_hidden(entry) == FALSE) { // not deleted by the user
+    if (g_desktop_app_info_get_is_hidden(entry) == FALSE) { // a hidden entry counts as deleted
         begin(GlibOwner<GDesktopAppInfo>(G_DESKTOP_APP_INFO(g_object_ref(entry))), "", token);
     }
 }

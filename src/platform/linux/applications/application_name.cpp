@@ -43,8 +43,8 @@ std::string cutTo(std::string text, std::size_t size) {
     return text;
 }
 
-// Never cuts within a UTF-8 character, because an incomplete character would make the whole text be
-// read as Latin-1.
+// Never cuts within a UTF-8 character. If the text ended with an incomplete character, asUTF8()
+// would read all of it as Latin-1.
 std::string_view beginningOf(std::string_view text, std::size_t size) {
     constexpr std::size_t maxContinuation = 3;
     if (text.size() <= size) {

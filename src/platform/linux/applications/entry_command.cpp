@@ -18,8 +18,7 @@ struct Terminal {
     const char* option; // the option before the command; null if none is needed
 };
 
-// Ordered by preference. xdg-terminal-exec runs the terminal that the user has chosen. The
-// terminals of desktops follow, then others.
+// Ordered by preference. The first, xdg-terminal-exec, runs the terminal that the user has chosen.
 constexpr std::array<Terminal, 18> terminals = {{{"xdg-terminal-exec", nullptr},
                                                  {"kgx", "-e"},
                                                  {"gnome-terminal", "--"},

@@ -30,7 +30,7 @@ LaunchedApplication described(GDesktopAppInfo* entry) {
 using Entry = std::shared_ptr<GDesktopAppInfo>;
 
 // Returns null if no entry with this identifier is installed. Rejects an identifier with a slash,
-// because it could leave the folders that contain entries.
+// because it could name a file outside the folders of the entries.
 Entry entryOf(const std::string& bundleID) {
     const bool isIdentifier = !bundleID.empty() && bundleID.find('/') == std::string::npos;
     return GlibOwner<GDesktopAppInfo>(

@@ -68,8 +68,8 @@ std::string launchedFrom(const std::string& folder, pid_t process) {
     return own ? variable(environment, "GIO_LAUNCHED_DESKTOP_FILE") : "";
 }
 
-// Reads the fifth field after the name. The name is in parentheses, and may itself contain
-// parentheses and spaces.
+// Reads the fifth field after the name, the number of the terminal. The name is in parentheses, and
+// may itself contain parentheses and spaces.
 bool hasTerminal(const std::string& status) {
     const std::size_t nameEnd = status.rfind(')');
     if (nameEnd == std::string::npos) {

@@ -80,8 +80,8 @@ bool connectUntil(const OpenFile& socket, const SocketName& name, Clock::time_po
     return true;
 }
 
-// Returns the start of D-Bus authentication, as the libraries send it. Any reply shows that the bus
-// responds.
+// Returns the bytes with which the D-Bus libraries begin authentication. Any reply shows that the
+// bus responds.
 std::string firstWords() {
     const std::string user = std::to_string(geteuid());
     std::string words(1, '\0');

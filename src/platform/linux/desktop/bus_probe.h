@@ -2,7 +2,7 @@
 // connections, and the D-Bus libraries would wait for it for half a minute or without limit.
 //
 // Thread:  any; blocks for at most the given time.
-// Errors:  none; a bus that cannot be reached does not respond.
+// Errors:  none; a bus that cannot be reached counts as not responding.
 #pragma once
 
 #include <chrono>

@@ -62,9 +62,6 @@ protected:
               IfNotRunning ifNotRunning, Then then);
     void call(const BusMethod& method, GVariant* arguments, Then then);
 
-    // Calls `onSignal` for each matching signal until stopWaiting(). Call watch() in the callback
-    // of a call on the same bus, because the bus must be open. Unlike calls and delays, a watch
-    // keeps the transaction alive only if `onSignal` holds a reference to it.
     struct Signal {
         Bus bus = Bus::session;
         const char* service = nullptr;
@@ -72,6 +69,9 @@ protected:
         const char* name = nullptr;
         const char* firstArgument = nullptr; // null matches any argument
     };
+    // Calls `onSignal` for each matching signal until stopWaiting(). Call watch() in the callback
+    // of a call on the same bus, because the bus must be open. Unlike calls and delays, a watch
+    // keeps the transaction alive only if `onSignal` holds a reference to it.
     void watch(const Signal& signal, std::function<void(GVariant* values)> onSignal);
 
     // Calls `changed` whenever properties of the interface have changed.
@@ -89,7 +89,7 @@ private:
     // Cancels the chain. Pending callbacks then only release their references.
     void cancel();
 
-    // Destroyed when the transaction ends. The destructor of BusRequests waits for this.
+    // Destroyed when the transaction ends. The destructor of BusRequests waits until then.
     std::shared_ptr<void> counted;
     const Milliseconds patienceOfAStep;
     std::unique_ptr<State> state;

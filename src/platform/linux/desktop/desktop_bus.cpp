@@ -10,11 +10,10 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::chrono::milliseconds busPatience{5000}; // a working bus replies within 1 ms
-constexpr std::chrono::milliseconds sharedBusPatience{1000};
-
 // A working bus responds within a millisecond, or within a few hundred milliseconds during a busy
 // login.
+constexpr std::chrono::milliseconds busPatience{5000};
+constexpr std::chrono::milliseconds sharedBusPatience{1000};
 constexpr std::chrono::milliseconds silentBusPatience{3000};
 
 constexpr auto asClient = static_cast<GDBusConnectionFlags>(

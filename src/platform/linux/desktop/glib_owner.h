@@ -55,8 +55,8 @@ using GlibOwner = std::unique_ptr<Type, GlibRelease>;
 // Returns an empty string for null.
 std::string textOrEmpty(const char* text);
 
-// These copy a text or list that GLib has allocated, and free the original. Null becomes nullopt or
-// an empty list.
+// These functions copy a text or list that GLib has allocated, and free the original. Null becomes
+// nullopt or an empty list.
 std::optional<std::string> takeText(char* text);
 std::vector<std::string> takeWords(char** words);
 

@@ -2,7 +2,7 @@
 // all keyboards share one modifier state: the held modifiers are released, the shortcut is typed,
 // and the modifiers are pressed again.
 //
-// If Super or Alt is pressed and released alone, desktops and windows run a command of their own,
+// If Super or Alt is pressed and released alone, desktops and programs run a command of their own,
 // such as opening a menu. To prevent this, Control is pressed and released in between.
 //
 // Thread:  any.

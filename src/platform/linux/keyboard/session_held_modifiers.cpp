@@ -12,8 +12,8 @@ namespace glidemap {
 
 namespace {
 
-// Returns false under Wayland even if DISPLAY is set, because Xwayland only sees keys that are
-// typed into X11 windows.
+// Returns false under Wayland even if DISPLAY is set, because Xwayland receives only the keys that
+// are typed into X11 windows.
 bool isX11Session() {
     const bool isWayland = !fromEnvironment("WAYLAND_DISPLAY").empty() ||
                            fromEnvironment("XDG_SESSION_TYPE") == "wayland";

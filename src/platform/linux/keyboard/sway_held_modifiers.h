@@ -2,9 +2,9 @@
 //
 // sway merges all keyboards that have the same keymap and the same repeat settings. Merged
 // keyboards share one modifier state. Therefore this class uses sway's socket to give our keyboard
-// a slightly different keymap. sway applies this keymap to every keyboard with this name, also to
-// keyboards that are created later, until sway reloads its configuration. sway then reports that
-// our keyboard's keymap has changed, and this class repeats its command.
+// a slightly different keymap. sway applies this keymap to every keyboard with our keyboard's name,
+// also if it is created later, until sway reloads its configuration. After a reload, sway reports
+// that our keyboard's keymap has changed, and this class repeats its command.
 //
 // Thread:  type() on any thread; everything else runs on the desktop thread, which never blocks on
 //          sway.

@@ -3,7 +3,7 @@
 //
 // The user's file completely replaces a system file with the same name. Registering writes or
 // repairs the user's file. Unregistering removes the user's file. If the system's file would then
-// start the program, the user's file hides it instead.
+// start the program, unregistering instead marks the user's file as hidden.
 //
 // Thread:  the main thread; blocks on the disk.
 // Owner:   the program.

@@ -1,5 +1,5 @@
-// Parses an autostart file, determines whether a session would start the program, and repairs the
-// file if not.
+// Parses an autostart file, determines whether a session would start the program from it, and
+// repairs a file from which it would not.
 //
 // The relevant keys are Type, Hidden, OnlyShowIn and NotShowIn, X-GNOME-Autostart-enabled, TryExec
 // and Exec. All other content of a user's file, including comments, is preserved.

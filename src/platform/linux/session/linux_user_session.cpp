@@ -33,9 +33,9 @@ constexpr BusRequest::Milliseconds asMilliseconds(std::chrono::seconds seconds) 
     return seconds;
 }
 
-// A session that is closing is ignored. A program that was started in a terminal multiplexer during
-// an earlier login still belongs to the session of that login, which does not describe the user's
-// current screen.
+// Returns false for a session that is closing. A program that was started in a terminal multiplexer
+// during an earlier login still belongs to the session of that login, which does not describe the
+// user's current screen.
 bool isInBackground(GVariantDict* session) {
     gboolean active = TRUE;
     const char* state = "";

@@ -49,7 +49,7 @@ private:
 
     Shell shell;
     std::shared_ptr<MainQueue> mainQueue;
-    State _state = State::notNeeded; // initial value until the shell has replied
+    State _state = State::notNeeded; // until the shell has replied
     std::optional<std::string> _lastError;
     Observable observers;
     std::thread worker;

@@ -14,7 +14,8 @@ namespace glidemap {
 
 namespace {
 
-// Returns false for a new window: the desktop decides about its position and focus.
+// Returns whether the window is already visible. The desktop itself decides whether a new window
+// gets the focus.
 bool isShown(const QWidget& window) {
     const QWindow* const handle = window.windowHandle();
     return handle != nullptr && handle->isExposed();

@@ -80,7 +80,8 @@ private:
         }
     }
 
-    // If a watcher cannot report whether it has a host, it counts as a tray, and Qt decides.
+    // A watcher that cannot report whether it has a host counts as a tray. Qt also queries the
+    // watcher, and Qt's result then determines whether the icon is shown.
     State answered() const {
         const QDBusPendingReply<QDBusVariant> answer = *reply;
         if (!answer.isError()) {

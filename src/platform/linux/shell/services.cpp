@@ -129,8 +129,8 @@ std::function<void()> hideSilentBus() {
 }
 
 std::function<void()> startFontScan() {
-    // The locale is set here, because Qt would otherwise set it while the scan reads it. Qt does
-    // not change a locale that is already set.
+    // The locale is set here, because Qt would otherwise set it while the font thread reads it. Qt
+    // does not change a locale that is already set.
     std::setlocale(LC_ALL, ""); // NOLINT(concurrency-mt-unsafe): no other thread runs yet
     return [fonts = std::make_shared<FontReading>()] {
         fonts->finish();

@@ -1,6 +1,7 @@
 // Installs our extension into GNOME Shell when the user requests it, and reports its state.
 //
-// The shell loads extensions on startup, so a newly installed extension works from the next login.
+// The shell loads extensions on startup, so a newly installed extension works only after the next
+// login.
 //
 // Thread:  any, but only one call at a time. Calls block until the shell replies, or for several
 //          seconds if it is stuck.

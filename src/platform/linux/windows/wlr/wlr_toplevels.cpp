@@ -38,7 +38,8 @@ struct WlrToplevels::State {
         zwlr_foreign_toplevel_handle_v1* handle;
         Properties coming;
         std::optional<Properties> current; // nullopt before the first "done"
-        std::uint64_t activation = 0;      // counted across all windows
+        // The value of `activations` when this window was last activated; 0 if never.
+        std::uint64_t activation = 0;
     };
 
     wl_registry* registry;

@@ -21,7 +21,7 @@ namespace glidemap {
 
 class WlrWindowBackend final : public WindowBackend {
 public:
-    // This is much longer than a working compositor takes to reply, even while the machine starts.
+    // Much longer than a working compositor takes to reply, even while the machine starts.
     static constexpr std::chrono::milliseconds usualPatience{5000};
 
     explicit WlrWindowBackend(DesktopThread& thread,

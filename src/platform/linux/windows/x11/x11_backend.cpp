@@ -46,7 +46,8 @@ private:
     struct Client {
         std::optional<X11Window> window; // nullopt until its properties have been read
         X11Inquiry inquiry;
-        std::uint64_t lastUse = 0; // from a counter for all windows; 0 if never active
+        // The value of `uses` when this window was last activated; 0 if never.
+        std::uint64_t lastUse = 0;
     };
 
     void makeClock();
