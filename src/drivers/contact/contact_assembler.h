@@ -70,9 +70,9 @@ private:
     struct Slot {
         SlotValues values;
         bool down = false;
-        bool begun = false;   // the contact has not been reported yet
+        bool begun = false;   // a new contact that has not been reported yet
         bool changed = false; // since the last report
-        bool leaving = false; // the last reported contact has ended
+        bool leaving = false; // the reported contact has ended; its end is not reported yet
         MTTouch record{};     // the last report; before the first one, the identifier is 0
         MTPoint shift{};      // from the pad's position to the reported position
     };

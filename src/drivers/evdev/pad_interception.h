@@ -110,7 +110,7 @@ private:
 
     PadState source;
     std::int32_t slotBefore = 0;       // the slot at the beginning of the frame
-    std::vector<InputEvent> frame;     // the events of the frame that may be forwarded
+    std::vector<InputEvent> frame;     // those events of the frame that may be forwarded
     std::optional<CloneWriter> writer; // exists before the touchpad is grabbed
     std::optional<CloneIntroduction> introduction;
     std::optional<double> grabbedAt;

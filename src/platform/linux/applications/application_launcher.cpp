@@ -150,7 +150,7 @@ void launchHandler(const std::string& url) {
     GlibOwner<GAppInfo> handler(g_app_info_get_default_for_uri_scheme(scheme->c_str()));
     if (handler != nullptr && G_IS_DESKTOP_APP_INFO(handler.get())) {
         begin(GlibOwner<GDesktopAppInfo>(G_DESKTOP_APP_INFO(handler.release())), url, {});
-    } else { // a file URL: the type of the file selects the handler
+    } else { // usually a file URL: the type of the file selects the handler
         g_app_info_launch_default_for_uri_async(url.c_str(), nullptr, nullptr, nullptr, nullptr);
     }
 }

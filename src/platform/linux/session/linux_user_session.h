@@ -12,8 +12,9 @@
 //
 // Thread:  see UserSession; the desktop thread calls the buses.
 // Owner:   the program; it must outlive all its users. The destructor stops the updates.
-// Errors:  none. If logind stops responding or disappears, the last known state remains. If a
-//          screen saver disappears, its lock no longer counts.
+// Errors:  none. If logind stops responding or disappears, the last known state remains, except
+//          that the machine counts as awake when logind has exited. If a screen saver disappears,
+//          its lock no longer counts.
 #pragma once
 
 #include "core/main_queue.h"

@@ -35,7 +35,7 @@ private:
     std::unique_ptr<BusTray> onBus; // null until the bus connection is open
     std::unique_ptr<X11Tray> onX11; // null outside X11
     std::unique_ptr<QObject> context;
-    std::future<void> connecting; // destroyed first, which waits for the connection
+    std::future<void> connecting; // destroyed first; its destructor waits for the connection
 };
 
 } // namespace glidemap

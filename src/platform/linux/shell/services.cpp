@@ -130,7 +130,7 @@ std::function<void()> hideSilentBus() {
 
 std::function<void()> startFontScan() {
     // The locale is set here, because Qt would otherwise set it while the font thread reads it. Qt
-    // does not change a locale that is already set.
+    // sets the same locale again, which changes nothing.
     std::setlocale(LC_ALL, ""); // NOLINT(concurrency-mt-unsafe): no other thread runs yet
     return [fonts = std::make_shared<FontReading>()] {
         fonts->finish();

@@ -19,8 +19,8 @@ class GnomeExtension {
 public:
     enum class State {
         noShell,     // the desktop is not GNOME, or the shell is still starting
-        missing,     // not installed
-        atNextLogin, // installed, but the running shell has not loaded it
+        missing,     // the shell has not loaded the extension, and will not at the next login
+        atNextLogin, // the shell has not loaded the extension, but will at the next login
         off,         // loaded by the shell, but disabled
         on,
         failed, // the shell reports an error

@@ -1,4 +1,4 @@
-// Loads the script into a running KWin, and unloads it.
+// Loads the script that reports windows into a running KWin, and unloads it.
 //
 // KWin owns its bus name before its scripting interface exists. While KWin starts, it emits several
 // signals, the last one when scripting is available. The loader tries again after each signal, so
@@ -6,7 +6,8 @@
 //
 // Thread:  the desktop thread.
 // Owner:   the backend, while KWin is on the bus.
-// Errors:  calls `refused` if KWin permanently rejects the script.
+// Errors:  calls `refused` if the script's file cannot be written, or if KWin permanently rejects
+//          the script.
 #pragma once
 
 #include "platform/linux/desktop/desktop_bus.h"

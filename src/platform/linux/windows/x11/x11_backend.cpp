@@ -46,7 +46,7 @@ private:
     struct Client {
         std::optional<X11Window> window; // nullopt until its properties have been read
         X11Inquiry inquiry;
-        // The value of `uses` when this window was last activated; 0 if never.
+        // The value of `uses` when this window was last reported as active; 0 if never.
         std::uint64_t lastUse = 0;
     };
 

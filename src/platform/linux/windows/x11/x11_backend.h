@@ -1,7 +1,7 @@
 // Gets the windows of an X server from the EWMH properties of the root window.
 //
-// When a property changes, only that property is queried. The window manager may start, exit or be
-// replaced at any time.
+// The server is queried only when a property has changed; there is no polling. The window manager
+// may start, exit or be replaced at any time.
 //
 // Thread:  the desktop thread. start() connects to the server and blocks; later calls do not.
 // Owner:   the workspace.
