@@ -52,14 +52,14 @@ struct PadFrame {
     bool contactsChanged = false; // if false, do not report `contacts`, which is then empty
     std::span<const MTTouch> contacts;
     std::span<const ButtonChange> buttons;
-    std::int32_t number = 0; // increases with each report
+    std::int32_t number = 0; // increases with each report of contacts
 };
 
 class ContactAssembler {
 public:
     explicit ContactAssembler(const PadDescription& pad);
 
-    // Returns a frame if the event completes it (a SYN_REPORT), else null.
+    // Returns a frame if the event completes one (a SYN_REPORT), or else null.
     const PadFrame* handle(const InputEvent& event);
 
     // Call this when the touchpad is gone. Ends all contacts, releases all buttons and clears the
@@ -71,7 +71,7 @@ private:
         SlotValues values;
         bool down = false;
         bool begun = false;   // a new contact that has not been reported yet
-        bool changed = false; // since the last report
+        bool changed = false; // the values have changed since the last report
         bool leaving = false; // the reported contact has ended; its end is not reported yet
         MTTouch record{};     // the last report; before the first one, the identifier is 0
         MTPoint shift{};      // from the pad's position to the reported position

@@ -22,7 +22,7 @@ struct PadDescription {
     std::int32_t slotCount = 0; // the number of contacts that the pad can track
     AxisRange x;
     AxisRange y;
-    // Absent if the pad does not report the axis.
+    // Each of these axes is nullopt if the pad does not report it.
     std::optional<AxisRange> pressure;
     std::optional<AxisRange> touchMajor;
     std::optional<AxisRange> touchMinor;

@@ -23,7 +23,7 @@ public:
 
     enum class State { waiting, ready, failed };
 
-    // Longer than necessary: udev takes 0.2 s on a slow machine, and a running desktop opens a new
+    // A generous time limit: udev takes 0.2 s on a slow machine, and a running desktop opens a new
     // device soon after.
     static constexpr std::chrono::seconds patience{2};
     // The time that a program gets after it has opened the clone. The program discards events until

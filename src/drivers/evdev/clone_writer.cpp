@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-// Larger than any touchpad's frame.
+// More events than any touchpad's frame contains.
 constexpr std::size_t largeFrame = 256;
 
 // Used for events that do not come from the touchpad: the kernel sets their time.

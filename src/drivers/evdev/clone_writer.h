@@ -32,11 +32,11 @@ public:
     CloneWriter(std::unique_ptr<PadClone> clone, std::int32_t slotCount);
 
     // Writes one frame. `frame` does not contain its SYN_REPORT. `slotBefore` is the current slot
-    // at the beginning of the frame, and `source` is the touchpad's state at its end.
+    // at the beginning of the frame, and `source` is the touchpad's state at the end of the frame.
     bool forward(std::span<const InputEvent> frame, std::int32_t slotBefore, const PadState& source,
                  double time);
 
-    // Lifts all fingers and releases all keys that the clone holds down.
+    // Ends all contacts of the clone and releases all its keys.
     bool releaseAll();
 
     bool isPressed(std::uint16_t key) const { return held.isPressed(key); }

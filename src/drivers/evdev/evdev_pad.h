@@ -71,7 +71,7 @@ private:
     Device device;
     PadDescription pad;
     bool resynchronising = false;
-    std::vector<InputEvent> recalled; // state when the pad was opened, in reverse order
+    std::vector<InputEvent> recalled; // the state at opening as events, the last event first
 };
 
 } // namespace glidemap

@@ -20,7 +20,7 @@
 
 namespace glidemap {
 
-// The properties that a touchpad keeps when it is unplugged and then connected again, possibly with
+// The properties that a touchpad keeps when it is unplugged and then connected again, possibly at
 // another node.
 struct PadIdentity {
     std::int32_t bus = 0;
@@ -56,7 +56,7 @@ public:
     PadClone() = default;
     PadClone(const PadClone&) = delete;
     PadClone& operator=(const PadClone&) = delete;
-    // The destructor also removes the device.
+    // Like destroy(), the destructor removes the device.
     virtual ~PadClone() = default;
 
     // Returns the sysfs path of the clone's event node, or an empty path if the node does not
@@ -67,8 +67,8 @@ public:
     // any more.
     virtual bool write(std::span<const InputEvent> frame) = 0;
 
-    // Removes the device. The kernel releases its contacts and keys, and later writes fail. May be
-    // called on any thread, also while another thread writes.
+    // Removes the device. The kernel then releases its contacts and keys, and later writes fail. May
+    // be called on any thread, also while another thread writes.
     virtual void destroy() = 0;
 };
 

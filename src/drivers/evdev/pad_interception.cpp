@@ -11,7 +11,7 @@ namespace glidemap {
 
 namespace {
 
-// Larger than any touchpad's frame.
+// More events than any touchpad's frame contains.
 constexpr std::size_t largeFrame = 256;
 
 constexpr auto filteredButtons = std::to_array<std::uint16_t>({BTN_LEFT, BTN_RIGHT});
@@ -120,7 +120,8 @@ void PadInterception::filterButtons() {
     });
 }
 
-// Call this before writing, because the watchdog may have released the touchpad.
+// Returns whether the touchpad is still grabbed. Call this before writing, because the watchdog may
+// have released the touchpad.
 bool PadInterception::stillHoldsPad() {
     if (!isForwarding()) {
         return false;

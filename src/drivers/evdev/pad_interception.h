@@ -56,8 +56,8 @@ public:
     PadInterception& operator=(const PadInterception&) = delete;
     ~PadInterception();
 
-    // Receives every event of the touchpad in order. Ignores SYN_REPORT, for which the caller then
-    // calls endFrame().
+    // Receives every event of the touchpad in order. After a SYN_REPORT, which this function
+    // ignores, the caller must call endFrame().
     void add(const InputEvent& event);
 
     // Call this at a SYN_REPORT, after the contacts of the frame were reported. The filter may call

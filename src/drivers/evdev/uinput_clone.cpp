@@ -32,7 +32,7 @@ constexpr const char* deviceFolder = "/sys/devices/virtual/input";
 // Identifies clones: a real device's physical path names a bus and a port.
 constexpr std::string_view clonePath = "glidemap/clone/";
 
-// Larger than any touchpad's frame.
+// More events than any touchpad's frame contains.
 constexpr std::size_t largeFrame = 256;
 
 OpenFile openUinput() {

@@ -24,7 +24,8 @@ namespace {
 // program of this name, which could steal the password.
 constexpr const char* pkexec = "/usr/bin/pkexec";
 
-// In the child, unblocks all signals and resets them to their default actions.
+// Gives the child an empty standard input. Unblocks all signals in the child, and resets them to
+// their default actions.
 class SpawnAttributes {
 public:
     SpawnAttributes() {

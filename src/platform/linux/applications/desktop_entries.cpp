@@ -13,8 +13,8 @@ namespace glidemap {
 
 namespace {
 
-// The installation of a package changes many entries in a row. They are read again when this time
-// has passed since the first change.
+// Installing a package changes many entries in a row. They are read again when this time has passed
+// since the first change.
 constexpr std::chrono::milliseconds settlingTime{300};
 
 std::string withoutSuffix(std::string identifier) {

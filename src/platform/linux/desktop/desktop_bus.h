@@ -28,7 +28,7 @@ struct BusObject {
     std::string interface;
 };
 
-// The signals to receive. An empty field matches every value.
+// Selects the signals to receive. An empty field matches every value.
 struct BusSignal {
     std::string service = {};
     std::string path = {};
@@ -63,15 +63,15 @@ public:
     static std::unique_ptr<DesktopBus> open();
     static std::unique_ptr<DesktopBus> open(const std::string& address);
 
-    // Calls `then` later, with null on failure or after a cancellation.
     using Opened = std::function<void(std::unique_ptr<DesktopBus> bus)>;
+    // Calls `then` later, with null on failure or after a cancellation.
     static void open(const std::string& address, GCancellable* cancellable, Opened then);
 
-    // Calls `then` later with GIO's shared connection to the session bus; with null if the bus is
+    using Shared = std::function<void(const std::shared_ptr<DesktopBus>& bus)>;
+    // Calls `then` later with GIO's shared connection to the session bus, or with null if the bus is
     // missing or does not respond within a second. Used for launching programs, because GIO uses
     // this connection, too, and opening another one takes a millisecond. The callback of a pending
     // call must hold the pointer.
-    using Shared = std::function<void(const std::shared_ptr<DesktopBus>& bus)>;
     static void withShared(Shared then);
 
     DesktopBus(const DesktopBus&) = delete;
@@ -91,33 +91,33 @@ public:
         GCancellable* cancellable = nullptr;
     };
 
-    // Exactly one of `values` and `error` is null. call() consumes a floating reference to its
-    // arguments.
+    // Exactly one of `values` and `error` is null.
     using Answer = std::function<void(GVariant* values, const GError* error)>;
+    // Consumes a floating reference to the arguments.
     void call(const Call& call, GVariant* arguments, Answer answer);
     void call(const BusObject& object, const char* method, GVariant* arguments, Answer answer);
 
     // Calls a method without waiting for a reply. The call is sent before the connection closes.
     void send(const BusObject& object, const char* method, GVariant* arguments);
 
-    // Blocks until the reply arrives or `patience` has passed. On failure, `values` is null.
     struct Reply {
-        GlibOwner<GVariant> values;
+        GlibOwner<GVariant> values; // null on failure
         GlibOwner<GError> error;
     };
+    // Blocks until the reply arrives or the call's `patience` has passed.
     Reply wait(const Call& call, GVariant* arguments) const;
 
     // Blocks until the bus daemon replies, but does not wait for other programs.
     bool isOwned(const char* name) const;
 
-    // Receives matching signals until unsubscribe(), which the handler may call.
     using SignalHandler = std::function<void(const std::string& signal, GVariant* values)>;
+    // Calls the handler for each matching signal until unsubscribe(), which the handler may call.
     unsigned subscribe(const BusSignal& signal, SignalHandler handler);
     void unsubscribe(unsigned subscription);
 
+    using MethodHandler = std::function<void(const std::string& sender, GVariant* arguments)>;
     // Serves one object, whose methods return nothing. `description` is its introspection XML with
     // one interface.
-    using MethodHandler = std::function<void(const std::string& sender, GVariant* arguments)>;
     void serve(const char* path, const char* description, MethodHandler handler);
 
     std::string uniqueName() const;

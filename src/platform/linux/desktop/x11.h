@@ -19,7 +19,7 @@ using xcb_connection_t = struct xcb_connection_t;
 namespace glidemap {
 
 struct X11Release {
-    void operator()(void* allocated) const; // a reply, an event or an error
+    void operator()(void* allocated) const; // frees a reply, an event or an error
 };
 
 template <typename Reply>

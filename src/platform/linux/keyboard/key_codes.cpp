@@ -107,9 +107,9 @@ constexpr auto pairs = std::to_array<KeyCodePair>({
     {99, KEY_F3},
     {100, KEY_F8},
     {101, KEY_F9},
-    {102, KEY_HANJA}, // left of the space bar: selects Latin letters
+    {102, KEY_HANJA}, // on Japanese keyboards, left of the space bar: selects Latin letters
     {103, KEY_F11},
-    {104, KEY_HANGEUL}, // right of the space bar: selects Japanese letters
+    {104, KEY_HANGEUL}, // on Japanese keyboards, right of the space bar: selects kana
     // The virtual key codes 105, 107 and 113 are those of F13, F14 and F15. On other keyboards, the
     // keys at their places are Print, Scroll Lock and Pause, which shortcuts use. Keys labelled F13
     // to F15 are rare.
@@ -120,7 +120,7 @@ constexpr auto pairs = std::to_array<KeyCodePair>({
     {110, KEY_COMPOSE}, // the menu key
     {111, KEY_F12},
     {113, KEY_PAUSE},
-    // "Help" is at the place of Insert on other keyboards, and both keys send the same code. The
+    // On Apple keyboards, "Help" is at the place of Insert, and both keys send the same code. The
     // kernel also has KEY_HELP, but keys that send it are rare, and with KEY_HELP in this table no
     // shortcut with Insert could be recorded.
     {114, KEY_INSERT},

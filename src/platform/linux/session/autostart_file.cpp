@@ -139,7 +139,7 @@ bool AutostartFile::tryExecExists(const AutostartSession& session) const {
     return !tried || findProgram(*tried, session.searchPath).has_value();
 }
 
-// Returns an empty path if there is no such executable file.
+// Returns an empty path if the Exec key does not name an executable file.
 std::filesystem::path AutostartFile::programIn(const AutostartSession& session) const {
     const auto line = stringIn(keys.get(), exec);
     const auto words = wordsOfExecLine(line.value_or(""));

@@ -61,7 +61,7 @@ SessionLockers::SessionLockers(std::vector<SessionProcess> running, std::string_
     if (std::ranges::count(splitAtColons(currentDesktop), "XFCE") > 0) {
         toTry.push_back({{"xflock4"}}); // runs the lock command from the user's settings
     }
-    // The outer loop determines the order of the commands.
+    // The commands are in the order of `daemons`, not of the processes.
     for (const std::string_view daemon : daemons) {
         for (const SessionProcess& process : running) {
             if (process.name == daemon) {

@@ -16,7 +16,7 @@ namespace glidemap {
 bool desktopComposites();
 
 // Caches the result for a short time, because several menus may be created in a row. Compositing
-// managers rarely start or exit in between.
+// managers rarely start or exit during this time.
 class RecentCompositing {
 public:
     using Clock = std::chrono::steady_clock;
