@@ -6,7 +6,7 @@
 //
 // Thread:  one at a time.
 // Owner:   PadInterception, while the clone is new.
-// Errors:  failed, with the reason.
+// Errors:  look() returns State::failed, and obstacle() returns the reason.
 #pragma once
 
 #include "drivers/evdev/pad_directory.h"

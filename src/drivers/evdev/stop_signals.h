@@ -1,11 +1,11 @@
-// Releases the touchpads before one of the terminal's signals SIGTSTP, SIGTTIN and SIGTTOU stops
+// Releases the touchpads before one of the terminal's signals (SIGTSTP, SIGTTIN or SIGTTOU) stops
 // the process. A stopped process would keep its grabs but forward nothing. Afterwards the signal
 // has its default effect.
 //
 //   handler ─▶ a pipe ─▶ thread: gives back ─▶ the signal's default action … SIGCONT ─▶ grabs again
 //
-// SIGSTOP cannot be caught. If the program ignores one of the signals or handles it itself, its
-// disposition is not changed.
+// SIGSTOP cannot be caught. If the program ignores one of the signals or handles it itself, the
+// signal's disposition is not changed.
 //
 // Thread:  its own, which sleeps until such a signal arrives. It also works if other threads hang.
 // Owner:   the process, once, because a handler may run until the process ends.

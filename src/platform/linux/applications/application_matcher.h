@@ -10,8 +10,8 @@
 //  5. The app id, then the instance, equals the last component of a reverse-DNS id: "konsole"
 //     matches org.kde.konsole.
 //  6. The window's app id names the Steam game that the entry starts.
-//  7. The process's unit names an entry. This excludes commands typed in a terminal, because they
-//     run in the terminal's unit.
+//  7. The process's unit names an entry. This excludes commands typed in a terminal and games
+//     started by Steam, because they run in the unit of the terminal or of Steam.
 //  8. The process was launched from the entry's file.
 //  9. The entry starts the program that the process runs.
 //

@@ -1,9 +1,10 @@
 // A transaction on D-Bus: a chain of asynchronous calls to services that may be missing, slow or
 // stuck.
 //
-// A transaction connects to its bus, makes its calls and closes the connection. Transactions are
-// used for rare actions, such as locking the screen and showing the overview. Between these
-// actions, an open connection would only wake up the program.
+// A transaction connects to its bus, makes its calls and closes the connection. Most transactions
+// are rare actions, such as locking the screen and showing the overview. Between these actions, an
+// open connection would only wake up the program. The transactions that follow the user's session
+// keep their connections until they are cancelled.
 //
 // Thread:  BusRequests on the main thread. Transactions run and end on the desktop thread.
 // Owner:   a transaction's own callbacks keep it alive until the chain ends. The destructor of
