@@ -1,5 +1,5 @@
-// A program with one window, which reads commands from its standard input, one per line, and prints
-// "done" when the X server has completed each. First it prints the id of its window.
+// Creates a window, prints its id, and then executes the commands on standard input, one per line.
+// Prints "done" when the X server has completed a command.
 //
 // glidemap-x-client NAME TITLE shows the window at once, as the application NAME, and prints
 // "shown".
@@ -137,7 +137,7 @@ private:
     }
 
     void activate() {
-        notifyWindowManager("_NET_ACTIVE_WINDOW", 2); // as a pager, which is never refused
+        notifyWindowManager("_NET_ACTIVE_WINDOW", 2); // 2: from a pager, never refused
     }
 
     void notifyWindowManager(const std::string& type, std::uint32_t value) {
