@@ -17,7 +17,7 @@ struct Quartz {
     bool isLocked = false;
 };
 
-// The fixture's set-up resets it.
+// Returns the state of the fakes. The fixture's set-up resets it.
 Quartz& quartz();
 
 enum class Passage { passed, dropped, replaced };
