@@ -1,4 +1,5 @@
-// Blocks the driver until the kernel drops events.
+// Tests that the driver reports the correct contacts after the kernel has dropped events. Each test
+// blocks the driver until its event buffer in the kernel overflows.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"

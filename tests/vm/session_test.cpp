@@ -76,10 +76,10 @@ protected:
                          g_variant_new("(b)", sleeps ? TRUE : FALSE));
     }
 
-    // Returns when the program has read the new state. The program queries the session after each
-    // announcement, and the fake handles a query after its reply to the previous query. So the
-    // third announcement follows the reply to the first query. The program sends the third query
-    // only after it has read that reply.
+    // Returns when the program has read the new state. The program queries the state after each
+    // announcement. When the fake receives the second query, it has replied to the first query. The
+    // third announcement follows that reply on the bus, so the program has read the reply when it
+    // sends the third query.
     void setLocked(FakeService& manager, bool isLocked) {
         constexpr int rounds = 3;
         ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", readings)) << "the watch is set";
