@@ -31,7 +31,7 @@ std::vector<std::string> shell(const std::string& script) {
     return {"/bin/sh", "-c", script};
 }
 
-// Waits until the prompt ends. The prompt's thread may outlive the test.
+// Waits until the prompt ends. The prompt's thread may outlive the test, so it shares the promise.
 class End {
 public:
     std::function<void(int)> notify() const {
