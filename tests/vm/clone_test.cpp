@@ -149,8 +149,8 @@ TEST(CloneTest, FrameThatTheDriverReadsLateKeepsTheTouchpadsTime) {
         GTEST_SKIP() << "this kernel stamps events with its own times";
     }
     forwarded.switchOn();
-    // The frames must be newer than the grab, because the driver does not forward older ones: the
-    // other readers have received them.
+    // The frames must be newer than the grab, because the driver does not forward older frames:
+    // the touchpad's other readers have received them.
     const std::int64_t spoken = now();
     waitUntilClock(spoken + 2 * late);
     forwarded.pad.write(fingerDown(0, 7, 1000, 500), spoken);

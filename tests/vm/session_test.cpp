@@ -213,7 +213,7 @@ TEST_F(SessionTest, SleepEndsTouchesAndButtonPresses) {
         EXPECT_FALSE(isReading(agent));
         EXPECT_FALSE(DeviceReader(pad.node()).isGrabbedByAnother());
         hand.release().up();
-        // On a slow machine, an earlier gesture may have been logged late.
+        // Counted only now, because a slow machine may log an earlier gesture late.
         const std::size_t before = gestures(agent);
 
         announceSleep(manager, false);
