@@ -113,8 +113,8 @@ private:
                             8, static_cast<std::uint32_t>(whole.size()), whole.data());
     }
 
-    // On startup openbox may leave events in its queue, and reads them only when more arrive. If
-    // the window is not mapped soon, another request is sent.
+    // On startup, openbox may leave events in its queue and read them only when more events arrive.
+    // So the function sends another request if the window is not mapped soon.
     void map() {
         constexpr int soon = 200; // milliseconds
         xcb_map_window(connection, window);
