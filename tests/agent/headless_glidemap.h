@@ -1,7 +1,7 @@
 // The program without its interface: every real service, connected by the program's own runtime.
 //
-// Thread:  the main thread, while the application object exists, including its event loop.
-// Owner:   the agent; one per process, because touches arrive through shared instances.
+// Thread:  the main thread, which must run the application's event loop after start().
+// Owner:   the agent; one per process, because the touch engine is shared by the whole process.
 // Errors:  those of the services. Without a driver or a permission, the other services work.
 #pragma once
 

@@ -60,7 +60,7 @@ std::uint64_t statesIn(const Variant& answer) {
     return states;
 }
 
-// Returns the name of the control that labels this one.
+// Returns the name of the control that labels the given control.
 std::string labelOf(GDBusConnection* bus, const Callee& callee) {
     const Variant answer = call(bus, callee, "GetRelationSet");
     if (answer == nullptr) {

@@ -11,7 +11,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-constexpr int margin = 4; // space for the focus ring around a control
+constexpr int margin = 4; // pixels around a control, for its focus ring
 constexpr std::size_t minDifference = 20;
 constexpr int maxTabStops = 60;
 
@@ -182,7 +182,8 @@ TEST_F(AccessibilityTest, NoTwoControlsShareAShortcut) {
         std::map<std::string, std::string> owners;
         for (const Control& each : glidemap->controls()) {
             const std::string keys = stage->accessibility.keysOf(each);
-            if (keys.find('+') != std::string::npos) { // single keys work only with the focus
+            // A shortcut of a single key works only while its control has the focus.
+            if (keys.find('+') != std::string::npos) {
                 const auto [owner, isNew] = owners.try_emplace(keys, describe(each));
                 EXPECT_TRUE(isNew) << keys << ": " << owner->second << " and " << describe(each);
             }

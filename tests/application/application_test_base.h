@@ -1,5 +1,5 @@
-// The base class of the program's tests. Without a desktop to run on, the tests are skipped with a
-// message.
+// The base class of the program's tests. If a program of the stage is not installed, the tests are
+// skipped with a message.
 #pragma once
 
 #include "running_glidemap.h"

@@ -20,7 +20,7 @@ public:
     // The pipe that the staged driver reads.
     const std::filesystem::path& pipe() const { return path; }
 
-    // Call this after the program has started its touchpads; earlier gestures are lost.
+    // Call this after the program has started to read the touchpad; it misses earlier gestures.
     void make(GestureType gesture);
 
 private:

@@ -14,7 +14,8 @@ namespace glidemap::application {
 namespace {
 
 constexpr const char* windowTitle = "Glidemap";
-constexpr int footerHeight = 44; // maximum distance from the window's lower edge
+// The height of the strip at the window's lower edge that contains the footer's labels, in pixels.
+constexpr int footerHeight = 44;
 
 bool hasEnded(pid_t process) {
     siginfo_t end{};

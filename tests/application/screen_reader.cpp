@@ -76,7 +76,7 @@ bool ScreenReader::hears(const std::vector<std::string>& parts) {
 std::string ScreenReader::transcript() const {
     std::string spoken;
     std::ifstream file(log);
-    for (std::string line; std::getline(file, line) && !file.eof();) { // only whole lines
+    for (std::string line; std::getline(file, line) && !file.eof();) { // only complete lines
         const std::size_t start = line.find(mark);
         if (start != std::string::npos) {
             spoken += line.substr(start + mark.size()) + '\n';

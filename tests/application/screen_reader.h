@@ -20,9 +20,9 @@ public:
 
     explicit ScreenReader(const Stage& stage);
 
-    // Waits until Orca has spoken these parts in this order, after everything that earlier calls
-    // have found. Pass short parts, because versions of Orca differ in the names of roles and in
-    // how they group utterances.
+    // Waits until Orca has spoken these texts in this order, after the texts that earlier calls have
+    // found. Pass short texts, because versions of Orca differ in the names of roles and in how they
+    // group utterances.
     bool hears(const std::vector<std::string>& parts);
 
     // Returns everything that was spoken, one utterance per line.

@@ -1,5 +1,5 @@
-// Finds the program that owns a name on the message bus. Its path differs between distributions;
-// the bus's service files contain it.
+// Finds the program that the message bus starts to provide a name. The program's path differs
+// between distributions, so it is read from the bus's service files.
 //
 // Thread:  any.
 #pragma once

@@ -58,7 +58,7 @@ TEST_F(StartupAndShutdownTest, FirstStartShowsTheWindowWithTheDefaultBindings) {
     EXPECT_TRUE(std::filesystem::exists(stage.bindingsFile()));
 }
 
-TEST_F(StartupAndShutdownTest, EachTerminationSignalExitsCleanly) {
+TEST_F(StartupAndShutdownTest, EachTerminationSignalEndsTheProgramCleanly) {
     Stage stage;
     for (const int signal : {SIGTERM, SIGINT}) {
         RunningGlidemap glidemap(stage);
@@ -191,7 +191,7 @@ TEST_F(StartupAndShutdownTest, MissingLockFolderIsReportedToTheUser) {
     EXPECT_EQ(glidemap.waitForEnd(), 1);
 }
 
-// Otherwise the launcher would show a busy indicator for several seconds.
+// Until the notification is completed, the launcher shows a busy indicator for several seconds.
 TEST_F(StartupAndShutdownTest, FirstWindowCompletesTheStartupNotification) {
     Stage stage;
     Broadcasts broadcasts(stage.display);
@@ -204,7 +204,7 @@ TEST_F(StartupAndShutdownTest, FirstWindowCompletesTheStartupNotification) {
         EXPECT_EQ(glidemap.end(SIGTERM), 0);
     }
     command.environment["DESKTOP_STARTUP_ID"] = "launcher-2_TIME1";
-    command.environment["XDG_RUNTIME_DIR"] = "/dev/null"; // only an alert appears
+    command.environment["XDG_RUNTIME_DIR"] = "/dev/null"; // so that the program only shows an alert
     RunningGlidemap alert(stage, command);
     ASSERT_TRUE(alert.waitForWindow());
     EXPECT_TRUE(broadcasts.waitFor("remove: ID=\"launcher-2_TIME1\""));
@@ -277,7 +277,7 @@ TEST_F(StartupAndShutdownTest, VersionAndHelpDoNotLoadQt) {
     }
 }
 
-TEST_F(StartupAndShutdownTest, DiagnosisExitsWithoutADisplayAndWithAHungBus) {
+TEST_F(StartupAndShutdownTest, DiagnosisCompletesWithoutADisplayAndWithAHungBus) {
     const desktops::RuntimeFolder folder;
     const test::SilentSocket silent;
     auto environment = desktops::plainEnvironment(folder.path());

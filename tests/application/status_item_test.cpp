@@ -59,7 +59,7 @@ TEST_F(StatusItemTest, CheckMarkFollowsTheMasterSwitch) {
     EXPECT_TRUE(waitUntil([&] { return glidemap.waitFor("check box", "Enabled").isChecked(); }));
 }
 
-TEST_F(StatusItemTest, QuitExitsCleanly) {
+TEST_F(StatusItemTest, QuitEntryEndsTheProgramCleanly) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());

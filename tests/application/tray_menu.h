@@ -20,14 +20,14 @@ struct MenuEntry {
     bool checkable = false;
     bool checked = false;
     bool enabled = true;
-    std::string shortcut; // "Control+q"
+    std::string shortcut; // for example, "Control+q"
 };
 
 class TrayMenu {
 public:
     TrayMenu(GDBusConnection* bus, const StatusHost::Item& item);
 
-    // Returns the visible entries, after the AboutToShow call.
+    // Announces with AboutToShow that the menu opens, and returns the visible entries.
     std::vector<MenuEntry> open() const;
 
     // Opens the menu and chooses the entry with this label. Returns false if it does not exist.

@@ -33,7 +33,7 @@ inline std::string textOf(const Variant& value) {
 
 // The target of a call: a bus name, an object path and an interface.
 struct Callee {
-    std::string name; // on the bus
+    std::string name;
     std::string path;
     std::string interface;
 };

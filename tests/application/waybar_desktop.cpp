@@ -32,7 +32,7 @@ std::string WaybarDesktop::missing() {
 desktops::Environment WaybarDesktop::environment() const {
     desktops::Environment values = sway.environment();
     for (const auto& [name, value] : desktops::plainEnvironment(home.path())) {
-        if (name != "XDG_RUNTIME_DIR") { // contains the compositor's socket
+        if (name != "XDG_RUNTIME_DIR") { // keeps sway's folder, which contains its socket
             values[name] = value;
         }
     }

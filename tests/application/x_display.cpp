@@ -118,7 +118,7 @@ std::vector<ManagedWindow> XDisplay::windows() const {
     std::vector<ManagedWindow> all;
     for (const std::uint32_t id : numbers(_root, "_NET_CLIENT_LIST")) {
         const std::vector<std::uint32_t> process = numbers(id, "_NET_WM_PID");
-        const std::string names = property(id, "WM_CLASS"); // two names, each with a null character
+        const std::string names = property(id, "WM_CLASS"); // two null-terminated texts
         all.push_back({id, property(id, "_NET_WM_NAME"),
                        names.substr(std::min(names.find('\0') + 1, names.size())).c_str(),
                        process.empty() ? 0 : process.front(), contentOf(id)});
@@ -224,7 +224,7 @@ void XDisplay::ask(std::uint32_t window, const char* message, std::uint32_t deta
         xcb_get_input_focus_reply(_connection, xcb_get_input_focus(_connection), nullptr));
 }
 
-// Returns the server's time. A change without effect causes an event, which contains the time.
+// Returns the server's time. Appending nothing to a property causes an event that contains the time.
 std::uint32_t XDisplay::currentTime() const {
     const std::uint32_t window = createWindow({0, 0, 1, 1});
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;

@@ -74,7 +74,7 @@ public:
     // Returns whether a window is embedded in another program's window, as a status item is.
     bool hasEmbeddedWindow() const;
 
-    // Opens a window of another program in front of all others.
+    // Opens a window that does not belong to Glidemap, in front of all other windows.
     std::uint32_t openWindow(const Rectangle& area) const;
 
     // Simulates the end of the session.
@@ -90,7 +90,7 @@ public:
 
     void minimize(const ManagedWindow& window) const;
 
-    // Numbers start at 0.
+    // Workspaces are numbered from 0.
     void showWorkspace(std::uint32_t number) const;
     std::optional<std::uint32_t> shownWorkspace() const;
 

@@ -1,7 +1,7 @@
-// Provides folders of desktop entries. While a test runs, GIO sees no other folders.
+// Provides the folders from which GIO reads desktop entries during a test.
 //
-// GIO reads the names of the folders once per process. So all tests of a program share the folders,
-// and each test empties them first.
+// GIO reads the names of the folders once per process. So all tests of a test program share the
+// folders, and each test empties them first.
 //
 // Thread:  the test's.
 // Owner:   the test program.

@@ -106,8 +106,8 @@ protected:
     }
 
     // Expects that the application has started `count` times in all. Before counting, launches
-    // another program and waits for its start: a launch that was still pending would be recorded
-    // before that.
+    // another program and waits until its start is recorded, because any pending launch is recorded
+    // before it.
     void expectStarts(SeenWorkspace& seen, const std::string& application, long count) {
         const auto script = folder.script("end", "echo end >>" + starts().string() + "\n");
         install("end", script);
@@ -127,7 +127,7 @@ TEST_P(BringForwardTest, ApplicationStartsOnceAndComesForwardTenTimes) {
     seen.expectRunning({"other"});
     launch(seen, "launched");
     seen.expectRunning({"launched", "other"});
-    seen.expectFrontmost("launched"); // a desktop may activate a new window later than it shows it
+    seen.expectFrontmost("launched"); // a desktop may activate a window some time after showing it
     for (int time = 0; time < 10; ++time) {
         desktop->activate("other");
         seen.expectFrontmost("other");

@@ -72,7 +72,7 @@ std::vector<DesktopKind> describeAll() {
         {.name = "Labwc",
          .missing = needs({"labwc"}),
          .start = startLabwc,
-         .workspaces = Workspaces::one, // its workspaces change only by key presses
+         .workspaces = Workspaces::one, // only key presses switch its workspaces
          .processes = Processes::unknown,
          .terminal = foot},
         {.name = "Xfce",

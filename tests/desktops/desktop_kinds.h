@@ -37,7 +37,7 @@ struct Terminal {
 
 struct DesktopKind {
     std::string name;
-    // Returns the name of a missing program or package.
+    // Returns the name of a missing program or package; nullopt if all are installed.
     std::function<std::optional<std::string>()> missing;
     std::function<std::unique_ptr<Desktop>()> start;
     NewWindow newWindow = NewWindow::comesForward;

@@ -27,8 +27,8 @@ struct ServiceDescription {
     std::string name;
     std::string path;
     std::string interfaces; // introspection XML, without the root node
-    // Replies to calls that may arrive as soon as the name is owned. Other methods reply with an
-    // empty tuple.
+    // The methods with their own replies. Clients may call them as soon as the name is owned. All
+    // other methods reply with an empty tuple.
     std::map<std::string, Method> methods = {};
     // The initial values, set before the name is owned.
     std::map<std::string, bool> properties = {};
@@ -44,12 +44,12 @@ public:
     FakeService& operator=(const FakeService&) = delete;
     ~FakeService();
 
-    // Call before the first client calls the method.
+    // Call these functions before the first client calls the method.
     void answer(const std::string& method, Method how);
     void refuse(const std::string& method);
     void keepSilent(const std::string& method);
 
-    // A property is false until the test or a client sets it. Only setAndAnnounce() announces the
+    // A boolean property is false until the test or a client sets it. Only setAndAnnounce() announces the
     // change, from the object at `path`.
     void set(const std::string& property, bool value);
     void setText(const std::string& property, const std::string& value);

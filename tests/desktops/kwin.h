@@ -1,4 +1,5 @@
-// Runs a headless KWin with its own bus. The test may start it later, kill it and restart it.
+// Runs a headless KWin with its own bus. The constructor starts only the bus. The test starts KWin
+// with start(), and may kill and restart KWin.
 //
 // Thread:  one.
 // Owner:   a test.
@@ -22,7 +23,7 @@ public:
 
     explicit KWin(Extent extent = Extent::windows);
 
-    // Returns before KWin has started.
+    // Returns before KWin is ready.
     void start();
 
     void waitUntilReady();

@@ -30,7 +30,7 @@ public:
 
     void waitForName(const std::string& name) const;
 
-    // Makes the bus start the command when a client calls the name.
+    // Makes the bus start the command when a client calls a service with this name.
     void makeStartable(const std::string& name, const std::string& command) const;
 
     // Waits for the reply, which the caller must release (g_variant_unref). Consumes the arguments.

@@ -67,7 +67,7 @@ struct Start {
         _exit(126);
     }
     // The death signal is set after the change of user, which would clear it. The parent may
-    // already have exited before that.
+    // have exited before this call.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != start.parent) {
         _exit(126);
@@ -144,7 +144,7 @@ Program::~Program() {
 void Program::kill() {
     if (_process > 0) {
         ::kill(-_process, SIGKILL);
-        ::kill(_process, SIGKILL); // if it has not created its group yet
+        ::kill(_process, SIGKILL); // in case the process has not created its group yet
         waitpid(_process, nullptr, 0);
         _process = -1;
     }
@@ -192,7 +192,7 @@ std::optional<int> Program::waitForEnd() {
     }
     int status = 0;
     waitpid(_process, &status, 0);
-    ::kill(-_process, SIGKILL); // remaining children
+    ::kill(-_process, SIGKILL); // kills the remaining children
     _process = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }

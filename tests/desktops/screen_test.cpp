@@ -59,7 +59,7 @@ protected:
     bool refused = false;
 };
 
-// If no service can lock the screen, the program is notified and types the desktop's usual
+// If no service can lock the screen, lock() calls its callback. In the program, the callback types a
 // shortcut.
 TEST_P(LockTest, ScreenLocksOrFailureIsReported) {
     LinuxScreenLock screenLock(thread, queue, {longWait, longWait, longWait});

@@ -36,7 +36,7 @@ bool isTrue(const Variant& value) {
            g_variant_get_boolean(value.get()) != FALSE;
 }
 
-// Compositors of this kind list their windows through a Wayland protocol and need no bus.
+// A desktop whose compositor lists its windows through a Wayland protocol and needs no bus.
 template <typename Compositor>
 class WlrootsDesktop : public WaylandDesktop {
 public:
@@ -88,7 +88,7 @@ private:
     Program bar;
 };
 
-// Extensions before version 45 use another module format.
+// GNOME Shell 45 introduced a new module format for extensions.
 std::filesystem::path extensionForThisShell() {
     constexpr std::string_view before = "GNOME Shell ";
     constexpr int firstVersionOfModules = 45;
@@ -128,7 +128,7 @@ public:
                        "global.display.get_current_time_roundtrip())");
     }
 
-    // Requests a token as GNOME's dash does on a click, with the current time.
+    // Requests a token for the current time, as GNOME's dash does when the user clicks an icon.
     std::string activationToken() const override {
         const std::string quoted =
             shell.evaluate("global.create_app_launch_context(global.display.get_current_time_"
@@ -142,7 +142,7 @@ public:
 
 private:
     // The shell lists a window before it shows the window. When it shows the window, it also
-    // focuses it, even if another window was activated in between.
+    // focuses the window, even if another window was activated in between.
     void waitUntilWindowsAreShown() const {
         EXPECT_TRUE(application::waitUntil([this] {
             return shell.evaluate("global.get_window_actors().every(actor => actor.visible || "
@@ -225,7 +225,7 @@ private:
             application + "\")) {\n" + statement + "}\n");
     }
 
-    // Plasma 6 changed the D-Bus paths of scripts, so the function tries both forms. Returns once
+    // Plasma 6 changed the D-Bus paths of scripts, so the function tries both paths. Returns once
     // KWin has run the script.
     void run(const std::string& script) {
         const std::string name = "test-" + std::to_string(++scripts);

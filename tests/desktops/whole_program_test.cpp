@@ -122,7 +122,7 @@ TEST_P(ProgramTest, StatusItemAppearsIfTheDesktopHasAStatusBar) {
         EXPECT_TRUE(application::waitUntil([&] { return desktop->showsStatusItem(); }));
     } else {
         const SeenWorkspace seen;
-        seen.expectFrontmost(identifier); // the status bar is detected before this
+        seen.expectFrontmost(identifier); // by now, the program has looked for a status bar
         EXPECT_FALSE(isOnBus("org.kde.StatusNotifierWatcher"));
     }
     expectEnd(glidemap);

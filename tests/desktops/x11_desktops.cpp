@@ -38,7 +38,7 @@ bool isActive(const PrivateBus& bus, const char* service, const char* path) {
     return answer != nullptr && isTrue(childOf(answer, 0));
 }
 
-// Starts the desktop's own window manager first, then the rest of the desktop.
+// Starts the desktop's own window manager. The subclasses start the rest of the desktop.
 class X11Desktop : public Desktop {
 public:
     explicit X11Desktop(const std::vector<std::string>& windowManager, Environment more = {})

@@ -1,5 +1,5 @@
-// A program with one window, which reads commands from its standard input, one per line, and prints
-// "done" when the X server has completed each. First it prints the id of its window.
+// Creates a window, prints its id, and then executes the commands on standard input, one per line.
+// Prints "done" when the X server has completed a command.
 //
 // glidemap-x-client NAME TITLE shows the window at once, as the application NAME, and prints
 // "shown".
@@ -113,8 +113,8 @@ private:
                             8, static_cast<std::uint32_t>(whole.size()), whole.data());
     }
 
-    // On startup openbox may leave events in its queue, and reads them only when more arrive. If
-    // the window is not mapped soon, another request is sent.
+    // On startup, openbox may leave events in its queue and read them only when more events arrive.
+    // So the function sends another request if the window is not mapped soon.
     void map() {
         constexpr int soon = 200; // milliseconds
         xcb_map_window(connection, window);
@@ -137,7 +137,7 @@ private:
     }
 
     void activate() {
-        notifyWindowManager("_NET_ACTIVE_WINDOW", 2); // as a pager, which is never refused
+        notifyWindowManager("_NET_ACTIVE_WINDOW", 2); // 2: from a pager, never refused
     }
 
     void notifyWindowManager(const std::string& type, std::uint32_t value) {

@@ -41,7 +41,7 @@ fs::path package() {
 }
 
 // Skips dpkg's triggers: they update the desktop's databases, are slow, and belong to other
-// packages. The only time limit is the virtual machine's.
+// packages. Has no time limit except that of the virtual machine.
 void dpkg(const std::string& arguments) {
     const std::string command = "dpkg --no-triggers " + arguments + " >/dev/null";
     EXPECT_EQ(std::system(command.c_str()), 0) << command;
@@ -57,7 +57,8 @@ bool isForTheSeat(const fs::path& node) {
     return udevProperty(node, "CURRENT_TAGS").value_or("").find(":uaccess:") != std::string::npos;
 }
 
-// Returns the targets in the list of installed files, whose lines are like "644 bin/glidemap".
+// Returns the installed paths. Reads the list of installed files, which has lines such as
+// "644 bin/glidemap".
 std::vector<fs::path> filesOfThePackage() {
     std::vector<fs::path> files;
     std::ifstream list(GLIDEMAP_INSTALLED_FILES);

@@ -1,5 +1,4 @@
-// Runs the program without its interface, in a separate home folder. Fingers touch a virtual
-// touchpad, and the program's virtual keyboard emits keys.
+// Runs the program without its interface, in a separate home folder.
 //
 // Thread:  one.
 // Owner:   a test. The destructors kill an agent that still runs, and remove the home folder.
@@ -31,7 +30,7 @@ public:
     ~AgentHome();
 
     void writeBindings(std::initializer_list<std::string> bindings) const;
-    void giveToNobody() const; // makes the user `nobody` the owner of all current files
+    void giveToNobody() const; // makes the user `nobody` the owner of all existing files
     void writeDefaults(const std::string& lines) const; // in the settings file's general section
     std::filesystem::path bindingsFile() const { return data / "Glidemap" / "bindings.json"; }
     std::filesystem::path applications() const { return data / "applications"; }

@@ -302,9 +302,9 @@ TEST_F(AgentTest, KillingTheProgramDuringATouchUngrabsTheTouchpad) {
     EXPECT_FALSE(source.isGrabbedByAnother());
 }
 
-class StoppedAgentTest : public AgentTest, public testing::WithParamInterface<int> {};
+class TerminatedAgentTest : public AgentTest, public testing::WithParamInterface<int> {};
 
-TEST_P(StoppedAgentTest, ExitsAndUngrabsTheTouchpad) {
+TEST_P(TerminatedAgentTest, ExitsSuccessfullyAndUngrabsTheTouchpad) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
     const std::filesystem::path clone = cloneNode();
@@ -321,7 +321,7 @@ TEST_P(StoppedAgentTest, ExitsAndUngrabsTheTouchpad) {
     EXPECT_TRUE(source.waitForKey(BTN_TOUCH, 0));
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, StoppedAgentTest, testing::Values(SIGTERM, SIGINT));
+INSTANTIATE_TEST_SUITE_P(Signals, TerminatedAgentTest, testing::Values(SIGTERM, SIGINT));
 
 TEST_F(AgentTest, FiltersAReconnectedTouchpadAgain) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});

@@ -34,7 +34,7 @@ protected:
     std::filesystem::path clone;
 };
 
-TEST_F(CloneReadersTest, TouchpadIsGrabbedEvenIfOneOfTwoSimultaneousReadersCloses) {
+TEST_F(CloneReadersTest, TouchpadIsGrabbedEvenIfOneOfTwoReadersClosesTheClone) {
     filter.switchOn(true);
     clone = waitForClone();
     int reader = -1;

@@ -149,8 +149,8 @@ TEST(CloneTest, FrameThatTheDriverReadsLateKeepsTheTouchpadsTime) {
         GTEST_SKIP() << "this kernel stamps events with its own times";
     }
     forwarded.switchOn();
-    // The frames must be newer than the grab, because the driver does not forward older ones: the
-    // other readers have received them.
+    // The frames must be newer than the grab, because the driver does not forward older frames:
+    // the touchpad's other readers have received them.
     const std::int64_t spoken = now();
     waitUntilClock(spoken + 2 * late);
     forwarded.pad.write(fingerDown(0, 7, 1000, 500), spoken);
@@ -306,7 +306,7 @@ TEST(CloneTest, LibinputUsesTheCloneAsATouchpadAndMovesThePointer) {
     EXPECT_THAT(*motion, testing::HasSubstr(clone));
 }
 
-TEST(CloneTest, StopDuringATouchUngrabsTheTouchpadImmediately) {
+TEST(CloneTest, StoppingTheDriverDuringATouchUngrabsTheTouchpadImmediately) {
     auto forwarded = std::make_unique<ForwardedPad>();
     EventReader others(forwarded->pad.node());
     VirtualPad& pad = forwarded->pad;
@@ -340,7 +340,7 @@ TEST(CloneTest, CloneIsRemovedAndRecreatedWithItsTouchpad) {
     EXPECT_FALSE(contains(forwarded.readClone(), leftDown));
 }
 
-TEST(CloneTest, WaitsUntilAnotherProgramUngrabsAndTheTouchpadIsNeutral) {
+TEST(CloneTest, GrabWaitsUntilAnotherProgramUngrabsAndTheTouchpadIsNeutral) {
     ForwardedPad forwarded;
     auto& pad = forwarded.pad;
     ASSERT_TRUE(forwarded.others.grab());
@@ -399,7 +399,7 @@ TEST(CloneTest, CloneMatchesTheTouchpadAfterTheDriverLosesEvents) {
     forwarded.readClone();
     // The driver is blocked in the report of the second finger and reads none of the following
     // events. Afterwards it writes at most the frames of one kernel buffer, so the clone's reader
-    // loses none.
+    // loses no event.
     forwarded.session.forget();
     forwarded.session.holdReports();
     pad.write(fingerDown(1, 8, 2000, 500));
@@ -429,7 +429,7 @@ TEST(CloneTest, CloneMatchesTheTouchpadAfterTheDriverLosesEvents) {
     EXPECT_THAT(tools(), testing::Each(MT_TOOL_FINGER));
 }
 
-TEST(CloneTest, LostReleaseLeavesNoPalmMark) {
+TEST(CloneTest, LostButtonReleaseLeavesNoFingerMarkedAsAPalm) {
     constexpr std::int32_t manyFrames = 200; // more than the kernel's event buffer holds
     ForwardedPad forwarded;
     forwarded.switchOn();

@@ -76,7 +76,7 @@ TEST(ContactsTest, ReportsThePositionOfAFingerThatTouchedBeforeTheStart) {
     EXPECT_EQ(last[0].y, seenY(700));
 }
 
-TEST(ContactsTest, TimestampsAreTheKernelsMonotonicClock) {
+TEST(ContactsTest, TimestampsUseTheKernelsMonotonicClock) {
     const auto now = [] {
         timespec time{};
         clock_gettime(CLOCK_MONOTONIC, &time);
@@ -168,7 +168,7 @@ TEST(ContactsTest, IgnoresDevicesOtherThanTouchpads) {
     EXPECT_EQ(session.unreadableTouchpads(), 0);
 }
 
-TEST(ContactsTest, ListIsEmptyWithoutATouchpad) {
+TEST(ContactsTest, ReportsAnErrorWithoutATouchpad) {
     DriverSession session;
     EXPECT_FALSE(session.isRunning());
     EXPECT_EQ(session.loadError(), "未找到多点触摸设备");

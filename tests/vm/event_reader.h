@@ -40,7 +40,8 @@ public:
     // Waits until the device is removed.
     bool waitUntilGone() const;
 
-    // Returns the kernel's state of the key, independent of readers.
+    // These functions query the device's current state in the kernel, regardless of the events that
+    // have been read.
     bool isPressed(int key) const;
     bool isTouched() const;
     std::vector<std::int32_t> slotValues(int axis) const;

@@ -34,7 +34,7 @@ Keys operator+(Keys first, const Keys& second) {
     return first;
 }
 
-// Formats a key event, such as "+20 while 4" for key T that went down while Control was held.
+// Formats a key event: "+20 while 4" means that key 20 (T) was pressed while Control was held.
 std::string written(const XInput& input) {
     const bool down = input.kind == XInput::Kind::keyDown;
     return (down ? "+" : "-") + std::to_string(input.detail - keyCodeOffset) + " while " +

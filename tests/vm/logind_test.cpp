@@ -58,7 +58,7 @@ struct Session {
     std::shared_ptr<GUnixFDList> open; // closing this descriptor ends the session
 };
 
-// A seat with several sessions. One program leads each session.
+// A seat with several sessions, each of which is led by its own process.
 class Seat {
 public:
     Seat() {

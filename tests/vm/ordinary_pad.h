@@ -1,8 +1,8 @@
 // An invented modern touchpad and the events of its fingers, for tests that do not need a
 // particular touchpad.
 //
-// Units:   positions in units of the pad: x 0..4000, y 0..2000, growing downwards as on every
-//          touchpad.
+// Units:   positions in units of the pad: x 0..4000 from left to right, y 0..2000 from top to
+//          bottom.
 #pragma once
 
 #include "recorded_pad.h"

@@ -1,4 +1,5 @@
-// Blocks the driver until the kernel drops events.
+// Tests that the driver reports the correct contacts after the kernel has dropped events. Each test
+// blocks the driver until its event buffer in the kernel overflows.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -82,7 +83,8 @@ TEST_F(OverflowTest, FingerThatLiftsDuringTheOverflowLeavesOnce) {
     EXPECT_EQ(stayed->x, seenX(1000 + manyFrames));
 }
 
-// The driver never sees the slot empty, only a new tracking id.
+// When the driver queries the slot after the overflow, the slot already has a new tracking id. The
+// driver must notice that the first finger has lifted although it never found the slot empty.
 TEST_F(OverflowTest, NewFingerInAReusedSlotHasANewIdentifier) {
     moveFingerZeroManyTimes();
     pad.write(fingerUp(1));

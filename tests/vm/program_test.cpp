@@ -88,7 +88,7 @@ protected:
     Question question{home.folder};
 };
 
-TEST_F(ProgramTest, ReadsTheTouchpadOnceAccessIsGrantedWithoutARestart) {
+TEST_F(ProgramTest, NeedsNoRestartToReadTheTouchpadAfterAccessIsGranted) {
     letEverybody(false);
     home.giveToNobody();
     Process program({GLIDEMAP_PROGRAM}, Process::User::nobody);

@@ -11,7 +11,7 @@ namespace glidemap::vm {
 double monotonicNow();
 void letTimePassUntil(double moment);
 
-// Gives this thread priority over all other threads in the kernel until destruction. A hand does
+// Gives this thread priority over all other threads in the kernel until the object is destroyed. A hand does
 // not wait for the machine, and a late movement would become another gesture.
 class Punctual {
 public:

@@ -56,7 +56,8 @@ void twoFingerTap(VirtualPad& pad) {
     pad.write(together({fingerUp(0), fingerUp(1)}));
 }
 
-// Swipes faster than a hand, because a swipe has no minimum duration.
+// Swipes faster than a hand can. The swipe is recognised nevertheless, because a swipe has no
+// minimum duration.
 void threeFingerSwipeRight(VirtualPad& pad) {
     constexpr std::int32_t step = 300;
     pad.write(together(

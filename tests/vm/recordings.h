@@ -23,7 +23,7 @@ std::set<std::string> recordingsEndingIn(const std::string& ending);
 // touchpads set today. Only touchscreens do not have it; they have INPUT_PROP_DIRECT instead.
 PadShape shapeToday(const RecordedPad& recorded);
 
-// Converts the file's name to letters that a test's name may contain.
+// Returns the file's name without its extension, in characters that a test's name may contain.
 std::string testName(const std::filesystem::path& file);
 
 } // namespace glidemap::vm

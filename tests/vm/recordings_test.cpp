@@ -66,7 +66,7 @@ const Row rows[] = {
     {"touchpads/AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.doubletap.events", 0, 0},
     {"touchpads/AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.tap.events", 0, 0},
     {"touchpads/SynPS2 Synaptics TouchPad-fdo23890.events", 0, 0},
-    // A touchpad that reports all fingers in each frame, in arbitrary order.
+    // A touchpad without slots: each frame lists all fingers, in arbitrary order.
     {"touchpads/bcm5974.three-finger-click.events", 0, 0},
     // Touchpads with two or more slots. Several report the corners of a bounding box, and the
     // Cypress touchpad counts a third finger without a slot.

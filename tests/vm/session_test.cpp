@@ -76,10 +76,10 @@ protected:
                          g_variant_new("(b)", sleeps ? TRUE : FALSE));
     }
 
-    // Returns when the program has read the new state. The program queries the session after each
-    // announcement, and the fake handles a query after its reply to the previous query. So the
-    // third announcement follows the reply to the first query. The program sends the third query
-    // only after it has read that reply.
+    // Returns when the program has read the new state. The program queries the state after each
+    // announcement. When the fake receives the second query, it has replied to the first query. The
+    // third announcement follows that reply on the bus, so the program has read the reply when it
+    // sends the third query.
     void setLocked(FakeService& manager, bool isLocked) {
         constexpr int rounds = 3;
         ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", readings)) << "the watch is set";
@@ -213,7 +213,7 @@ TEST_F(SessionTest, SleepEndsTouchesAndButtonPresses) {
         EXPECT_FALSE(isReading(agent));
         EXPECT_FALSE(DeviceReader(pad.node()).isGrabbedByAnother());
         hand.release().up();
-        // On a slow machine, an earlier gesture may have been logged late.
+        // Counted only now, because a slow machine may log an earlier gesture late.
         const std::size_t before = gestures(agent);
 
         announceSleep(manager, false);

@@ -3,8 +3,10 @@
 // middle of a touch, inactive sessions, sleep, and locked screens. libinput reads the clones, as on
 // a desktop.
 //
-//   start ─ a minute ─▶ measured ─ … every few actions it must recognise, forward, hold no key … ─▶
-//   measured again: as many descriptors and threads, hardly more memory ─▶ ended: nothing is left
+// After every few actions, the agent must recognise a tap, forward the touchpad and hold no key. Its
+// resources are measured after the first minute and at the end: the numbers of descriptors and
+// threads must be equal, and the memory may have grown only slightly. After the agent has exited, no
+// clone, keyboard or grab may remain.
 //
 // GLIDEMAP_SOAK_SECONDS sets the duration (600), GLIDEMAP_SOAK_SEED the random actions. The test
 // prints both.
@@ -53,7 +55,7 @@ using testing::IsEmpty;
 constexpr const char* keyboardName = "Glidemap Keyboard";
 constexpr const char* marker = "threeFingerTap";
 
-// The program keeps recent gestures, and its libraries keep freed memory.
+// The memory may grow, because the program keeps recent gestures and its libraries keep freed memory.
 constexpr long maxGrowth = 2048; // KiB
 
 // In seconds, long enough that two gestures do not count as one gesture.
@@ -202,8 +204,8 @@ protected:
         agent->send(SIGCONT);
     }
 
-    // Makes the session inactive, or lets the machine sleep: either for a while, or so briefly that
-    // the program may not notice.
+    // Makes the session inactive or lets the machine sleep, depending on `set`. Then makes it active
+    // or wakes it again: sometimes so soon that the program may not notice the first change.
     void leave(const std::function<void(bool away)>& set, const std::function<void()>& expectMore) {
         const bool touched = random(2) == 0;
         if (touched) {
@@ -309,7 +311,7 @@ protected:
     }
 
     // While a touchpad is missing, the program holds two more descriptors to wait for its return.
-    // Reactivating the session closes them.
+    // Making the session inactive and active again closes them.
     Holdings measure() {
         announce("Active", false);
         expectPadGivenBack();

@@ -23,9 +23,8 @@ namespace {
 
 constexpr const char* holding = "holds the touchpad";
 
-// The other tests of this file run this one in another process, which grabs the touchpads until it
-// is killed. Like the program, that process grabs a touchpad again after the watchdog has ungrabbed
-// it.
+// StopSignalsTest runs this test in another process, which grabs the touchpads until it is killed.
+// Like the program, that process grabs a touchpad again after the watchdog has ungrabbed it.
 
 TEST(StoppedProgram, DISABLED_HoldsTheTouchpads) {
     // Creates a process group, as a shell does, because SIGTSTP does not stop a process whose

@@ -191,7 +191,8 @@ TEST_F(SwayKeyboardTest, HeldShiftDoesNotJoinTheShortcutAndStaysHeld) {
     EXPECT_EQ(nextTyped(), "typed B");
 }
 
-// A repeat setting would separate the keyboards too, but some versions of sway apply it to all.
+// A repeat setting would separate the keyboards, too, but some versions of sway apply the setting to
+// all keyboards.
 TEST_F(SwayKeyboardTest, OtherKeyboardsKeepTheirSettings) {
     const std::vector<std::string> before = keyboardSettings("Ordinary Keyboard");
     ASSERT_FALSE(before.empty());

@@ -1,7 +1,7 @@
-// Tests touchpads that are unplugged and reconnected.
-//
-//   finger down ─▶ unplugged: an empty report ─▶ the same pad returns ─▶ finger down: reported
-//                                             └▶ another pad appears ─▶ nothing
+// Tests touchpads that are unplugged and reconnected. If a finger touches a touchpad that is
+// unplugged, the driver reports that no finger touches the touchpad any more. When the touchpad is
+// connected again, the driver reports its fingers as before. The driver ignores another touchpad
+// that is connected meanwhile.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"

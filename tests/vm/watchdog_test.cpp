@@ -1,9 +1,7 @@
-// Tests a program that hangs while it has grabbed a touchpad: the watchdog ungrabs the touchpad,
-// and the driver grabs it again when the program continues.
-//
-//   two fingers click ─▶ the filter hangs ─▶ a second later others read the touchpad
-//                                        └▶ it continues ─▶ is notified, switches on again
-//                                                      └▶ the fingers leave ─▶ forwarded again
+// Tests a program that hangs in a callback while it has grabbed a touchpad. After a second, the
+// watchdog ungrabs the touchpad, so that other programs can read it. When the callback returns, the
+// driver notifies the program, which switches the click filter on again. The driver then grabs the
+// touchpad when all fingers have lifted.
 
 #include "forwarded_pad.h"
 #include "input_devices.h"

@@ -45,7 +45,7 @@ protected:
                                     std::make_shared<ThreadedDelayedWork>(), &manager});
     }
 
-    // Runs on the caller's thread, like the driver.
+    // Reports a frame on the calling thread, as the driver does on its own thread.
     void report(int fingers, double x = 0.5) {
         std::vector<MTTouch> records(static_cast<std::size_t>(fingers));
         for (int finger = 0; finger < fingers; ++finger) {

@@ -77,8 +77,8 @@ TEST(ThreadedDelayedWork, LongDelayDoesNotDelayAnItemWithAShorterDelay) {
     EXPECT_EQ(ran.get_future().wait_for(test::patience), std::future_status::ready);
 }
 
-// The first item occupies the thread until the second is cancelled. So the second cannot run before
-// that, even on a slow machine.
+// The first item occupies the thread until the second item is cancelled. So the second item cannot
+// run before it is cancelled, even on a slow machine.
 TEST(ThreadedDelayedWork, CancelledItemDoesNotRun) {
     ThreadedDelayedWork work;
     std::promise<void> cancelling;

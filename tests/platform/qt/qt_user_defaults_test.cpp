@@ -44,8 +44,8 @@ TEST_F(QtUserDefaultsTest, ValuesPersistUntilTheNextLaunch) {
     EXPECT_EQ(next.boolean("masterEnabled"), false);
 }
 
-// Reads the file with a second object while the writing one still exists, as the next launch after
-// a crash would.
+// Reads the file with a second object before the first object is destroyed. After a crash, the next
+// launch reads the file in this state.
 TEST_F(QtUserDefaultsTest, WritesValuesImmediately) {
     QtUserDefaults defaults(file);
     for (const bool value : {false, true}) {

@@ -307,7 +307,7 @@ TEST_F(SingleInstanceTest, DoesNotFollowALinkInPlaceOfTheLockFile) {
 // A first instance that misbehaves: it holds the lock and listens, but replies as the test chooses.
 class PretendedFirst {
 public:
-    // `user` is the user that the system reports as the listener.
+    // `user` is the owner that the system reports for the listening process.
     PretendedFirst(const fs::path& folder, const fs::path& socketFile, uid_t user = geteuid())
         : lock(open((folder / "glidemap.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)),
           socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {

@@ -39,7 +39,7 @@ int programThat(void (*doesWhenRunning)(), void (*doesWhenAsked)()) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-TEST(TerminationSignalsTest, EachTerminationSignalExitsTheEventLoop) {
+TEST(TerminationSignalsTest, EachTerminationSignalEndsTheEventLoop) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); }, Application::quit), 7);
     EXPECT_EQ(programThat([] { kill(getpid(), SIGINT); }, Application::quit), 7);
     EXPECT_EQ(programThat([] { kill(getpid(), SIGHUP); }, Application::quit), 7);

@@ -178,7 +178,7 @@ TEST_F(VirtualTimeTest, TaskSubmittedByATaskRunsAfterTheQueuedTasks) {
         for (int count = 0; count < 100; ++count) { // enough to reallocate the storage
             submit("child");
         }
-        time.runSubmitted(); // a nested call, inside which no task runs
+        time.runSubmitted(); // a nested call, which runs no task
         record("end of parent");
     });
     submit("second");
@@ -253,7 +253,7 @@ TEST_F(VirtualTimeTest, TasksThatMainQueueTasksSubmitRunAfterTheMainQueueIsEmpty
     time.mainQueue()->submit([this] {
         time.mainQueue()->submit([this] { record("main child"); });
         submit("child");
-        time.runSubmitted(); // a nested call, inside which no task runs
+        time.runSubmitted(); // a nested call, which runs no task
         record("end of main");
     });
     time.runSubmitted();

@@ -1,5 +1,5 @@
-// A driver without touchpads that has a click filter and records its calls. Like the real driver,
-// its reader holds a lock while it calls the filter, and switching waits for that lock. The build
+// A driver without touchpads that has a click filter and records its calls. As in the real driver,
+// the reader holds a lock while it calls the filter, and switching waits for that lock. The build
 // compiles a complete driver and several incomplete variants.
 #include "drivers/evdev/click_filter.h"
 

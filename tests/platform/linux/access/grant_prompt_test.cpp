@@ -31,7 +31,7 @@ std::vector<std::string> shell(const std::string& script) {
     return {"/bin/sh", "-c", script};
 }
 
-// Waits until the prompt ends. The prompt's thread may outlive the test.
+// Waits until the prompt ends. The prompt's thread may outlive the test, so it shares the promise.
 class End {
 public:
     std::function<void(int)> notify() const {
@@ -105,7 +105,7 @@ TEST(GrantPromptTest, NeverRunsAUserWritableProgramAsRoot) {
     EXPECT_FALSE(isWritableOnlyByRoot(own.grantAccess()));
 }
 
-TEST(GrantPromptTest, SystemFileIsWritableOnlyByRoot) {
+TEST(GrantPromptTest, DetectsWhetherOnlyRootCanWriteToAFile) {
     EXPECT_TRUE(isWritableOnlyByRoot(fs::canonical("/bin/sh")));
     EXPECT_TRUE(isWritableOnlyByRoot("/"));
     EXPECT_FALSE(isWritableOnlyByRoot("/tmp"));
@@ -185,7 +185,7 @@ TEST(GrantPromptTest, ReportsEveryExitCodeOnceAndLeavesNoProcess) {
     EXPECT_EQ(errno, ECHILD);
 }
 
-TEST(GrantPromptTest, MissingProgramIsNotStarted) {
+TEST(GrantPromptTest, StartFailsWithoutACallbackIfTheProgramIsMissing) {
     bool isFinished = false;
     EXPECT_FALSE(
         startGrantPrompt({"/no/such/pkexec"}, [&](int /*exitCode*/) { isFinished = true; }));

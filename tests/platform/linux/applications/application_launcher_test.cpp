@@ -58,7 +58,7 @@ protected:
         EXPECT_EQ(handler, identifier);
     }
 
-    // Launches one more script. The report of any earlier launch would arrive before its report.
+    // Launches one more script. The report of any earlier launch would arrive before this script's.
     void expectNothingElse() {
         installAndLaunch("last", "Exec=" + reporting("last", "the last") + "\n");
         EXPECT_EQ(reports.nextLine(), "the last");
@@ -105,7 +105,9 @@ TEST_F(ApplicationLauncherTest, StartsProcessInItsOwnSessionAndNotAsAChild) {
 
 TEST_F(ApplicationLauncherTest, ProcessInheritsNoDescriptorAndNoBlockedSignal) {
     const int null = open("/dev/null", O_RDONLY | O_CLOEXEC);
-    const int ours = fcntl(null, F_DUPFD, 200); // without close-on-exec, above the shell's
+    // This descriptor has no close-on-exec flag, and its number is higher than those of the
+    // descriptors that the shell opens itself.
+    const int ours = fcntl(null, F_DUPFD, 200);
     ASSERT_GE(ours, 200);
     sigset_t blocked;
     sigset_t before;

@@ -1,5 +1,5 @@
 // Tests the matching of windows to the desktop entries in entries/. The windows have the properties
-// that real programs set, and the entries resemble widely used ones.
+// that real programs set, and the entries resemble those of widely used programs.
 #include "platform/linux/applications/application_matcher.h"
 
 #include <glib.h>

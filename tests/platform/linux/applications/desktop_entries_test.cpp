@@ -109,8 +109,8 @@ TEST_F(DesktopEntriesTest, UserEntryOverridesSystemEntry) {
     expectNames({"Other", "User's"});
 }
 
-// A base class, which is constructed first, so that no thread reads the environment during the
-// change.
+// Sets the language before the other base class and the members are constructed, because their
+// threads must not read the environment while it changes.
 struct InChinese {
     const desktops::ScopedEnvironment language{
         {{"LANGUAGE", "zh_CN"}, {"LC_ALL", "zh_CN.UTF-8"}, {"LANG", "zh_CN.UTF-8"}}};

@@ -33,8 +33,8 @@ std::string text(const Application& application) {
     return application.bundleID.value_or("-") + " (" + application.name.value_or("-") + ")";
 }
 
-// A base class, which is constructed first, so that no thread reads the environment during the
-// change.
+// Sets the language before the other base class and the members are constructed, because their
+// threads must not read the environment while it changes.
 struct InChinese {
     const ScopedEnvironment language{
         {{"LANGUAGE", "zh_CN"}, {"LC_ALL", "zh_CN.UTF-8"}, {"LANG", "zh_CN.UTF-8"}}};

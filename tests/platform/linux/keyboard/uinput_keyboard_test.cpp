@@ -54,7 +54,7 @@ private:
     bool isPlugged = false;
 };
 
-// Keeps each request until the test lets the keyboard type it plainly, or drops it.
+// Keeps each request until the test either drops it or lets the keyboard type it unchanged.
 class ScriptedHeldModifiers : public HeldModifiers {
 public:
     explicit ScriptedHeldModifiers(Log& keptLog) : log(keptLog) {}
@@ -100,7 +100,7 @@ TEST(UinputKeyboardTest, UnknownKeyTypesNothing) {
     EXPECT_EQ(script.log, (Log{"plug in", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, WithoutPermissionEachCallRetriesToCreateTheDevice) {
+TEST(UinputKeyboardTest, RetriesCreatingTheDeviceOnEachCallWithoutPermission) {
     DeviceScript script{{}, false};
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);

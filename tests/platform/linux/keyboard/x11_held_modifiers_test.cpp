@@ -33,7 +33,7 @@ struct Script {
     Log log;
     int looks = 0;
     int hearings = 0;
-    std::function<void(int)> beforeLook; // called before each key check, with its number
+    std::function<void(int)> beforeLook; // called before each key check, with the check's number
     bool isListening = false;
     bool isAlive = true;
     bool hasNews = false;
@@ -202,7 +202,8 @@ TEST_F(X11HeldModifiersTest, DestructorReleasesAllKeys) {
     EXPECT_EQ(script.log, Log{"-SHIFT"});
 }
 
-// The socket of a dead connection stays readable, without events.
+// The socket of a lost connection stays readable, so the thread would never sleep if it still
+// watched the socket.
 TEST_F(X11HeldModifiersTest, StopsWatchingALostServer) {
     desktop.call([this] {
         script.isAlive = false;

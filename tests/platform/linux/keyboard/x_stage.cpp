@@ -50,7 +50,7 @@ pid_t spawnServer(int numberPipe) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_adddup2(&actions, numberPipe, numberPipe); // survives the exec
+    posix_spawn_file_actions_adddup2(&actions, numberPipe, numberPipe); // the server inherits it
     pid_t process = -1;
     if (posix_spawn(&process, serverProgram, &actions, nullptr,
                     const_cast<char* const*>(arguments.data()), environ) != 0) {

@@ -190,8 +190,7 @@ TEST_F(LinuxOverviewTest, DestructionDoesNotWaitForAReply) {
     EXPECT_TRUE(journal.waitFor("kglobalaccel: no callers left"));
 }
 
-// The shell is installed but another desktop runs.
-TEST_F(LinuxOverviewTest, DoesNotStartAShell) {
+TEST_F(LinuxOverviewTest, DoesNotStartGNOMEShellOnAnotherDesktop) {
     const test::TemporaryFolder folder;
     const auto started = folder.path() / "started";
     bus.makeStartable("org.gnome.Shell", "/usr/bin/touch " + started.string());

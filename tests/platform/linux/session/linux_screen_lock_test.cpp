@@ -84,8 +84,8 @@ protected:
         return lines;
     }
 
-    // Like lock(), but increases the limits until the expected events have happened, because their
-    // duration depends on the machine. Returns the events of the last attempt.
+    // Like lock(), but repeats the request with longer limits until the expected events happen,
+    // because the machine may be slow. Returns the events of the last attempt.
     Lines lockInTime(const Lines& expected, const std::function<Patience(Limit)>& patienceOf,
                      const std::string& always = {}) {
         Lines lines;

@@ -101,7 +101,7 @@ protected:
                          g_variant_new("(b)", sleeps ? TRUE : FALSE));
     }
 
-    // Waits for the state. The session sends each notification after its change.
+    // Waits for the state. The session changes its state before it sends the notification.
     bool become(const LinuxUserSession& session, bool isActive, bool isLocked) {
         while (session.isActive() != isActive || session.isLocked() != isLocked) {
             if (!journal.waitForCount("changed", ++changes)) {

@@ -171,8 +171,8 @@ TEST(LinuxStatusBarTest, DetectsBarsAtRunTimeAndPrefersTheDBusStatusBar) {
     EXPECT_TRUE(test::waitFor([&] { return changes == 5; }));
     EXPECT_EQ(bar.kind(), Kind::embeds);
 
-    // If a watcher cannot report its host, the bar assumes a host, because Qt also queries the
-    // watcher and decides.
+    // A watcher that cannot report whether it has a host counts as a status bar. Qt queries the
+    // watcher, too, and then determines whether the icon is shown.
     const FakeService unable(bus.address(), {watcherName, "/elsewhere", "<interface name='a.b'/>"},
                              journal);
     EXPECT_TRUE(test::waitFor([&] { return changes == 6; }));

@@ -246,8 +246,8 @@ TEST_F(PortalAppearanceTest, KeepsSettingsWhenTheBusIsLost) {
     EXPECT_EQ(described(*appearance.settings()), "dark");
 }
 
-// The loop would not end if the desktop thread waited for the bus, because call() and the
-// destructor wait for the desktop thread.
+// If the desktop thread waited for the bus, this test would never end: call() and the destructor
+// wait for the desktop thread.
 TEST_F(PortalAppearanceTest, SettingsAreUnknownWithoutABus) {
     const test::SilentSocket silent;
     for (const std::string& unusable :

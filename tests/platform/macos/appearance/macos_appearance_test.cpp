@@ -19,7 +19,7 @@ const std::string motion = "accessibilityDisplayShouldReduceMotion";
 
 class MacosAppearanceTest : public CocoaTest {
 protected:
-    // Records the appearance before and after each notification.
+    // Records the appearance at the two notifications: before and after each change.
     Subscription follow(AppearanceSettings& settings) {
         return settings.changes().subscribe([this, &settings] { notify("before", settings); },
                                             [this, &settings] { notify("after", settings); });

@@ -10,7 +10,7 @@ struct AppKit {
     bool givesEventMonitors = true;
 };
 
-// The fixture's set-up resets it.
+// Returns the state of the fakes. The fixture's set-up resets it.
 AppKit& appKit();
 
 struct KeyDown {

@@ -21,7 +21,7 @@ public:
     virtual ~Object();
 
     const std::string kind;
-    int owners = 1; // unused on a Mac, which counts owners itself
+    int owners = 1; // unused on a Mac, where the system counts owners
 };
 
 // Returns a reference as the system would. The caller owns the object, which lives until its last

@@ -16,7 +16,7 @@ struct Files {
     std::optional<std::string> program;          // the program's path
 };
 
-// The fixture's set-up resets it.
+// Returns the state of the fakes. The fixture's set-up resets it.
 Files& files();
 
 // Releases the fake main bundle and the fake default file manager.

@@ -35,7 +35,7 @@
 
 namespace {
 
-// Detects only what the tests need: a byte that cannot start a character.
+// Detects only the invalid text that the tests use: text with the byte 0xFF.
 bool isUTF8(const std::string& text) {
     return text.find('\xff') == std::string::npos;
 }

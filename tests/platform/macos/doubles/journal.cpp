@@ -28,7 +28,7 @@ void noteInJournal(const char* line) {
     glidemap::doubles::note(line);
 }
 
-// The language runtime keeps these allocations; they are not leaks.
+// The Objective-C runtime keeps its allocations until the process exits. They are not leaks.
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:libobjc.so\n";

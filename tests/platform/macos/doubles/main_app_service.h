@@ -12,7 +12,7 @@ struct MainAppService {
     std::optional<std::string> reason; // the system's error message when it refuses
 };
 
-// The fixture's set-up resets this state.
+// Returns the state of the fake. The fixture's set-up resets it.
 MainAppService& mainAppService();
 
 // Destroys the service object.

@@ -17,7 +17,7 @@ struct Quartz {
     bool isLocked = false;
 };
 
-// The fixture's set-up resets it.
+// Returns the state of the fakes. The fixture's set-up resets it.
 Quartz& quartz();
 
 enum class Passage { passed, dropped, replaced };
@@ -27,7 +27,7 @@ Passage play(CGEventType type, std::int64_t button);
 // Returns the result for a notification, which comes without an event.
 Passage playNotice(CGEventType type);
 
-// Calls the callback with the given user data.
+// Calls the event tap's callback with the given user data.
 Passage playTo(void* userInfo, CGEventType type, std::int64_t button);
 
 } // namespace glidemap::doubles

@@ -11,7 +11,7 @@ struct StatusItemScene {
     bool hasItem = true;
 };
 
-// The fixture's set-up resets it.
+// Returns the state of the fake. The fixture's set-up resets it.
 StatusItemScene& statusItemScene();
 
 } // namespace glidemap::doubles

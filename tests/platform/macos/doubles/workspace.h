@@ -27,7 +27,7 @@ struct Workspace {
     std::function<void()> atRemoval; // called just before an observer is removed
 };
 
-// The fixture's set-up resets it.
+// Returns the state of the fake. The fixture's set-up resets it.
 Workspace& workspace();
 
 // Destroys the shared workspace and its notification center.

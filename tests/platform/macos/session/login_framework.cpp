@@ -8,7 +8,7 @@ void noteInJournal(const char* line);
 __attribute__((visibility("default"))) int SACLockScreenImmediate();
 int SACLockScreenImmediate() {
     noteInJournal("SACLockScreenImmediate");
-    return -1; // ignored
+    return -1; // the program ignores the result
 }
 #endif
 }

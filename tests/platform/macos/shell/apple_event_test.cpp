@@ -71,7 +71,7 @@ TEST_F(AppleEventTest, CallbackMayDestroyTheHandler) {
     const auto captured = std::make_shared<int>();
     reopen = std::make_unique<AppleEvent>(Kind::reopen, [this, captured] {
         reopen.reset();
-        ++*captured; // still valid
+        ++*captured; // the capture is still valid
     });
     EXPECT_TRUE(sendReopen());
     EXPECT_EQ(*captured, 1);

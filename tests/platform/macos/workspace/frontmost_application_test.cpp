@@ -127,7 +127,6 @@ TEST_F(FrontmostApplicationTest, HandlesANotificationDuringDestruction) {
     EXPECT_EQ(last, (Application{"com.example.notes", "Notes"}));
 }
 
-// Each read returns one complete application.
 TEST_F(FrontmostApplicationTest, OtherThreadsReadCompleteApplicationsDuringNotifications) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;

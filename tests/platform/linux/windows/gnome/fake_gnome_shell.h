@@ -32,7 +32,7 @@ public:
     FakeGnomeShell& operator=(const FakeGnomeShell&) = delete;
     ~FakeGnomeShell();
 
-    // Start and stop the extension. The extension announces its start, and returns these windows to
+    // The fake extension announces its start and its end. While it runs, it returns `windows` to
     // callers.
     void startExtension(const std::string& windows);
     void stopExtension();

@@ -97,7 +97,7 @@ TEST_F(SwayWindowsTest, DoesNotReportATitleChange) {
     const Listening listening(reported);
     reported.expectReported({"windows: editor", "active: editor"});
     window.setTitle("two");
-    Window other = open("other"); // a report of the title would arrive before this window's report
+    Window other = open("other"); // a report of the title would arrive before that of `other`
     reported.expectReported({"windows: editor, other", "active: other"});
 }
 

@@ -218,9 +218,9 @@ TEST_F(X11BackendTest, IgnoresPanelsDesktopsAndSplashScreens) {
         {"_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_STATE_SKIP_TASKBAR", "plain/Plain"},
         {"", "", "plain/Plain it/It"},
     };
-    // A new window must not get the id of a closed one, because openbox handles the closing late,
-    // and would then delete the state of the new window. As long as a client is connected, its ids
-    // are not reused.
+    // All clients stay connected, so that the server does not reuse the ids of their closed windows:
+    // openbox handles the end of a window late, and would delete the state of a new window with the
+    // same id.
     std::vector<std::unique_ptr<XClient>> programs;
     for (const Row& row : rows) {
         XClient& client = *programs.emplace_back(std::make_unique<XClient>(*server));
@@ -317,7 +317,7 @@ TEST_F(X11BackendTest, InvalidPropertiesAreIgnored) {
         reported.expectActive(row.expected);
         reported.expectWindows(row.expected);
         EXPECT_EQ(reported.activeWindow().process, std::nullopt) << row.what;
-        list(""); // the next window may reuse this id
+        list(""); // ends this window, because the next window may have the same id
         reported.expectActive("none");
         reported.expectWindows("");
     }
