@@ -106,7 +106,7 @@ struct Services {
 // makeServices() returns.
 struct SystemEvents {
     // A touchpad may have been connected, or access may have been granted. If the session is
-    // active, the keyboard has already tried again to open its device.
+    // active, the platform has already tried again to open its virtual keyboard.
     std::function<void()> devicesMayHaveChanged;
 
     // The user has started the program again while it was running.
