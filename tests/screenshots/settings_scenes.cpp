@@ -183,7 +183,7 @@ void failToAsk(SettingsStage& stage) {
                       "terminal: sudo /usr/libexec/glidemap/glidemap-grant-access";
 }
 
-// Qt shows the focus only after a key has moved it.
+// Moves the focus with a key, because Qt shows the focus only after that.
 void focusAdd(SettingsStage& stage) {
     stage.find("addBinding")->setFocus(Qt::TabFocusReason);
     stage.pressKey(Qt::Key_Tab, Qt::ShiftModifier);
