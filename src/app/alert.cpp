@@ -11,7 +11,8 @@ namespace glidemap {
 namespace {
 
 constexpr QSize iconSize(56, 56);
-// Prevents narrow columns of text and gives all alerts a similar shape.
+// The minimum width of the text in points. It prevents narrow columns of text, and gives all alerts
+// a similar shape.
 constexpr int minTextWidth = 340;
 
 QString toQt(const std::string& text) {

@@ -1,5 +1,5 @@
-// A message with buttons. While the alert is open, its texts follow the interface language. Native
-// alerts cannot do this, so Qt draws the alert on every system.
+// An alert: a message with buttons. While the alert is open, its texts follow the interface
+// language. Native alerts cannot do this, so Qt draws the alert on every system.
 //
 // Thread:  the main thread.
 // Owner:   the caller that shows it. `lang` must outlive the alert.
@@ -36,7 +36,6 @@ public:
 
     Alert(Texts texts, Lang& lang, QWidget* parent = nullptr);
 
-    // Whether the user chose the first button.
     bool isFirstButtonChosen() const { return clickedButton() == first; }
 
 private:

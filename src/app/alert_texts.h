@@ -14,8 +14,8 @@
 namespace glidemap {
 
 // Explains that the program did not start, because another instance is running but does not
-// respond. A user who starts the program by clicking its icon cannot see the message on standard
-// error.
+// respond. The alert is necessary, because a user who starts the program by clicking its icon does
+// not see the message on standard error.
 AlertText unansweredText(const Lang& lang);
 
 // Explains that the program did not start, because the lock file cannot be opened and a running

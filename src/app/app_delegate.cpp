@@ -59,7 +59,8 @@ void AppDelegate::applicationWillTerminate() {
     if (runtime != nullptr) {
         runtime->stop();
     }
-    // Saving may wait for another process, so the runtime has released the touchpads first.
+    // Saves only after runtime->stop() has released the touchpads, because saving may wait for
+    // another process.
     store->saveIfLastSaveFailed();
 }
 
@@ -104,7 +105,8 @@ std::function<void()> AppDelegate::weakly(void (AppDelegate::*method)()) {
     };
 }
 
-// Updates the status item on each change. Some status bars read the menu long before they open it.
+// Updates the status item whenever the state that it shows changes, because some status bars read
+// the menu long before they open it.
 void AppDelegate::keepStatusMenuCurrent() {
     for (Observable* shown :
          {&ports.lang->changes(), &dispatcher()->changes(), &updateChecker->changes()}) {

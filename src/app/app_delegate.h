@@ -2,8 +2,8 @@
 // status item, the menus, the settings window and the alerts. It takes no part in recognising
 // gestures or running actions.
 //
-// The delegate's callbacks have no effect after its destruction: they hold it weakly, or its
-// subscriptions end with it.
+// After the delegate has been destroyed, its callbacks have no effect: they hold the delegate
+// weakly, or belong to subscriptions that end with it.
 //
 // Thread:  the main thread.
 // Owner:   the program creates one, and must call applicationWillTerminate() before releasing it.

@@ -1,5 +1,5 @@
-// Port: hides the program from docks, brings its windows to the front, keeps it responsive, and
-// ends it.
+// Port: hides the program from docks, brings its windows to the front, keeps the program
+// responsive, and ends it.
 //
 // Thread:  the main thread.
 // Owner:   the program creates one for the delegate.

@@ -18,8 +18,8 @@
 namespace glidemap {
 
 struct HttpsFetchSetup {
-    // The maximum time without progress. A redirect, the complete header and each chunk of the body
-    // restart it.
+    // The maximum time without progress. Each redirect, the complete header and each chunk of the
+    // body restart this timeout.
     std::chrono::milliseconds silence = std::chrono::seconds(15);
     // The maximum time for the whole transfer. Without it, a server could keep the connection open
     // by sending single bytes.

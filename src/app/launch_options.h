@@ -2,7 +2,8 @@
 //
 // Uses only the C library, so that --version and --help work before any other library is loaded.
 //
-// Errors:  as return values; prints nothing. Files and the toolkit's options are rejected.
+// Errors:  as return values; prints nothing. An unknown argument, such as a file name or one of
+//          Qt's own options, is rejected.
 #pragma once
 
 #include <span>

@@ -34,7 +34,8 @@ constexpr const char* applicationID = "org.glidemap.Glidemap";
 // the few seconds after which desktops and users kill a program.
 constexpr std::chrono::milliseconds endLimit{1500};
 
-// Qt gets only the program's name as an argument, because our options would confuse its parser.
+// Qt gets only the program's name as an argument, because Qt's parser could misread Glidemap's own
+// options.
 constexpr int onlyTheName = 1;
 
 // The program's delegate; global, because endInOrder() is called without arguments.
@@ -136,7 +137,7 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
 
 std::unique_ptr<StatusItem> Program::makeStatusItem() {
     constexpr const char* symbol = "hand.draw.fill";
-    constexpr double dimmedIcon = 0.45; // the same as in the installed icon for "off"
+    constexpr double dimmedIcon = 0.45; // the opacity of the installed icon for "off"
     auto item = std::make_unique<StatusItem>(
         services.statusBar, [on = services.installedIcon, off = services.installedIconOff](
                                 StatusBar::Kind kind, StatusItem::Look look) {

@@ -18,7 +18,7 @@ public:
         opensMenu,   // a click opens the menu, and the bar recolours the icon
     };
 
-    // Whether the icon shows that gestures are switched on.
+    // The state that the icon shows: gestures are switched on or off.
     enum class Look { on, off };
 
     StatusBar() = default;

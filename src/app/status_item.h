@@ -3,7 +3,7 @@
 // The item is created when a status bar exists, possibly minutes after startup. Qt searches for a
 // system tray only once, so it must not search earlier.
 //
-// Units:   the patience in milliseconds.
+// Units:   milliseconds for `patience`, the time to wait for a bar.
 // Thread:  the main thread.
 // Owner:   the application's delegate.
 // Errors:  if no bar appears in time, onMissing is called once, and the item stays invisible.

@@ -25,7 +25,7 @@ struct UpdateError {
     std::string text;
 };
 
-// The newer version, or nullopt if the running version is current.
+// The newer version, nullopt if there is no newer version, or the error of a failed check.
 using UpdateResult = std::variant<std::optional<std::string>, UpdateError>;
 
 class UpdateChecker : public std::enable_shared_from_this<UpdateChecker> {
@@ -33,7 +33,7 @@ public:
     using Completion = std::function<void(const UpdateResult&)>;
 
     // Calls `block` on the main thread at this interval until the program ends. Releasing the
-    // result does not stop the timer.
+    // returned pointer does not stop the timer.
     using Repeat = std::function<std::shared_ptr<const void>(std::chrono::seconds interval,
                                                              std::function<void()> block)>;
 
@@ -65,7 +65,7 @@ public:
     std::string versionURL() const { return "https://" + setup.host + "/version.json"; }
     std::string siteURL() const { return "https://" + setup.host + "/"; }
 
-    // Notifies observers after each successful check.
+    // Notifies observers of each successful check, before and after it sets latestVersion().
     Observable& changes() { return observers; }
 
     // Whether `version` is strictly newer than `other`.

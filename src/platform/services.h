@@ -106,7 +106,7 @@ struct Services {
 // makeServices() returns.
 struct SystemEvents {
     // A touchpad may have been connected, or access may have been granted. If the session is
-    // active, the keyboard has already tried again to open its device.
+    // active, the platform has already tried again to open its virtual keyboard.
     std::function<void()> devicesMayHaveChanged;
 
     // The user has started the program again while it was running.
@@ -122,7 +122,8 @@ Services makeServices(const std::shared_ptr<MainQueue>& mainQueue,
 std::shared_ptr<UserDefaults> makeUserDefaults();
 
 // The services for an alert that is shown without the rest of the program. `foundation` keeps
-// `appearance` up to date, and must be destroyed before the queue. `appearance` may outlive it.
+// `appearance` up to date, and must be destroyed before the queue. `appearance` may outlive
+// `foundation`.
 struct AlertServices {
     std::shared_ptr<void> foundation;
     std::shared_ptr<AppearanceSettings> appearance;

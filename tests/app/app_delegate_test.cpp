@@ -121,7 +121,7 @@ TEST_F(AppDelegateTest, BackgroundSessionIgnoresTouchesAndClicks) {
     EXPECT_THAT(stage->takeNotes(), IsSupersetOf({"touches", "click tap", "clicks on"}));
 }
 
-TEST_F(AppDelegateTest, DeviceChangeLooksForTouchDevicesAgain) {
+TEST_F(AppDelegateTest, SearchesForTouchDevicesAgainAfterADeviceChange) {
     launch();
     stage->delegate->devicesMayHaveChanged();
     EXPECT_THAT(stage->takeNotes(), ElementsAre("touches"));
@@ -218,8 +218,6 @@ TEST_F(AppDelegateTest, CallbacksDoNothingAfterTheDelegateIsDestroyed) {
     stage->openChecks.back()({"", "no network"}); // an alert would block here forever
     EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks off", "no click tap"));
 }
-
-// The status menu.
 
 TEST_F(AppDelegateTest, StatusMenuItemsHaveNoTitlesUntilTheMenuOpens) {
     launch();
@@ -405,8 +403,6 @@ TEST_F(AppDelegateTest, PendingReportOfAMissingStatusBarIsDroppedWhenABarAppears
     EXPECT_EQ(notice(), nullptr);
 }
 
-// The settings window.
-
 TEST_F(AppDelegateTest, ClosingHidesTheOnlySettingsWindow) {
     launch();
     const QWidget* first = stage->window;
@@ -468,12 +464,11 @@ TEST_F(AppDelegateTest, EditMenuActsOnTheFocusedWidget) {
     other.setFocusPolicy(Qt::StrongFocus);
     other.show();
     other.setFocus();
-    choose(paste); // a plain widget has no paste command
+    choose(paste); // QWidget has no slot for this command
     EXPECT_EQ(field.text(), "");
 }
 
-// The update check that the user requests. The tests read the alert on the screen.
-
+// The content of the alert that shows the result of an update check.
 struct Shown {
     std::string message;
     std::string informative;

@@ -23,7 +23,8 @@ class Authority {
 public:
     Authority();
 
-    // The authority's own certificate. A client that trusts it accepts the authority's servers.
+    // The authority's own certificate. A client that trusts this certificate accepts servers with
+    // certificates from this authority.
     const QList<QSslCertificate>& certificates() const { return itself; }
 
     // `names` as in openssl's subjectAltName; negative days create an expired certificate.

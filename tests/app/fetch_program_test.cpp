@@ -56,22 +56,22 @@ TEST_F(FetchProgramTest, ReturnsStandardOutputAsTheBody) {
     EXPECT_FALSE(fetched.transportError);
 }
 
-TEST_F(FetchProgramTest, FailureReturnsTheBodyAndTheErrorMessageFromStandardError) {
+TEST_F(FetchProgramTest, FailedProgramYieldsItsOutputAndTheErrorMessageFromStandardError) {
     const Fetched fetched = fetchBy(script("printf half; echo 'cut off' >&2; exit 1"));
     EXPECT_EQ(fetched.body, "half");
     EXPECT_EQ(fetched.transportError, "cut off");
 }
 
-TEST_F(FetchProgramTest, SuccessIgnoresStandardError) {
+TEST_F(FetchProgramTest, StandardErrorIsIgnoredIfTheProgramSucceeds) {
     EXPECT_FALSE(fetchBy(script("printf whole; echo careful >&2")).transportError);
 }
 
-TEST_F(FetchProgramTest, FailureWithoutAMessageIsAnError) {
+TEST_F(FetchProgramTest, ProgramThatFailsSilentlyIsReportedAsATransportError) {
     EXPECT_TRUE(fetchBy(script("exit 3")).transportError);
     EXPECT_TRUE(fetchBy(script("kill -KILL $$")).transportError);
 }
 
-TEST_F(FetchProgramTest, MissingProgramIsAnError) {
+TEST_F(FetchProgramTest, MissingProgramIsReportedAsATransportError) {
     EXPECT_TRUE(fetchBy(folder.path() / "nothing").transportError);
 }
 

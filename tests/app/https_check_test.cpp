@@ -32,7 +32,7 @@ protected:
             {.host = server.host(), .currentVersion = version, .fetch = countedFetch()});
     }
 
-    // Also finishes the requests that a test did not wait for.
+    // Waits for the requests that the test has left unfinished.
     void TearDown() override {
         EXPECT_TRUE(Application::runUntil([this] { return underWay == 0; }));
     }

@@ -58,7 +58,7 @@ protected:
     HttpsServer server{authority.vouchFor("IP:127.0.0.1"), ok("content")};
 };
 
-TEST_F(HttpsFetchTest, DefaultLimitsSuitASmallFile) {
+TEST_F(HttpsFetchTest, DefaultsLimitSilenceTotalTimeAndBodySize) {
     const HttpsFetchSetup setup;
     EXPECT_EQ(setup.silence, 15s);
     EXPECT_EQ(setup.whole, 60s);

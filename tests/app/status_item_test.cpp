@@ -105,7 +105,8 @@ TEST_F(StatusItemTest, BarIsNotifiedAfterEachRedrawOfTheItem) {
     EXPECT_THAT(bar->drawn, ElementsAre(Look::off, Look::off, Look::on));
 }
 
-// Some bars can show letters as shortcuts but not the comma.
+// Some bars can show letters as shortcuts, but not the comma, so they would show only some of the
+// shortcuts.
 TEST_F(StatusItemTest, BarThatDrawsTheMenuShowsNoShortcuts) {
     for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {
         bar->become(Kind::none);

@@ -145,7 +145,7 @@ TEST_F(UpdateCheckerTest, AcceptsAManifestDespiteATransportError) {
     EXPECT_EQ(checker->latestVersion(), "1.3");
 }
 
-TEST_F(UpdateCheckerTest, UnknownRunningVersionSendsNoRequest) {
+TEST_F(UpdateCheckerTest, SendsNoRequestIfTheRunningVersionIsUnknown) {
     const auto checker = running(std::nullopt);
     checker->check(note());
     EXPECT_EQ(reported, Lines{"none"}); // before check() returned
@@ -155,7 +155,7 @@ TEST_F(UpdateCheckerTest, UnknownRunningVersionSendsNoRequest) {
     EXPECT_EQ(timers.size(), 1U);
 }
 
-TEST_F(UpdateCheckerTest, UnknownRunningVersionNotifiesNoObservers) {
+TEST_F(UpdateCheckerTest, NotifiesNoObserversIfTheRunningVersionIsUnknown) {
     const auto checker = running(std::nullopt);
     const auto watch = checker->changes().subscribe([] { ADD_FAILURE() << "announced"; });
     checker->check(note());

@@ -44,7 +44,7 @@ constexpr int frameGap = 6;
 constexpr int nameHeight = 20;
 constexpr int columns = 3;
 
-// Returns an early, a middle and a late time, in seconds, of those at which a finger is clearly
+// Returns an early, a middle and a late time, in seconds, at which at least one finger is clearly
 // visible.
 std::array<double, 3> momentsOf(GestureType gesture) {
     constexpr int samples = 104; // 1/40 s apart

@@ -131,7 +131,7 @@ void holdModifiers(SettingsStage& stage) {
     stage.keys->onModifiers(modifier::option | modifier::command);
 }
 
-// Some keyboards have keys that cannot be stored in a shortcut.
+// Presses a key that cannot be stored in a shortcut. Some keyboards have such keys.
 void pressUnknownKey(SettingsStage& stage) {
     startRecording(stage);
     stage.keys->press({});
@@ -142,7 +142,7 @@ void lackOverview(SettingsStage& stage) {
     act(ActionKind::missionControl)(stage);
 }
 
-// The demonstration follows the highlighted gesture.
+// Highlights another gesture in the list; the demonstration shows the highlighted gesture.
 void browseGestures(SettingsStage& stage) {
     openGestures(stage);
     settle();

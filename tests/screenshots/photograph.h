@@ -1,5 +1,5 @@
-// Takes pictures of windows as they appear on the screen: at its scale, and with the windows above
-// them.
+// Takes pictures of windows as they appear on the screen: at the screen's scale, and partly covered
+// by the windows above them.
 //
 // Thread:  the main thread.
 // Errors:  none.

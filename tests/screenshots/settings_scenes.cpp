@@ -19,7 +19,7 @@ using test::SettingsStage;
 
 using Arrangement = std::function<void(SettingsStage&)>;
 
-// the text scale of a desktop with larger text
+// The text scale of a desktop with larger text.
 constexpr double largeLetters = 1.5;
 
 bool isChinese() {
@@ -155,7 +155,7 @@ void deleteSecond(SettingsStage& stage) {
     stage.clickInRow(1, "delete");
 }
 
-// Focuses a control in the row that is switched off.
+// Focuses a control in the row of the disabled binding.
 void focusInDimmedRow(SettingsStage& stage) {
     stage.find("bindingList")->setFocus(Qt::TabFocusReason);
     for (const Qt::Key key : {Qt::Key_End, Qt::Key_Up, Qt::Key_Right, Qt::Key_Right}) {
@@ -183,7 +183,7 @@ void failToAsk(SettingsStage& stage) {
                       "terminal: sudo /usr/libexec/glidemap/glidemap-grant-access";
 }
 
-// Qt shows the focus only after a key has moved it.
+// Moves the focus with a key, because Qt shows the focus only after that.
 void focusAdd(SettingsStage& stage) {
     stage.find("addBinding")->setFocus(Qt::TabFocusReason);
     stage.pressKey(Qt::Key_Tab, Qt::ShiftModifier);

@@ -1,8 +1,9 @@
 // Stores each reported application once, at a fixed address. The frontmost application can
 // therefore be a single pointer that is read without a lock and never dangles.
 //
-// Entries are never removed. The number of entries is limited, because a window may change its
-// application id endlessly. Applications beyond the limit map to unknown().
+// Entries are never removed. The number of entries is limited, because a program may give its
+// windows an unlimited number of different application ids. Applications beyond the limit map to
+// unknown().
 //
 // Thread:  intern() on one thread; any thread may read its results.
 // Owner:   the workspace; the table must live as long as all readers of its results.

@@ -24,7 +24,7 @@ public:
     static constexpr std::size_t capacity = 1024;
 
     // The number of queued tasks at which defer() wakes a sleeping thread. A wake-up costs as much
-    // as thirty small tasks, and thirty delayed tasks take only a few microseconds.
+    // as thirty small tasks, and thirty deferred tasks take only a few microseconds.
     static constexpr std::size_t maxDeferred = 32;
 
     // `prepareThread` runs on the new thread before its first task, to set its name and priority.

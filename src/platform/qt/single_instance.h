@@ -50,7 +50,7 @@ public:
 
     static constexpr std::chrono::milliseconds usualPatience{5000};
 
-    // Creates the folder if it is missing. If other users can open this folder, a folder "glidemap"
+    // Creates the folder if it is missing. If other users can open `folder`, a folder "glidemap"
     // inside it is used instead.
     explicit SingleInstance(const std::filesystem::path& folder);
     SingleInstance(const SingleInstance&) = delete;

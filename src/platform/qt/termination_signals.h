@@ -1,9 +1,9 @@
 // Calls a function from the event loop on SIGTERM, SIGINT and SIGHUP, so that the program shuts
 // down cleanly and releases its grabs and keys.
 //
-// With a limit, the process exits when this time has passed since the last signal or call of
-// limitEnd(), even if an unresponsive desktop service blocks the shutdown. The exit status is then
-// success.
+// If a limit is given, the process exits when this much time has passed since the last signal or
+// the last call of limitEnd(), even if an unresponsive desktop service blocks the shutdown. The
+// exit status is then success.
 //
 // A second signal of the same kind ends the process immediately, in case the shutdown hangs. The
 // kernel then releases grabs and removes virtual devices. A signal that was ignored when the

@@ -47,8 +47,8 @@ public:
     // that is earlier than before: a record may contain such a time.
     void advanceTo(double time);
 
-    // Runs the tasks in the serial queue, then those in the main queue, until both queues are
-    // empty.
+    // Runs the tasks in the serial queue, then those in the main queue, and repeats this until both
+    // queues are empty.
     void runSubmitted();
 
     // Runs all remaining delayed items as advanceTo() does, and leaves the clock at the last

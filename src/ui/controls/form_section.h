@@ -1,5 +1,5 @@
 // A section of a form: an optional heading above a rounded card. Thin lines separate the visible
-// rows of the card. A section is wide enough for its hidden rows, so that its width is constant
+// rows of the card. A section is wide enough for its hidden rows, so that its width does not change
 // when rows appear.
 //
 // Units:   points.

@@ -49,7 +49,7 @@ bool Picker::event(QEvent* event) {
 }
 
 // When a key changes the choice while the list is closed, Qt 6.4 reports only a changed name, which
-// screen readers ignore.
+// screen readers ignore. Therefore, this function announces the choice.
 void Picker::keyPressEvent(QKeyEvent* event) {
     const int before = currentIndex();
     QComboBox::keyPressEvent(event);

@@ -1,6 +1,6 @@
 // A combo box for a form. The mouse wheel scrolls the form and never changes the choice. The open
-// list is wide enough for its longest entry and the check mark, up to half of the screen. If the
-// picker is too narrow for its text, its tooltip shows the text.
+// list is wide enough for its longest entry and the check mark, up to half of the screen's width.
+// If the picker is too narrow for its text, its tooltip shows the text.
 //
 // In a form row, the picker takes the available width, regardless of its entries.
 //

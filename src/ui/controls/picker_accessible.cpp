@@ -14,8 +14,8 @@ public:
     explicit PickerAccessible(Picker* shown)
         : QAccessibleWidget(shown, QAccessible::ComboBox), picker(*shown) {}
 
-    // The name is the choice, too, as in Qt's own implementation on Linux. The label is exposed as
-    // a separate relation.
+    // The current choice is also the name, as in Qt's own implementation on Linux. The label is
+    // exposed as a separate relation.
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Name || kind == QAccessible::Value
                    ? choice()

@@ -94,7 +94,7 @@ private:
 
 Popover::Popover(QWidget* anchor, QWidget* content)
     : QWidget(anchor->window()), anchor(anchor), backdrop(new Backdrop(anchor->window())) {
-    presentAs<Popover, QAccessible::Dialog>(); // the role of a card that contains controls
+    presentAs<Popover, QAccessible::Dialog>(); // assistive technology treats the card as a dialog
     auto* layout = new QVBoxLayout(this);
     constexpr int withinInset = padding - inset;
     layout->setContentsMargins(withinInset, withinInset, withinInset, withinInset);

@@ -170,8 +170,8 @@ void SearchableList::addGroup(const Group& group) {
     }
 }
 
-// With a search text, highlights the entry whose name equals the text, or else the first entry.
-// Without a search text, highlights the current choice.
+// While the user searches, highlights the entry whose name equals the search text, or else the
+// first entry. Otherwise, highlights the current choice.
 void SearchableList::markFirst(std::optional<int> exactRow) {
     const bool isSearching = !field->text().trimmed().isEmpty();
     if (isSearching && exactRow) {
@@ -238,7 +238,7 @@ void SearchableList::choose(const QModelIndex& index) const {
 
 bool SearchableList::eventFilter(QObject* watched, QEvent* event) {
     if (watched == list->viewport()) {
-        if (event->type() == QEvent::Leave) { // the pointer has left the list
+        if (event->type() == QEvent::Leave) {
             browse(list->currentIndex());
         }
         return false;

@@ -65,7 +65,7 @@ public:
     std::function<void(int value)> onChoose;
 
     // Called when an entry is highlighted or the pointer moves over it. When the pointer leaves the
-    // list, called for the highlighted entry.
+    // list, onBrowse is called again for the highlighted entry.
     std::function<void(int value)> onBrowse;
 
     // Called when the user presses Tab (forward) or Shift+Tab (backward). The callback moves the

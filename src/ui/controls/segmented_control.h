@@ -29,7 +29,7 @@ public:
     // Called when the user chooses another segment.
     std::function<void(int index)> onChange;
 
-    // Returns the position of the highlight in segments; fractional while it slides.
+    // Returns the index of the highlighted segment; fractional while the highlight slides.
     double groundPosition() const { return ground.value(); }
 
 protected:

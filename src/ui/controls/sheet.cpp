@@ -20,7 +20,7 @@ namespace glidemap {
 namespace {
 
 constexpr int radius = 12;
-constexpr double slideFrom = 14; // points above the final position, where the animation starts
+constexpr double slideFrom = 14; // the animation starts this many points above the final position
 constexpr double veilLight = 0.28;
 constexpr double veilDark = 0.5;
 

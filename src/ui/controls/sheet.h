@@ -2,8 +2,8 @@
 //
 // If the system has native sheets, the system positions, rounds and animates the sheet and dims the
 // window; this class only provides the content. Otherwise the sheet is a separate window, because
-// it may be larger than its parent window. Its corners are round. It has a shadow if the desktop
-// supports translucent windows; otherwise a mask cuts the corners.
+// it may be larger than its parent window. The corners of the sheet are round. The sheet has a
+// shadow if the desktop supports translucent windows; otherwise a mask cuts the corners.
 //
 // Units:   points.
 // Thread:  the main thread.

@@ -13,7 +13,7 @@ namespace {
 constexpr int trackWidth = 36;
 constexpr int trackHeight = 20;
 constexpr double knobInset = 2;
-constexpr double stretch = 3; // how much wider the knob becomes while it is pressed
+constexpr double stretch = 3; // added to the width of the knob while it is pressed
 constexpr int textGap = 8;
 constexpr int textFlags = Qt::AlignVCenter | Qt::TextShowMnemonic | Qt::TextHideMnemonic;
 
@@ -65,7 +65,8 @@ void Switch::drawTrack(QPainter& painter, const QRectF& track) const {
     const QColor on = style::color(Role::accentGround);
     painter.setOpacity(isEnabled() ? 1 : 0.5);
     style::fillRounded(painter, track, radius, mixed(off, on, knob.value()));
-    // The edge separates the track of a switch that is off from a background of similar colour.
+    // While the switch is off, its track and the background have similar colours, so the track
+    // needs an edge.
     style::strokeRounded(painter, track, radius, style::hairline(painter),
                          mixed(style::color(Role::tertiary), on, knob.value()));
     if (isEnabled() && underMouse()) {

@@ -10,9 +10,9 @@ namespace {
 
 // Distances from the corner point along an edge, in radii. They describe the curve x³ + y³ = 1,
 // scaled so that it shares its midpoint with a circular corner of radius 1. Where the curve meets
-// an edge, its curvature is zero. Two Bézier curves, mirrored at the diagonal, approximate the
-// curve. Three control points of each Bézier curve lie on an edge, so its curvature is zero there,
-// too.
+// an edge, its curvature is zero. Two Bézier curves approximate the curve. They are mirror images
+// of each other across the diagonal. Three control points of each Bézier curve lie on an edge, so
+// its curvature is zero there, too.
 constexpr double leaves = 1.42;   // the curve leaves the edge here
 constexpr double pulls = 1.043;   // gives the midpoint the curvature of x³ + y³ = 1
 constexpr double points = 0.5858; // the tangent at the midpoint crosses the edge here

@@ -97,7 +97,8 @@ double GestureDemoView::moment() const {
     return sinceTheLast < 0 ? sinceTheLast + demo::loopDuration : sinceTheLast;
 }
 
-// Returns false for an invisible widget. Rendering it into an image must not start the animation.
+// Returns false for an invisible widget, because rendering such a widget into an image must not
+// start the animation.
 bool GestureDemoView::canBeSeen() const {
     const QWindow* const handle = window()->windowHandle();
     return isVisible() && !window()->isMinimized() && handle != nullptr && handle->isExposed() &&

@@ -11,7 +11,7 @@ namespace {
 // Measures how much of a frame is visible.
 struct Clarity {
     double fingers = 0; // the sum of their opacities
-    double drawn = 0;   // the trail's length plus the ring's radius times its opacity
+    double drawn = 0;   // the trail's length, plus the product of the ring's radius and opacity
 };
 
 double lengthOf(const std::vector<Point>& trail) {

@@ -9,9 +9,8 @@
 
 namespace glidemap::demo {
 
-// Returns the time at which the fingers are most clearly visible. Of several such times, returns
-// the latest of those at which the trail and the ring are largest, because the motion is complete
-// then.
+// Returns the time at which the fingers are most clearly visible. If there are several such times,
+// returns the latest one with the largest trail and ring, because the motion is complete then.
 double stillMoment(GestureType gesture);
 
 } // namespace glidemap::demo

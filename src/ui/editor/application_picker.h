@@ -52,7 +52,7 @@ private:
     const Offer offer;
     Lang& lang;
     std::optional<RunningApp> selected;
-    std::vector<RunningApp> apps; // the entries after the first one, which means no application
+    std::vector<RunningApp> apps; // all entries except the first, which stands for no application
     Subscription toLanguage;
 };
 

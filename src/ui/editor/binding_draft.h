@@ -1,4 +1,5 @@
-// The values of the editor's fields. Once they are complete, the draft creates the binding.
+// The values of the editor's fields. When all required values are set, the draft can create the
+// binding.
 //
 // A field that the chosen kinds of action and scope do not use keeps its value but is not saved.
 // Thus, nothing is lost when the user switches to another kind and back.

@@ -45,8 +45,8 @@ std::string missingText(BindingDraft::Missing missing, const Lang& lang) {
     return {};
 }
 
-// Scrolls the form vertically. Qt's scroll area can become narrower than its content; this one
-// cannot, so that the sheet does not cut off wide rows.
+// Scrolls the form vertically. Unlike QScrollArea, this class cannot become narrower than its
+// content, so that the sheet does not cut off wide rows.
 class FormScroller : public QScrollArea {
 public:
     using QScrollArea::QScrollArea;
@@ -87,7 +87,7 @@ BindingEditor::BindingEditor(const Services& services, std::optional<GestureBind
     connect(cancelButton, &QPushButton::clicked, this, [this] { leave(); });
     connect(saveButton, &QPushButton::clicked, this, [this] { save(); });
     toLanguage = services.lang.changes().subscribe({}, [this] { retitle(); });
-    // Subscribes after the sections did, so that they update their labels first.
+    // The editor subscribes after its sections, so that the sections update their labels first.
     toTheme = Theme::shared().changes().subscribe({}, [this] { alignPickers(); });
     retitle();
     setFocusProxy(gestureSection->firstControl());
@@ -164,8 +164,8 @@ void BindingEditor::leave() const {
     }
 }
 
-// Handles keys that no control accepted. Auto-repeat is ignored: the Return that opened the sheet
-// must not save it, and the Escape that closed a list must not cancel the sheet.
+// Handles keys that no control accepted. Auto-repeat is ignored: the Return key that opened the
+// sheet must not save the binding, and the Escape key that closed a list must not cancel the sheet.
 void BindingEditor::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Escape:

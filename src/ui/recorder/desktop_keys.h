@@ -4,7 +4,7 @@
 // Thread:  the main thread.
 // Owner:   the KeyPresses object of the same platform. The destructor returns the keys to the
 //          desktop.
-// Errors:  none; on a desktop that does not support it, nothing changes.
+// Errors:  none; on a desktop that does not support capturing, nothing changes.
 #pragma once
 
 class QWindow;

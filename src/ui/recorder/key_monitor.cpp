@@ -98,7 +98,7 @@ bool KeyMonitor::takesPress(const QKeyEvent& event) {
         return running || taken.contains(keyOf(event));
     }
     if (!running) {
-        taken.erase(keyOf(event)); // its release went to another program
+        taken.erase(keyOf(event)); // no effect unless the key's release was lost
         removeIfDone();
         return false;
     }

@@ -44,9 +44,9 @@ public:
     // Like stop(), but no longer swallows the auto-repeats and releases of captured presses.
     virtual void abandon() { stop(); }
 
-    // Also captures the keys that the desktop reserves for itself. This window receives them, and
-    // must have the focus. With null, returns these keys to the desktop. Some platforms do not
-    // support this.
+    // Also captures the keys that the desktop reserves for itself. The given window receives them,
+    // and must have the focus. If the window is null, these keys return to the desktop. Platforms
+    // that do not support this do nothing.
     virtual void captureDesktopKeys(QWindow* /*window*/) {}
 };
 

@@ -140,7 +140,8 @@ bool ShortcutChooser::focusNextPrevChild(bool next) {
     return QWidget::focusNextPrevChild(next);
 }
 
-// On a toggle, Return closes the chooser. Otherwise the key would reach the sheet and save it.
+// On a toggle, Return closes the chooser. Otherwise the key would reach the sheet, which would save
+// the binding.
 void ShortcutChooser::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         QWidget::keyPressEvent(event);

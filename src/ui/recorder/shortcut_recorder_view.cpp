@@ -241,7 +241,7 @@ QString ShortcutRecorderView::buttonText() const {
 void ShortcutRecorderView::retitle() {
     label->setText(toQt(lang.choose("Shortcut", "快捷键")));
     const QString text = buttonText();
-    button->setText(QString(text).replace('&', "&&")); // escapes the mnemonic
+    button->setText(QString(text).replace('&', "&&")); // a single & would mark a mnemonic
     const bool showsShortcut = recorded && !recording;
     button->setAccessibleName(showsShortcut ? toQt(spokenShortcut(*recorded, lang)) : text);
     button->setToolTip(showsShortcut ? toQt(writtenShortcut(*recorded)) : QString());

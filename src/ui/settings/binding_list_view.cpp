@@ -298,7 +298,8 @@ void BindingListView::focusOutEvent(QFocusEvent* event) {
 }
 
 bool BindingListView::eventFilter(QObject* watched, QEvent* event) {
-    // The scroll area would scroll on keys that move the selection.
+    // The list handles the keys of the scroll area, which would otherwise scroll on keys that move
+    // the selection.
     if (watched == area && event->type() == QEvent::KeyPress) {
         keyPressEvent(static_cast<QKeyEvent*>(event));
         return true;

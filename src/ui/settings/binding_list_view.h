@@ -90,7 +90,7 @@ private:
     Ground* ground; // has the height of all rows together
     std::optional<std::size_t> selected;
     bool isMuted = false;
-    bool usesKeys = false; // the user last used the keyboard, not the mouse: shows the focus ring
+    bool usesKeys = false; // true if the user last used the keyboard, not the mouse
     BindingRows present;
     Subscription toTheme;
 };

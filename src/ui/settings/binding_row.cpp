@@ -33,7 +33,7 @@ constexpr int ringRoom = 4; // the margin for a control's focus ring
 constexpr int lineSpacing = 2;
 constexpr int symbolColumn = 22;
 constexpr int arrowSize = 11;
-// The maximum at the default width of the window. In a wider window, maxBadgesShare applies.
+// The maximum width of the badge in points. In a wide row, maxBadgesShare allows a wider badge.
 constexpr int maxBadgeWidth = 200;
 constexpr double maxBadgesShare = 0.28; // the maximum share of the row's width
 constexpr double cornerRadius = 7;
@@ -277,7 +277,8 @@ void BindingRow::enter() {
     enabled->setFocus(Qt::TabFocusReason);
 }
 
-// Moves the focus to the next control, or from the first control back to the list.
+// Handles the Left and Right keys, which move the focus to the neighbouring control, or from the
+// first control back to the list. Returns false for other keys.
 bool BindingRow::movesFocus(int key, QAbstractButton* from) {
     if (key != Qt::Key_Left && key != Qt::Key_Right) {
         return false;
@@ -295,8 +296,8 @@ bool BindingRow::movesFocus(int key, QAbstractButton* from) {
     return true;
 }
 
-// The Return key clicks the focused button, but on the check box it is left to the list. On every
-// control, the keys that move the selection are left to the list.
+// The Return key clicks the focused button, but on the check box this key is left to the list. Up
+// and Down are left to the list on every control, because they move the selection.
 bool BindingRow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn && onFocusInside) {
         onFocusInside(static_cast<QFocusEvent*>(event)->reason());

@@ -26,7 +26,7 @@ bool hasGrownByOne(const BindingList& before, const BindingList& after);
 
 // Returns the index to which a movement key (such as Qt::Key_Up) moves the selection in a list of
 // `count` > 0 bindings, or nullopt for other keys. Without a selection, Down selects the first
-// binding. Other keys move as if the first binding were selected.
+// binding, and every other movement key moves as if the first binding were selected.
 std::optional<std::size_t> selectionMovedBy(int key, std::optional<std::size_t> selected,
                                             std::size_t count, std::size_t pageLength);
 

@@ -2,7 +2,7 @@
 // application. Without it, bindings for single applications do not work on these desktops.
 //
 // Thread:  the main thread. state() does not block: it returns the last known state.
-// Errors:  as text from the system.
+// Errors:  returned by lastError(), as text from the system.
 #pragma once
 
 #include "core/observable.h"

@@ -54,7 +54,7 @@ int widthWith(const char* text, const Control& like, Control&& asked) {
 // Qt::CTRL is Command on macOS, and Control elsewhere.
 constexpr auto addKeys = Qt::CTRL | Qt::Key_N;
 
-// The picker is as wide as the name of the first language needs, which is the longest name.
+// The picker is just wide enough for the name of the first language, which is the longest name.
 // Measuring the Chinese name would load the Chinese font before the list opens.
 class LanguagePicker : public Picker {
 public:

@@ -69,7 +69,7 @@ private:
     QBoxLayout* controls;
     QHBoxLayout* choices;  // the first line of controls, or the first part of the only line
     QHBoxLayout* commands; // the second line, or the rest of the only line
-    // The minimum widths in points, in either language:
+    // The minimum widths in points that are sufficient in both languages:
     int lineNeeds = 0;    // for title and controls on one line
     int controlsNeed = 0; // for all controls on one line
     StyledLabel* title = nullptr;

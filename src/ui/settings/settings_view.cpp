@@ -27,7 +27,7 @@ constexpr int emptyStateDrawing = 64;
 
 } // namespace
 
-// Replaces the list while there are no bindings: a drawing above a text, which wraps.
+// Replaces the list while there are no bindings: a drawing above a text with word wrap.
 class SettingsView::EmptyState : public QWidget {
 public:
     explicit EmptyState(QWidget* parent);
@@ -149,7 +149,7 @@ void SettingsView::observe() {
     }
 }
 
-// Called only on creation, when the view is shown and after a language change, because setting an
+// Called only when the view is created or shown and when the language changes, because setting an
 // accessible name notifies screen readers.
 void SettingsView::retitle() {
     header->retitle();

@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::array sizes{16, 22, 24, 32, 48, 64, 96, 128, 256};
 
-// Qt sends all listed sizes of a window's icon to the X server, but no desktop shows an icon larger
-// than this.
+// The maximum size in availableSizes(). Qt sends all listed sizes of a window's icon to the X
+// server, but no desktop shows a larger icon.
 constexpr int maxListedSize = 128;
 
 // Copies only the requested size from the resources.

@@ -86,7 +86,7 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
         const int side = std::min(size.width(), size.height());
-        // Two pixels have room for the edge only.
+        // An icon of two pixels would only have room for the edge.
         return side > 2 ? draw(symbol, side, strength) : QPixmap();
     }
 

@@ -25,8 +25,8 @@ namespace glidemap {
 
 enum class Role {
     primary,   // text and drawings
-    secondary, // explanations and less important texts
-    tertiary,  // placeholders and disabled hints
+    secondary, // explanations, placeholders and less important texts
+    tertiary,  // disabled texts, and edges of buttons, check boxes and switches
     accent,
     onAccent, // text on the accent background
     red,
@@ -42,7 +42,7 @@ enum class Role {
     pressed,
     selection,    // drawn over the background of the selected row
     accentGround, // areas in the accent colour, with text in `onAccent`
-    outline,      // the edge of controls
+    outline,      // edges of sheets, popovers, text fields and disabled controls
     track,        // the groove of a switch, and the background of a segmented control
     knob,
 };

@@ -43,7 +43,7 @@ int linesIn(QWidget& widget) {
     return lines;
 }
 
-TEST(StyledLabelTest, LineSizeFollowsTextAndFont) {
+TEST(StyledLabelTest, LineSizeIsMeasuredAgainAfterATextOrFontChange) {
     StyledLabel label(TextStyle::body, Role::primary);
     const auto measured = [&label] {
         const QFontMetricsF metrics(label.font(), &label);
@@ -135,7 +135,7 @@ TEST(BadgeTest, BackgroundHasTheBadgeColourAtFifteenPercentOpacity) {
     const QColor ground = image.pixelColor(5, badge.height() / 2);
     EXPECT_NEAR(ground.alphaF(), 0.15, 0.005);
     EXPECT_NEAR(ground.hue(), Theme::shared().tint(Role::purple, 1).hue(), 6);
-    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0); // round ends
+    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0); // the ends of the badge are round
 }
 
 TEST(NoticeTest, BackgroundHasTheGivenOpacity) {

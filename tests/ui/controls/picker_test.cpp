@@ -13,7 +13,7 @@ namespace glidemap {
 namespace {
 
 QString tooltipOf(Picker& picker) {
-    QToolTip::hideText(); // the text disappears a moment later
+    QToolTip::hideText(); // takes effect after a short delay
     EXPECT_TRUE(test::waitFor([] { return QToolTip::text().isEmpty(); }));
     QHelpEvent hover(QEvent::ToolTip, picker.rect().center(),
                      picker.mapToGlobal(picker.rect().center()));

@@ -48,7 +48,7 @@ TEST_F(PopoverTest, OpensWithFocusInTheAnchorWindow) {
     EXPECT_TRUE(popover->isVisible());
     EXPECT_EQ(popover->window(), &stage);
     EXPECT_TRUE(popover->hasFocus());
-    EXPECT_EQ(popover->placement().card.size(), QSize(246, 166)); // padded by 8
+    EXPECT_EQ(popover->placement().card.size(), QSize(246, 166)); // 8 points around the content
 }
 
 TEST_F(PopoverTest, HasTheAccessibleDialogRole) {

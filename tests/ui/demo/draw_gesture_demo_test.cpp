@@ -102,7 +102,7 @@ TEST_F(PadDrawingTest, FillsTheViewAtItsAspectRatioAndIsCentred) {
     }
 }
 
-TEST_F(PadDrawingTest, IsDrawnInPlaceInWideAndTallViewsAtEveryScaleFactor) {
+TEST_F(PadDrawingTest, OutlineLiesInsideThePadInWideAndTallViewsAtEveryScaleFactor) {
     for (const QSizeF size : {QSizeF(400, 130), QSizeF(145, 400)}) {
         for (const double ratio : {1.0, 1.5, 2.0}) {
             const QImage image = painted(GestureType::twoFingerTap, 0, {size, ratio});
@@ -142,7 +142,7 @@ TEST_F(PadDrawingTest, HasRoundedCorners) {
     constexpr double apex = radius * 0.2929;
     EXPECT_EQ(opacityAt(image, {apex - 3, apex - 3}), 0);
     EXPECT_NEAR(opacityAt(image, {apex + 0.5, apex + 0.5}), 0.7, 0.02);
-    EXPECT_EQ(opacityAt(image, {radius, 0.5}), 0); // within the curve
+    EXPECT_EQ(opacityAt(image, {radius, 0.5}), 0); // the outline still curves here
     EXPECT_GT(opacityAt(image, {1.45 * radius, 0.5}), 0.44);
 }
 
@@ -200,8 +200,8 @@ TEST_F(TrailDrawingTest, CircleTrailIsADotUntilTheFingerMoves) {
     }
 }
 
-// Half-way through the ripple, the ring's radius is 0.26 of the pad's height and its opacity 0.4.
-TEST_F(RingDrawingTest, ClickRingIsTwoPointsWideAtItsRadius) {
+// Halfway through the ripple, the ring's radius is 0.26 of the pad's height and its opacity 0.4.
+TEST_F(RingDrawingTest, ClickRingHasTheExpectedRadiusAndIsTwoPointsWide) {
     for (const double ratio : {1.0, 1.5, 2.0}) {
         const View view = {{400, 200}, ratio};
         const QImage image = painted(GestureType::twoFingerClick, 1.4, view);
@@ -247,7 +247,7 @@ TEST_F(FingerDrawingTest, IsAFilledCircleInThePrimaryColor) {
     }
 }
 
-TEST_F(FingerDrawingTest, RadiusFollowsItsScale) {
+TEST_F(FingerDrawingTest, RadiusIsProportionalToTheFingersScale) {
     const View view = {{400, 200}};
     const QImage pressed = painted(GestureType::twoFingerClick, 1.3, view);
     const QPointF finger = on(padIn(view.size), {0.42, 0.4945});

@@ -65,7 +65,7 @@ TEST(EnvelopeTest, SpanShorterThanTheFadesIsNeverFullyOpaque) {
     EXPECT_NEAR(env(1.16, 1, 1.2, 0.2), 0.104, exactness);
 }
 
-TEST(HandTest, FingersFormARowWithLowerOuterFingers) {
+TEST(HandTest, FingersAreEvenlySpacedAndTheOuterOnesAreLower) {
     struct Row {
         int count;
         Point center;

@@ -291,7 +291,7 @@ TEST_F(BindingEditorTest, DestroyedEditorLeavesNoKeyMonitor) {
     EXPECT_THAT(window.keys, ElementsAre(Qt::Key_Right));
 }
 
-TEST_F(BindingEditorTest, AllTextsFollowTheLanguageAtOnce) {
+TEST_F(BindingEditorTest, AllTextsFollowTheLanguageImmediately) {
     open();
     choose(GestureType::twoFingerClick);
     choose(ActionKind::launchApp);
@@ -447,7 +447,8 @@ TEST_F(BindingEditorTest, FitsItsSheetWithoutScrolling) {
     }
 }
 
-// The offscreen platform's screen is 800 points wide.
+// The sheet widens for large fonts, up to the width of the screen. The offscreen platform's screen
+// is wide enough: 800 points.
 TEST_F(BindingEditorTest, FormFitsTheWidthOfTheSheetEvenWithLargeFonts) {
     window.show();
     auto* const content = new BindingEditor({store, workspace, keys}, std::nullopt);

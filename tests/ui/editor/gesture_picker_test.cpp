@@ -73,7 +73,7 @@ protected:
         return texts;
     }
 
-    // The popover is deleted by the event loop.
+    // Waits, because the event loop deletes the popover later.
     void expectClosed() const {
         EXPECT_FALSE(picker->isOpen());
         EXPECT_TRUE(
@@ -180,7 +180,7 @@ TEST_F(GesturePickerTest, EscapeClosesOnlyTheList) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-// The list covers the sheet's own demonstration.
+// In the editor, the open list covers the demonstration, so the list contains its own.
 TEST_F(GesturePickerTest, HighlightedGestureIsDemonstratedWhileBrowsing) {
     picker->setGesture(GestureType::pinchIn);
     picker->showPopup();
@@ -328,7 +328,7 @@ TEST_F(GesturePickerTest, DestroyedPickerClosesItsList) {
         test::waitFor([this] { return sheet.findChild<QWidget*>("gestureList") == nullptr; }));
 }
 
-TEST_F(GesturePickerTest, AllTextsFollowTheLanguageAtOnceIncludingTheOpenList) {
+TEST_F(GesturePickerTest, AllTextsFollowTheLanguageIncludingThoseOfTheOpenList) {
     type("five t");
     Lang::shared().setCode("zh");
     EXPECT_EQ(picker->currentText(), "单指画圆（任意方向）");

@@ -41,7 +41,7 @@ TEST(RunningAppsTest, NamesThatDifferOnlyInCaseKeepTheWorkspaceOrder) {
                 ElementsAre("Mail (3)", "MAIL (2)", "mail (1)"));
 }
 
-TEST(RunningAppsTest, AreSortedByTheUserLocale) {
+TEST(RunningAppsTest, AreSortedInTheUsersLocale) {
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German));
     EXPECT_THAT(listed({{"1", "Zeit"}, {"2", "Öffner"}, {"3", "Ofen"}, {"4", "Pause"}}),
@@ -58,7 +58,7 @@ TEST(RunningAppsTest, AppsWithoutIdentifierOrNameAreOmitted) {
     EXPECT_THAT(listed({}), IsEmpty());
 }
 
-TEST(RunningAppsTest, KeepDuplicates) {
+TEST(RunningAppsTest, DuplicatesAreKept) {
     EXPECT_THAT(listed({{"a", "App"}, {"a", "App"}}), ElementsAre("App (a)", "App (a)"));
 }
 

@@ -82,7 +82,7 @@ TEST_F(KeyMonitorTest, WindowReceivesANewPressOfACapturedKeyWhoseReleaseWasLost)
     monitor->start();
     typist.press(a);
     monitor->stop();
-    typist.press(a); // a new press implies a missing release
+    typist.press(a); // a second press without a release: the release was lost
     typist.repeat(a);
     typist.release(a);
     EXPECT_THAT(window.keys(), ElementsAre("+65", "-65 again", "+65 again", "-65"));

@@ -211,7 +211,7 @@ TEST_F(ShortcutRecorderViewTest, ModifierKeysAloneRecordNothing) {
         {KEY_LEFTMETA, Qt::Key_Meta},     {KEY_RIGHTMETA, Qt::Key_Super_R},
         {KEY_CAPSLOCK, Qt::Key_CapsLock}, {KEY_FN, Qt::Key_unknown},
         {KEY_LEFTALT, Qt::Key_Meta},      {KEY_CAPSLOCK, Qt::Key_Control},
-        {KEY_BACKSLASH, Qt::Key_AltGr}, // some layouts have a modifier there
+        {KEY_BACKSLASH, Qt::Key_AltGr}, // some layouts have a modifier on this key
     };
     click();
     for (const Key& key : modifierKeys) {
@@ -450,7 +450,8 @@ TEST_F(ShortcutRecorderViewTest, ShowsModifiersWhileTheyAreHeld) {
     typist.modifiers = Qt::ControlModifier;
     typist.press(alt);
     EXPECT_EQ(button().text(), "⌃⌥…");
-    typist.modifiers = Qt::ControlModifier | Qt::AltModifier; // still includes Control
+    // The modifiers of a release event still include the released key.
+    typist.modifiers = Qt::ControlModifier | Qt::AltModifier;
     typist.release(control);
     EXPECT_EQ(button().text(), "⌥…");
     typist.modifiers = Qt::AltModifier;
@@ -588,7 +589,7 @@ TEST_F(DesktopKeysTest, AreReturnedToTheDesktopWhileAnotherWindowIsActive) {
     EXPECT_EQ(captureWindow, window.windowHandle());
 }
 
-// A screen locker needs exclusive access to the keyboard.
+// Capturing must end, because a screen locker needs exclusive access to the keyboard.
 TEST_F(DesktopKeysTest, AreReturnedToTheDesktopAfterTheTimeoutWhileRecordingContinues) {
     recorder->setMaxCaptureTime(std::chrono::milliseconds(1));
     recorder->startRecording();

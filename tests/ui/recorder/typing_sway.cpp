@@ -18,7 +18,8 @@ namespace {
 
 constexpr std::uint32_t keyCodeOffset = 8;
 
-// A memory file with the text and its terminating null character, as the protocol passes keymaps.
+// Returns a memory file with the text and its terminating null character. The protocol requires
+// this form for keymaps.
 int fileWith(const char* text, std::size_t size) {
     const int file = memfd_create("keymap", MFD_CLOEXEC);
     EXPECT_EQ(write(file, text, size), static_cast<ssize_t>(size));
@@ -54,7 +55,8 @@ public:
         zwp_virtual_keyboard_v1_key(device, ++time, kernelCode,
                                     down ? WL_KEYBOARD_KEY_STATE_PRESSED
                                          : WL_KEYBOARD_KEY_STATE_RELEASED);
-        // For a real keyboard, the compositor itself calculates the modifiers.
+        // The compositor calculates the modifiers of a real keyboard itself, but a client must send
+        // those of a virtual keyboard.
         xkb_state_update_key(state, kernelCode + keyCodeOffset, down ? XKB_KEY_DOWN : XKB_KEY_UP);
         zwp_virtual_keyboard_v1_modifiers(
             device, xkb_state_serialize_mods(state, XKB_STATE_MODS_DEPRESSED),

@@ -149,7 +149,8 @@ TEST_F(SettingsAccessibilityTest, WindowAndNoticesHaveTheirRolesWithoutExtraFram
     expectNoFrameInside(described(&stage.window()));
 }
 
-// Counts the name changes of a control through its tooltip, because both are set together.
+// Detects changes of a control's accessible name by its tooltip changes, because both are set
+// together.
 class TitleCounter : public QObject {
 public:
     int titles = 0;

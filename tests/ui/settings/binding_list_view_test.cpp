@@ -153,9 +153,9 @@ TEST_F(BindingListViewTest, DeleteKeyDeletesTheSelectedBindingAndSelectsANeighbo
     press(Qt::Key_Down);
     press(Qt::Key_Delete);
     EXPECT_EQ(stored(), (BindingList{before[0], before[2]}));
-    EXPECT_EQ(list->selectedIndex(), Place(1)); // its successor
+    EXPECT_EQ(list->selectedIndex(), Place(1)); // the successor of the deleted binding
     press(Qt::Key_Delete);
-    EXPECT_EQ(list->selectedIndex(), Place(0)); // its predecessor
+    EXPECT_EQ(list->selectedIndex(), Place(0)); // the predecessor of the deleted binding
     press(Qt::Key_Delete);
     EXPECT_TRUE(stored().empty());
     EXPECT_TRUE(stage->isShown("emptyState"));
@@ -326,7 +326,7 @@ TEST_F(BindingListViewTest, BindingsWithTheSameIdentifierHaveSeparateRows) {
     EXPECT_EQ(stage->rowCount(), 1);
 }
 
-TEST_F(BindingListViewTest, CreatesRowsOnlyForVisibleBindings) {
+TEST_F(BindingListViewTest, CreatesRowsOnlyForVisibleAndNearbyBindings) {
     open(test::manyBindings(1000));
     EXPECT_LE(stage->rowCount(), 20);
     for (int value = 0; value < bar().maximum(); value += 97) {

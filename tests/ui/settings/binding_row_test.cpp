@@ -147,7 +147,7 @@ TEST_F(BindingRowTest, EditAndDeleteButtonsCallTheirCallbacks) {
 
 TEST_F(BindingRowTest, DisabledBindingIsDrawnAtHalfOpacityIncludingItsCheckBox) {
     show(test::bound(GestureType::drawCircle, LockScreen{}, AppScope{"org.example", "Writer"}));
-    // Samples the strongest pixels: the badge's background and the middle of the check mark.
+    // Samples a pixel of the badge's background and a pixel of the check box.
     const QColor ground = Theme::shared().color(Role::window);
     const auto probes = [&] {
         return std::pair(pixel("scopeBadge", {5, part("scopeBadge").height() / 2}),
@@ -157,7 +157,8 @@ TEST_F(BindingRowTest, DisabledBindingIsDrawnAtHalfOpacityIncludingItsCheckBox) 
     GestureBinding disabled = row->binding();
     disabled.enabled = false;
     row->setBinding(disabled);
-    // The box is unchecked now; check it again without a signal, to compare it with itself.
+    // The check box of a disabled binding is unchecked. Checks the box again, without a signal, so
+    // that the two samples differ only in opacity.
     const QSignalBlocker quiet(&part("enabled"));
     dynamic_cast<QCheckBox&>(part("enabled")).setChecked(true);
     const auto [dimmedBadge, dimmedBox] = probes();

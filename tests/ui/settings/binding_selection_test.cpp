@@ -69,7 +69,7 @@ TEST_F(BindingSelectionTest, MovementKeysStayWithinTheList) {
         const char* what;
         int key;
         Place from;
-        Place to; // of ten bindings, four per page
+        Place to; // in a list of ten bindings, four per page
     };
     const Row rows[] = {
         {"up", Qt::Key_Up, 5, 4},

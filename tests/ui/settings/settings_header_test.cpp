@@ -21,7 +21,7 @@ using Arrangement = SettingsHeader::Arrangement;
 
 class SettingsHeaderTest : public testing::Test {
 protected:
-    // The edges of the visible shape of a control.
+    // Return the left and the right edge of a control's visible shape.
     int leftOf(const char* name) const { return test::seenRect(*stage.find(name)).left(); }
     int rightOf(const char* name) const { return test::seenRect(*stage.find(name)).right() + 1; }
     SettingsHeader& header() const {
@@ -200,7 +200,7 @@ TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheLayoutAtEveryWidth) {
 }
 
 // Checks combinations of font size, window width and language.
-TEST_F(SettingsHeaderTest, NothingIsClippedOrOverlaps) {
+TEST_F(SettingsHeaderTest, NoControlIsClippedOrOverlapsAnother) {
     stage.open();
     for (const double factor : {1.0, 1.25, 1.5, 1.75, 2.0}) {
         const kit::LargerLetters letters(factor);

@@ -84,7 +84,7 @@ TEST_F(SettingsViewTest, CommandNOpensTheEditorInBothLanguages) {
     }
 }
 
-TEST_F(SettingsViewTest, EditorShowsTheSystemFunctionOfAGesture) {
+TEST_F(SettingsViewTest, EditorShowsTheNoteAboutTheSystemsUseOfAGesture) {
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.notes->swipe = "This desktop swipes, too.";
     stage.notes->swipeInChinese = "此桌面也滑动。";
@@ -103,7 +103,7 @@ TEST_F(SettingsViewTest, EditorShowsTheSystemFunctionOfAGesture) {
     EXPECT_FALSE(stage.isShown("systemGesture"));
 }
 
-TEST_F(SettingsViewTest, EditorShowsNoSystemFunctionWithoutSystemNotes) {
+TEST_F(SettingsViewTest, EditorShowsNoNoteAboutTheSystemsUseOfAGestureWithoutSystemNotes) {
     stage.open();
     stage.click("addBinding");
     stage.find<QComboBox>("gesturePicker")

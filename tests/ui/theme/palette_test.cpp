@@ -83,7 +83,7 @@ const Row rows[] = {
     {"the focus ring on a card", Role::accent, Role::card, drawing},
 };
 
-TEST(PaletteTest, EveryTextHasEnoughContrast) {
+TEST(PaletteTest, EveryTextAndDrawingHasEnoughContrast) {
     std::vector<std::string> tooFaint;
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         for (const Row& row : rows) {

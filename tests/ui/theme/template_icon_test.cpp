@@ -58,7 +58,7 @@ TEST_F(TemplateIconTest, HasNoNameIfNotInstalled) {
     EXPECT_TRUE(icon.isMask());
 }
 
-TEST_F(TemplateIconTest, HasNoNameIfItMustBeDrawn) {
+TEST_F(TemplateIconTest, DrawnIconHasNoNameEvenIfAnIconIsInstalled) {
     install();
     EXPECT_TRUE(drawnTemplateIcon(symbol).name().isEmpty());
 }

@@ -1,8 +1,8 @@
 // Provides the user's appearance settings from the system settings, and follows their changes.
 //
 // Thread:  the main thread.
-// Owner:   the program; create it after the application object. The system makes no calls after its
-//          destruction.
+// Owner:   the program; create it after the application object. The destructor ends the system's
+//          notifications.
 // Errors:  none. colorScheme() returns nullopt if the appearance is neither light nor dark.
 #pragma once
 

@@ -45,8 +45,8 @@ MacosAppearance::Values MacosAppearance::read() {
             [[NSWorkspace sharedWorkspace] accessibilityDisplayShouldReduceMotion] != NO};
 }
 
-// Compares the values, because the system also sends these notifications when other properties of
-// the display or the appearance change.
+// Compares the values, because the system also sends the observed notifications when other
+// properties of the display or the appearance change.
 void MacosAppearance::readAgain() {
     const Values now = read();
     if (now == values) {

@@ -7,8 +7,8 @@
 //
 // Units:   button numbers of Core Graphics: 0 left, 1 right.
 // Thread:  the main thread, for calls and for the callback.
-// Owner:   the program creates one for the click monitor. The system makes no calls after its
-//          destruction.
+// Owner:   the program creates one for the click monitor. The destructor removes the tap from the
+//          event stream.
 // Errors:  as return values; without permission, the system creates no tap.
 #pragma once
 

@@ -8,8 +8,8 @@
 //
 // Units:   virtual key codes, and AppKit's device-independent modifier flags.
 // Thread:  the main thread, for calls and for callbacks.
-// Owner:   the shortcut recorder. The callback may destroy the monitor; the system makes no calls
-//          after its destruction.
+// Owner:   the shortcut recorder. The callback may destroy the monitor. After the monitor's
+//          destruction, the callback is not called any more.
 // Errors:  none. If the system creates no monitor, no press is reported.
 #pragma once
 

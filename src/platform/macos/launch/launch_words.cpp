@@ -10,8 +10,8 @@ namespace {
 // from the Finder.
 constexpr std::string_view processNumber = "-psn_";
 
-// The prefix of settings for a single launch, such as the language. The system reads these
-// arguments itself.
+// The prefix of arguments that change a setting for a single launch, such as the language. The
+// system reads these arguments itself.
 constexpr std::string_view systemSetting = "-Apple";
 
 bool isValue(std::string_view argument) {

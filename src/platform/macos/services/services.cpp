@@ -65,7 +65,8 @@ public:
 
     void handle() {
         reopen.emplace(AppleEvent::Kind::reopen, reopened);
-        // Qt's handler would refuse the request and quit later; the refusal cancels a logout.
+        // Qt's handler would refuse the request and quit the program later, but a refusal cancels
+        // the logout.
         quit.emplace(AppleEvent::Kind::quit, [held = shell] { held->terminate(); });
     }
 

@@ -10,8 +10,8 @@
 // them, isLocked() keeps its first value.
 //
 // Thread:  see UserSession. The system notifies on the main thread.
-// Owner:   the program; it must outlive all its users. The system makes no calls after its
-//          destruction.
+// Owner:   the program; it must outlive all its users. The destructor ends the system's
+//          notifications.
 // Errors:  none. Without a window server, the session counts as active and unlocked.
 #pragma once
 

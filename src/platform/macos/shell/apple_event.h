@@ -4,12 +4,12 @@
 //   quit     the program must quit: logout, shutdown, or a request from another program
 //
 // The handler replaces the application object's own handler, which is installed during the launch.
-// Therefore, create it only after the event loop has started. Create only one for each kind,
-// because a second would replace the first.
+// Therefore, create this object only after the event loop has started. Create only one object for
+// each kind of event, because a second one would replace the handler of the first.
 //
 // Thread:  the main thread, for calls and for callbacks.
-// Owner:   the program creates one for each kind. The callback may destroy it; the system makes no
-//          calls after its destruction.
+// Owner:   the program creates one for each kind. The callback may destroy the object. Afterwards,
+//          the callback is not called any more.
 // Errors:  none.
 #pragma once
 

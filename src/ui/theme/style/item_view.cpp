@@ -59,7 +59,7 @@ QFont headingFont() {
     return font;
 }
 
-// Draws the icon at the leading edge and returns the remaining rectangle.
+// Draws the icon at the left edge and returns the remaining rectangle.
 QRect drawIcon(QPainter& painter, const QStyleOptionViewItem& option, const QWidget* widget,
                const QRect& room) {
     if (!option.features.testFlag(QStyleOptionViewItem::HasDecoration) || option.icon.isNull()) {

@@ -70,7 +70,7 @@ protected:
     std::vector<std::string> faults;
 };
 
-TEST_F(ShapeRecorderTest, FillAndStrokeInOneCallEqualsTwoCalls) {
+TEST_F(ShapeRecorderTest, FillAndStrokeInOneCallAreRecordedAsTwoShapes) {
     const auto inOne = recorded([this](QPainter& painter) {
         painter.setPen(pen);
         painter.setBrush(Qt::black);
