@@ -4,7 +4,7 @@
 //
 //   driver's thread                          engine's queue                      delayed work
 //   contact callback → handleRawFrame ─────▶ process(frame) of each recognizer
-//                      count under its lock    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ waiting tap
+//                      publish finger count    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ waiting tap
 //
 // Most gestures are recognised when a finger lands or lifts. While the recognizers wait only for
 // that, frames are deferred: they do not wake the queue, and the queue processes them in order
