@@ -39,7 +39,7 @@ protected:
     struct Asked {
         driver::Device device;
         std::int32_t event;
-        int contacts; // the contacts reported before the call
+        int contacts; // the number of contacts in the last report before the call
     };
 
     ClickFilterTest() {
@@ -103,7 +103,7 @@ TEST_F(ClickFilterTest, GrabsAndUngrabsWithoutWaitingForAnEvent) {
     driver.switchClickFilter(false);
     EXPECT_TRUE(system().waitUntilGrabbed(false));
     while (system().journal().size() < 4) {
-        // Repeated, because the reader may not be waiting yet.
+        // Advance the time repeatedly, because the reader may not be waiting yet.
         time.advance(PadInterception::cloneRetention);
         std::this_thread::yield();
     }
@@ -312,7 +312,7 @@ TEST_F(ClickFilterTest, WatchdogUngrabsTheTouchpadWhenTheReaderWaitsForALock) {
     EXPECT_TRUE(pads->waitUntilBlocked());
     pads->stream("event2")->send(fingerDown);
     while (system().isGrabbed()) {
-        // Repeated, because the watchdog may not be waiting yet.
+        // Advance the time repeatedly, because the watchdog may not be waiting yet.
         time.advance(std::chrono::seconds(1));
         std::this_thread::yield();
     }
