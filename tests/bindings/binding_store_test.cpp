@@ -158,7 +158,7 @@ TEST_F(BindingStoreTest, SymbolicLinkToTheFileIsKept) {
     EXPECT_EQ(contentOf(support.path() / "kept.json"), encodeBindings(*store.bindings()));
 }
 
-TEST_F(BindingStoreTest, AssignmentNotifiesThenAssignsThenSavesThenNotifies) {
+TEST_F(BindingStoreTest, AssignmentNotifiesBeforeTheChangeAndAfterSavingIt) {
     BindingStore store = support.launch();
     const std::string before = contentOf(support.file());
     const BindingList list = oneBinding();
