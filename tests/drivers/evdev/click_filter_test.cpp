@@ -70,7 +70,8 @@ protected:
         return askedSoFar;
     }
 
-    // Waits for the grab, and advances the time so that the clone becomes ready.
+    // Waits for the grab, and advances the time so that the clone becomes ready. Returns false on a
+    // time-out.
     bool isTaken(const FakeSystem& system) {
         constexpr std::chrono::milliseconds step = CloneIntroduction::graceOfReader;
         const auto deadline = std::chrono::steady_clock::now() + FakeSystem::limit;
