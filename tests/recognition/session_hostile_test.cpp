@@ -226,7 +226,7 @@ TEST_F(SessionHostileTest, MemoryDoesNotGrowFromSessionToSession) {
     EXPECT_LE(liveMemory(), before + 10'000);
 }
 
-TEST_F(SessionHostileTest, FrameDoesNotAllocateAfterTheFirstSessions) {
+TEST_F(SessionHostileTest, FrameDoesNotAllocateAfterTheFirstSession) {
     const auto fingersAt = [](double x) {
         return TouchFrame{x,
                           {{1, x, 0.2, true},
