@@ -29,7 +29,7 @@ int run(double seconds) {
     if (!clone) {
         return 2;
     }
-    // The driver grabs the touchpad only once a program has opened the clone.
+    // The driver grabs the touchpad only after a program has opened the clone.
     const vm::DeviceReader desktop(*clone);
     vm::PadHand(pad).pause(1).tap(2).pause(1).click(2).pause(2);
     if (!agent.waitForLog("twoFingerTap") || !agent.waitForLog("twoFingerClick")) {

@@ -71,7 +71,7 @@ std::ostream& operator<<(std::ostream& stream, const Row& row) {
 
 class Frames : public testing::TestWithParam<Row> {};
 
-TEST_P(Frames, OfASessionAllocateAtMostOnceOnTheDriversThreadAndNeverOnTheEngines) {
+TEST_P(Frames, OfASessionAllocateAtMostOncePerFrameOnTheDriversThreadAndNeverOnTheEngines) {
     constexpr int pathsAreFullAfter = 2'200;
     CountedPipeline pipeline;
     double time = 1;

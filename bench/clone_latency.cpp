@@ -41,7 +41,7 @@ public:
         return moment;
     }
 
-    // Takes effect with the next frame.
+    // The thread ends at the next frame.
     void stop() { stopping = true; }
 
 private:

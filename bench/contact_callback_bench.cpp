@@ -85,7 +85,7 @@ private:
     std::atomic<bool> stopped = false;
 };
 
-// Pushes the reports of an endless swipe in sequence.
+// Pushes reports in sequence: those of an endless swipe, or those that are passed to it.
 class Driver {
 public:
     explicit Driver(int fingers) : script(movingFingers(fingers, scriptLength)) {}

@@ -29,7 +29,7 @@ struct Axis {
     std::int32_t resolution;
 };
 
-// A typical touchpad with pressure.
+// The axes of a typical touchpad with pressure.
 constexpr auto axes = std::to_array<Axis>({{ABS_X, 4000, 40},
                                            {ABS_Y, 2000, 40},
                                            {ABS_PRESSURE, 255, 0},
@@ -44,7 +44,7 @@ constexpr auto keys =
     std::to_array<unsigned>({BTN_LEFT, BTN_TOUCH, BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP,
                              BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP, BTN_TOOL_QUINTTAP});
 
-// Whether the reader has masked an axis, by the axis's code.
+// For each axis code, whether the reader has masked the axis.
 std::array<bool, ABS_CNT> masked{};
 
 class Reply {
@@ -110,7 +110,7 @@ int takeMask(const input_mask& mask) {
     return 0;
 }
 
-// Replies to the device's ioctl requests like the kernel.
+// Replies to the device's ioctl requests as the kernel does.
 int reply(unsigned long request, void* memory) {
     const unsigned number = _IOC_NR(request);
     const std::size_t size = _IOC_SIZE(request);
@@ -169,7 +169,8 @@ FakeNode::FakeNode() {
     if (mkfifo(node.c_str(), S_IRUSR | S_IWUSR) != 0) {
         throw std::system_error(errno, std::generic_category(), "mkfifo");
     }
-    // Opened for reading as well, because opening it for writing only would fail without a reader.
+    // Open the pipe for reading as well, because opening it only for writing would fail without a
+    // reader.
     writer = OpenFile(open(node.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
     masked.fill(false);
 }

@@ -19,7 +19,7 @@ namespace glidemap::bench {
 
 namespace {
 
-// Taps with three fingers. Each tap is one second after the previous tap.
+// Sends taps with three fingers, each one second after the previous tap.
 class Taps {
 public:
     explicit Taps(HeadlessPipeline& pipeline) {
@@ -31,7 +31,7 @@ public:
 
     void land() { HeadlessPipeline::push(fingers, ++time); }
 
-    // Records the latency of the tap.
+    // Lifts the fingers and records the latency of their tap.
     template <typename Wait>
     void lift(benchmark::State& state, Samples& samples, const Wait& wait) {
         const int before = taps.load();

@@ -130,7 +130,7 @@ void encode(benchmark::State& state) {
 
 BENCHMARK(encode);
 
-// Includes the time that the disk takes.
+// The measured time includes writing to the disk.
 void assignAndSave(benchmark::State& state) {
     const BindingList list = mixed();
     StoreInTemporaryFolder with(list);

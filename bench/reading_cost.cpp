@@ -38,7 +38,7 @@ namespace {
 
 constexpr double reportsPerSecond = 143;
 
-// A directory that contains only this touchpad.
+// A touchpad directory with a single touchpad.
 class OnePad : public PadDirectory {
 public:
     explicit OnePad(std::string path) { candidate.node = std::move(path); }

@@ -75,8 +75,8 @@ void resting(benchmark::State& state) {
     }
 }
 
-// Measures the frame in which the finger lifts after it has drawn a circle, in `points` frames and
-// less than three seconds.
+// Measures the frame in which the finger lifts after drawing. The drawing takes `points` frames and
+// less than three seconds. It is one circle, or five circles if it has more than 1000 points.
 void endOfCircle(benchmark::State& state) {
     constexpr int rounds = 5;
     constexpr double duration = 2.9;

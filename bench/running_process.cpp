@@ -55,7 +55,6 @@ double cpuSeconds(pid_t process) {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
-// Sleeps for the length of the measurement.
 void sleepFor(double seconds) {
     const auto whole = static_cast<time_t>(seconds);
     timespec left{whole, static_cast<long>((seconds - static_cast<double>(whole)) * 1e9)};

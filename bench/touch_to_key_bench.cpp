@@ -69,7 +69,7 @@ void measureTaps(benchmark::State& state, Clone clone) {
     VirtualPad pad(vm::ordinaryPad());
     const Agent agent;
     DeviceReader keyboard(vm::waitForNode("Glidemap Keyboard").value_or("/dev/null"));
-    std::optional<DeviceReader> desktop; // the driver does not grab a touchpad without a reader
+    std::optional<DeviceReader> desktop; // the driver grabs only touchpads whose clone is open
     if (clone == Clone::read) {
         desktop.emplace(vm::waitForNode(pad.shape().name, pad.node()).value_or("/dev/null"));
     }

@@ -20,7 +20,7 @@ MTTouch contact(std::int32_t identifier, double x, double y,
 Report fingersAt(int count, double offset, std::int32_t firstIdentifier = 1);
 
 // Returns the first `length` reports of an endless swipe, in which all fingers move back and forth.
-// Each step is long enough to be added to the path.
+// Each step is long enough for the recognizer to add it to the finger's path.
 std::vector<Report> movingFingers(int count, int length);
 
 TouchFrame frameOf(const Report& report, double timestamp);

@@ -60,7 +60,7 @@ void stillMoment(benchmark::State& state) {
 
 BENCHMARK(stillMoment)->Unit(benchmark::kMicrosecond);
 
-// The time includes clearing the picture, as every repaint does.
+// The measured time includes clearing the picture, because every repaint clears it, too.
 template <class Draw>
 void paint(benchmark::State& state, double pixelRatio, Draw drawFrame) {
     const QSize size(230, 150);

@@ -45,7 +45,7 @@ private:
 
 } // namespace
 
-TEST(WakeUps, MovingFingersWakeTheEngineOnceInThirtyTwoReports) {
+TEST(WakeUps, MovingFingersWakeTheEngineAtMostOnceIn32Reports) {
     constexpr std::size_t count = 640;
     for (const int contacts : {1, 2, 5}) {
         WakeUps wakeUps;

@@ -25,8 +25,8 @@ std::optional<std::filesystem::path> followLinks(std::filesystem::path file) {
     return std::nullopt;
 }
 
-// Do not replace a device with a regular file: a user may link the bindings file to /dev/null to
-// store nothing.
+// Returns whether the file is a device. A device must not be replaced with a regular file, because
+// a user may link the bindings file to /dev/null to store nothing.
 bool isDevice(const std::filesystem::path& file) {
     std::error_code error;
     return std::filesystem::is_character_file(file, error) ||

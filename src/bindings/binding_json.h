@@ -3,11 +3,12 @@
 // Decoding is strict: a missing key, a value of the wrong type or an unknown text, such as an
 // unknown gesture, makes the whole array invalid. Unknown keys are ignored. Where the JSON standard
 // leaves a choice:
-// - A number is an integer if its exact value is one, in any notation: 36, 36.0, 3.6e1.
+// - A number is an integer if its exact value is an integer, in any notation: 36, 36.0, 3.6e1.
+//   The number of an ignored key may have any size.
 // - If an object repeats a key, the last value counts.
 // - A byte-order mark at the start is skipped: some editors write one.
 // - Invalid UTF-8 makes the whole array invalid: such a file is not JSON. An escaped unpaired
-//   surrogate reads as U+FFFD. An ignored number may have any size.
+//   surrogate reads as U+FFFD.
 // - Values nested deeper than a shortcut inside an action inside a binding are skipped. Decoding
 //   does not recurse, so it accepts any depth.
 //

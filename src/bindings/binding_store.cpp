@@ -63,7 +63,7 @@ std::filesystem::path BindingStore::location() const {
         std::abort();
     }
     const std::filesystem::path folder = support / "Glidemap";
-    std::error_code ignored; // ignored, because reading or writing the file then fails too
+    std::error_code ignored; // after an error, reading or writing the file fails, too
     std::filesystem::create_directories(support, ignored);
     makePrivateFolder(folder);
     return folder / "bindings.json";

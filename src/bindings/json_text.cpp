@@ -112,7 +112,8 @@ Token escapeAt(std::string_view text) {
 }
 
 Token numberAt(std::string_view text) {
-    constexpr std::string_view null = "null"; // a shorter number is never too large
+    // The replacement always fits: a number with fewer characters than "null" is never too large.
+    constexpr std::string_view null = "null";
     std::size_t length = 0;
     if (!skipNumber(text, length) || length < null.size() ||
         decimalIn(text.substr(0, length)).wholeDigits() <= maxDigits) {

@@ -18,7 +18,7 @@ std::string keyWords(std::uint16_t keyCode, const Lang& lang,
                      KeyboardKind keyboard = usualKeyboard());
 
 // Returns the label that shortcut texts show for the key, such as "→". Returns an empty text for a
-// key without a label, for which shortcut texts show its number.
+// key without a label; shortcut texts show the number of such a key.
 std::string keyLabel(std::uint16_t keyCode);
 
 // Returns the name of a single modifier bit, such as "Ctrl" or "Control".

@@ -1,5 +1,4 @@
-// Writes a shortcut in words, for screen readers and for keyboards with key names instead of
-// symbols.
+// Writes a shortcut as text: in words for screen readers, and in the notation of PC keyboards.
 //
 // Thread:  any; pure functions.
 #pragma once
@@ -14,7 +13,7 @@
 
 namespace glidemap {
 
-// In the order in which a shortcut lists them.
+// All modifiers, in the order in which the text of a shortcut lists them.
 inline constexpr std::array allModifiers = {modifier::control, modifier::option, modifier::shift,
                                             modifier::command};
 

@@ -34,7 +34,7 @@ Fingers performCircle(Turn turn, Chance& chance);
 Fingers performPinch(Pinch pinch, Chance& chance);
 Fingers performRotation(Turn turn, Chance& chance);
 
-// Returns radians, with y upwards.
+// Returns the direction's angle in radians, counterclockwise from the right.
 double angleOf(Direction direction);
 
 } // namespace glidemap

@@ -22,8 +22,9 @@ struct Finger {
 
 using Fingers = std::vector<Finger>;
 
-// Returns the point at `distance` from `centre` in the direction `angle`. Both refer to the space
-// whose x axis is stretched by padAspect; the distance is in units of the pad's height.
+// Returns the point at `distance` from `centre` in the direction `angle`. The distance and the
+// angle refer to the space whose x axis is stretched by padAspect; the distance is in units of the
+// pad's height.
 PadPoint pointAround(PadPoint centre, double distance, double angle);
 
 // Returns the completed fraction of a stroke after the fraction `part` of its duration. The hand

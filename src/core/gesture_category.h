@@ -27,7 +27,7 @@ enum class GestureCategory : std::uint8_t {
     longPress,
 };
 
-// In the order of declaration.
+// All categories, in the order of the enumeration.
 inline constexpr std::array allGestureCategories = {
     GestureCategory::circle,    GestureCategory::fixAndTap, GestureCategory::tap,
     GestureCategory::doubleTap, GestureCategory::click,     GestureCategory::swipe,
@@ -42,7 +42,7 @@ std::string displayName(GestureCategory category, const Lang& lang);
 // The name of the category's icon in the system's symbol set.
 std::string_view symbolName(GestureCategory category);
 
-// Returns the gestures of the category, in the order of declaration.
+// Returns the gestures of the category, in the order of the enumeration.
 std::vector<GestureType> gestures(GestureCategory category);
 
 } // namespace glidemap

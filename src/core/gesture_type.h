@@ -217,7 +217,7 @@ static_assert(std::ranges::all_of(gestureTable,
                                   [](const GestureRow& row) { return &rowOf(row.type) == &row; }),
               "the rows are in the order of the enumeration");
 
-// In the order of declaration.
+// All gestures, in the order of the enumeration.
 inline constexpr auto allGestureTypes = [] {
     std::array<GestureType, gestureTable.size()> types{};
     std::ranges::transform(gestureTable, types.begin(), &GestureRow::type);
@@ -259,8 +259,8 @@ std::optional<GestureType> gestureTypeFromRawValue(std::string_view rawValue);
 std::string displayName(GestureType gesture);
 std::string displayName(GestureType gesture, const Lang& lang);
 
-// A short text that describes how to make the gesture and which system gestures it may conflict
-// with.
+// Returns a short text: how to make the gesture, and the system gestures with which it may
+// conflict.
 std::string detail(GestureType gesture);
 std::string detail(GestureType gesture, const Lang& lang);
 

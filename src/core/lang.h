@@ -29,7 +29,7 @@ public:
 
     std::string code() const { return *_code.get(); }
 
-    // Announces the change and stores the code, even if it equals the current one.
+    // Announces the change and stores the code, even if `code` is the current code.
     void setCode(const std::string& code);
 
     // Returns the text for the current language.

@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* variable = "GLIDEMAP_LOG";
 
-// Short enough for a pipe to accept in one write.
+// In bytes. A pipe accepts a line of this length in one write.
 constexpr std::size_t maxLine = 1000;
 
 class Line {

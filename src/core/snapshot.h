@@ -1,9 +1,9 @@
 // A value that one thread replaces and other threads read as a whole.
 //
-// A reader gets a consistent value and may keep it. It never sees a partial change and blocks a
-// writer only while it copies a pointer. The class uses a mutex, which is held for nanoseconds,
-// instead of std::atomic<std::shared_ptr>: the thread sanitizer reports a data race in GCC 12's
-// implementation of that type, and Apple's library lacks the type.
+// A reader gets a complete value, never a partial change, and may keep it. Reading blocks a writer
+// only while a pointer is copied. The class uses a mutex, which is held for nanoseconds, instead of
+// std::atomic<std::shared_ptr>: the thread sanitizer reports a data race in GCC 12's implementation
+// of that type, and Apple's library lacks the type.
 //
 // Thread:  any.
 #pragma once

@@ -18,8 +18,8 @@ namespace glidemap {
 
 class Task {
 public:
-    // Enough for a frame, its change number and a weak reference to the engine, with some room to
-    // spare.
+    // In bytes: enough for a frame, its change number and a weak reference to the engine, with some
+    // room to spare.
     static constexpr std::size_t capacity = 96;
 
     Task() = default;

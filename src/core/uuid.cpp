@@ -61,7 +61,7 @@ std::string Uuid::text() const {
     return {buffer.data(), textLength};
 }
 
-// The bytes are random, so any of them are a good hash.
+// The bytes of a new identifier are random, so any of them make a good hash.
 std::size_t Uuid::hash() const {
     std::size_t hash = 0;
     std::memcpy(&hash, bytes.data(), sizeof hash);

@@ -27,7 +27,8 @@ std::error_code lastError() {
 // The interval between attempts to take a lock that another writer holds.
 constexpr timespec lockInterval{.tv_sec = 0, .tv_nsec = 5'000'000};
 
-// Returns the name, or adds a number if a folder with this name cannot be removed.
+// Returns a name that a file can take. Removes an empty folder that has the name. If a folder with
+// the name cannot be removed, adds a number to the name.
 std::string availableFileName(int folder, const std::string& name) {
     constexpr int maxNumber = 9;
     std::string candidate = name;
@@ -133,7 +134,8 @@ std::error_code TemporaryFile::acquire() {
         }
         nanosleep(&lockInterval, nullptr);
     }
-    // If other users can open the file, one of them could hold the lock forever.
+    // If other users can open the file, one of them could hold the lock forever. Replace the file
+    // in that case.
     const bool isRemoved = file && isOpenToOthers() && unlinkat(folder, name.c_str(), 0) == 0;
     return isRemoved && make() == Attempt::done
                ? std::error_code()

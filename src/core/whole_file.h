@@ -8,8 +8,8 @@
 // Each target has one temporary name, ".NAME.saving", so that temporary files of killed writers do
 // not accumulate. The lock prevents a second writer from removing a file that the first one is
 // still writing. The file's permissions keep other users from opening it, and thus from taking the
-// lock, until its content is complete. If a folder has the temporary name, it is removed if empty;
-// otherwise a number is appended to the name.
+// lock, until its content is complete. An empty folder that has the temporary name is removed. If
+// the folder is not empty, a number is appended to the temporary name.
 //
 // Thread:  any; blocks during disk access, and for at most maxWaitForWriter while another
 //          writer holds the lock.

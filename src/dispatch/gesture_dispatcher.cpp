@@ -81,7 +81,8 @@ bool GestureDispatcher::handleClickGesture(GestureType gesture) {
     return true;
 }
 
-// Stores the current value, not the argument: an observer may have set the switch again.
+// Saves the switch's current state, not `enabled`, because an observer may have set the switch
+// again.
 void GestureDispatcher::setMasterEnabled(bool enabled) {
     observers.announceWillChange();
     _masterEnabled.store(enabled);

@@ -69,8 +69,8 @@ public:
     // true.
     bool handle(GestureType gesture, bool execute);
 
-    // Returns whether a binding was found and its action will run. The caller then consumes the
-    // click.
+    // Returns whether a binding was found and its action was submitted. The caller then consumes
+    // the click.
     bool handleClickGesture(GestureType gesture);
 
     // While the switch is off, gestures are neither handled nor logged.

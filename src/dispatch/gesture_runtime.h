@@ -15,8 +15,9 @@
 // user of that session uses the same touchpad. It also pauses while the machine sleeps, so that no
 // touch continues after wake-up.
 //
-// Thread:  the main thread. The callbacks that it installs in the engine and the monitor run on
-//          their threads, hold its parts weakly, and do nothing after its destruction.
+// Thread:  the main thread. The callbacks that the runtime installs in the engine and the monitor
+//          run on those objects' threads, hold the runtime's parts weakly, and do nothing after its
+//          destruction.
 // Owner:   the application, the test agent and each replayed recording create their own.
 // Errors:  none of its own. If the touchpad or a permission is missing, the other parts keep
 //          working.

@@ -26,7 +26,7 @@ public:
     using Time = std::chrono::steady_clock::time_point;
     using Clock = std::function<Time()>; // called on any thread
 
-    // If nothing happens for this long, users click again and expect the desktop to react.
+    // If nothing happens for this long, the user clicks again. Clicks must then reach the desktop.
     static constexpr std::chrono::seconds stalledAfter{1};
 
     // After this long, the user may have switched to another window.

@@ -32,7 +32,7 @@ public:
     // unknown.
     virtual Application frontmostApplication() const = 0;
 
-    // Returns every application with windows of its own, each once.
+    // Returns the applications that have windows of their own, without duplicates.
     virtual std::vector<Application> runningApplications() const = 0;
 
     // Returns the location of the application with this identifier, as a URL.

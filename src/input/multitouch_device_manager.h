@@ -6,7 +6,7 @@
 // Owner:   the process (`MultitouchDeviceManager::shared()`); tests and tools create their
 //          own, one at a time, because all instances share the sink.
 // Errors:  never fatal. The text of loadError() is in Simplified Chinese, regardless of the
-//          language of the interface. After a failure, start() does nothing.
+//          language of the interface. After a failure, start() starts nothing.
 #pragma once
 
 #include "core/observable.h"

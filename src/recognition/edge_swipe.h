@@ -10,8 +10,8 @@
 
 namespace glidemap {
 
-// A finger that starts in a corner starts at two edges. Of these, the first one from which the
-// finger moves inwards counts, in the order left, right, top, bottom.
+// A finger that starts in a corner starts at two edges. The gesture's edge is the first of the two,
+// in the order left, right, top, bottom, from which the finger moves inwards.
 std::optional<GestureType> edgeSwipeOf(const Track& track, double duration);
 
 } // namespace glidemap

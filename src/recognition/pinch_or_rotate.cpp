@@ -10,7 +10,7 @@ constexpr double minDistance = 0.02; // fingers that start closer together make 
 // The change of the distance, in units of the pad's height. A smaller change is not a pinch; an
 // equal or larger change is not a rotation.
 constexpr double minDistanceChange = 0.12;
-// The end distance relative to the start distance.
+// Limits for the end distance relative to the start distance.
 constexpr double spreadRatio = 1.45;
 constexpr double closeRatio = 0.7;
 constexpr double minTurn = 0.7; // radians: about 40 degrees

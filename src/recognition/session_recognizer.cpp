@@ -140,9 +140,9 @@ void SessionRecognizer::follow(const TouchPoint& finger, double time) {
     }
 }
 
-// Ends the track of every finger that is missing from the frame. Each finger is removed from the
-// live fingers before the check for a hold and tap. Fingers that come later in the loop still count
-// as live in that check.
+// Ends the track of every finger that is missing from the frame. A missing finger leaves the live
+// fingers just before its own check for a hold and tap, so missing fingers that come later in the
+// loop still count as live in that check.
 void SessionRecognizer::endLiveTracks(double time) {
     liveIndex.collectMissing(fingerIds, liftedFingers);
     for (const LiveIndex::Entry& finger : liftedFingers) {
@@ -252,7 +252,7 @@ void SessionRecognizer::checkLongPress(double time) {
     report(*longPressOf(liveIndex.size()));
 }
 
-// Every finger that has landed in this session must still be on the pad.
+// A long press requires that every finger that has landed in this session is still on the pad.
 bool SessionRecognizer::mayBecomeLongPress() const {
     if (longPressFired || consumed) {
         return false;

@@ -4,11 +4,11 @@
 //
 //   driver's thread                          engine's queue                      delayed work
 //   contact callback → handleRawFrame ─────▶ process(frame) of each recognizer
-//                      count under its lock    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ waiting tap
+//                      publish finger count    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ waiting tap
 //
-// Most gestures are recognised when a finger lands or lifts. While the recognizers wait only for
-// that, frames are deferred: they do not wake the queue, and the queue processes them in order
-// before the next frame that is not deferred.
+// Most gestures are recognised when a finger lifts. While no gesture is possible until a finger
+// lands or lifts, frames are deferred: they do not wake the queue, and the queue processes them in
+// order before the next frame that is not deferred.
 //
 // Units:   timestamps in seconds as the driver reports them; the cooldown in seconds of
 //          system uptime.

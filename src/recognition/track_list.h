@@ -3,9 +3,9 @@
 // A session lasts as long as any finger rests on the pad, possibly for hours, while other fingers
 // come and go. The list is therefore bounded: when it is full, it drops the tracks that have ended
 // and is marked as crowded. A crowded session cannot contain a gesture that depends on all its
-// tracks: a hand cannot land that many fingers within 1.5 s, the longest duration of such a
-// gesture. A hold and tap depends only on the fingers that are still down and is recognised during
-// the whole session.
+// tracks: a hand cannot land that many fingers within 1.5 s, the longest duration of a gesture of
+// several fingers. A hold and tap depends only on the tap and on the fingers that are still down,
+// so it is recognised during the whole session.
 //
 // Thread:  the engine's queue.
 // Errors:  a finger is not tracked if it lands while the list is full of fingers that are

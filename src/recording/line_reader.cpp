@@ -62,7 +62,7 @@ std::optional<std::string_view> LineReader::read() {
             return std::nullopt;
         }
         if (stream->good()) {
-            return checked(trimmed(length - 1)); // the count includes the line terminator
+            return checked(trimmed(length - 1)); // `length` includes the line terminator
         }
         if (stream->eof()) {
             return length > 0 ? checked(trimmed(length)) : std::nullopt;

@@ -171,7 +171,8 @@ TEST_F(AtomicWriteTest, SymbolicLinkWithTheTemporaryNameIsNotFollowed) {
     EXPECT_EQ(namesIn(folder), (Names{"file", "innocent"}));
 }
 
-// Simulates a full disk for this process, in the middle of a file.
+// Limits the size of this process's files, so that a write fails in the middle of a file, as on a
+// full disk.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes) : handler(std::signal(SIGXFSZ, SIG_IGN)) {
@@ -191,7 +192,7 @@ private:
     rlimit before{};
 };
 
-TEST_F(AtomicWriteTest, InterruptedWriteKeepsTheOldContentAndLeavesNoTemporaryFile) {
+TEST_F(AtomicWriteTest, FailedWriteKeepsTheOldContentAndLeavesNoTemporaryFile) {
     const std::string content(100'000, 'x');
     EXPECT_FALSE(writeAtomically(file, "old"));
     for (const rlim_t room : {rlim_t{0}, rlim_t{1}, rlim_t{65'536}, rlim_t{99'999}}) {

@@ -158,7 +158,7 @@ TEST_F(BindingStoreTest, SymbolicLinkToTheFileIsKept) {
     EXPECT_EQ(contentOf(support.path() / "kept.json"), encodeBindings(*store.bindings()));
 }
 
-TEST_F(BindingStoreTest, AssignmentNotifiesThenAssignsThenSavesThenNotifies) {
+TEST_F(BindingStoreTest, AssignmentNotifiesBeforeTheChangeAndAfterSavingIt) {
     BindingStore store = support.launch();
     const std::string before = contentOf(support.file());
     const BindingList list = oneBinding();
@@ -209,7 +209,7 @@ TEST_F(BindingStoreTest, SavingWritesTheListWithoutANotification) {
 TEST_F(BindingStoreTest, ListThatCannotBeSavedStaysInMemoryAndTheNextChangeRetries) {
     BindingStore store = support.launch();
     fs::remove_all(support.path());
-    writeContent(support.path(), "not a folder"); // also stops root, unlike permissions
+    writeContent(support.path(), "not a folder"); // makes saving fail even for root
     const BindingList list = oneBinding();
     store.setBindings(list);
     EXPECT_EQ(*store.bindings(), list);
@@ -294,7 +294,7 @@ TEST_F(BindingStoreTest, LaunchThatCannotSaveUsesTheDefaultsAndSavesTheFirstChan
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, QueriesTheFolderForEachSave) {
+TEST_F(BindingStoreTest, QueriesTheFolderLocationForEachSave) {
     const SupportFolder other;
     fs::path answer = support.path();
     BindingStore store([&] { return answer; });

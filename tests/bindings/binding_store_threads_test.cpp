@@ -47,7 +47,7 @@ void readWhole(const BindingStore& store) {
 void readMatch(const BindingStore& store) {
     const auto binding = store.match(GestureType::twoFingerDoubleTap, "org.example.App");
     if (binding == nullptr) {
-        return; // the empty list
+        return; // the list is empty
     }
     const auto* const app = std::get_if<AppScope>(&binding->scope);
     ASSERT_EQ(app != nullptr, numberOf(*binding) == 2) << "only the longest list has one";

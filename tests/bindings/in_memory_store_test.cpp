@@ -12,8 +12,8 @@ namespace {
 
 using testing::ElementsAre;
 
-// Changes the working folder for the duration of a scope. Any written file would appear in the
-// folder.
+// Makes an empty folder the working folder for the duration of a scope. A file that a store wrote
+// to a relative path would appear in it.
 class InEmptyFolder {
 public:
     InEmptyFolder() : before(std::filesystem::current_path()) {

@@ -150,7 +150,7 @@ private:
 };
 #endif
 
-// With a sanitizer, starting the processes would take most of the time, so fewer are started.
+// With a sanitizer, starting a process is slow, so the tests start fewer of them.
 #if defined(GLIDEMAP_SANITIZED)
 constexpr int slowness = 10;
 #else

@@ -1,5 +1,5 @@
-// Tests that a performance consists of reports as a touchpad sends them, with timing and distances
-// as measured from people.
+// Tests that a performance consists of reports like those of a touchpad, with timing and distances
+// that match measurements of people.
 
 #include "choreography/performance.h"
 
@@ -164,7 +164,7 @@ INSTANTIATE_TEST_SUITE_P(AllPerformableGestures, PerformanceTest,
                          testing::ValuesIn(performableGestures()),
                          [](const auto& row) { return std::string(rawValue(row.param)); });
 
-// The minimum and maximum of a value over many performances.
+// The minimum and maximum of the added values.
 struct Range {
     double low = 1e9;
     double high = -1e9;

@@ -24,7 +24,7 @@ struct CatalogueRow {
 };
 
 // The whole catalogue, written a second time. Raw values are a stored format and users read the
-// names, so a test must fail if either changes by accident.
+// names, so a test must fail if a raw value or a name changes by accident.
 const CatalogueRow catalogue[] = {
     {drawCircle, "drawCircle", GestureCategory::circle, "Draw Circle (any direction)",
      "单指画圆（任意方向）"},
@@ -317,7 +317,7 @@ TEST(GestureTypeTest, IsFoundByCategoryFingerCountAndDirection) {
     }
 }
 
-TEST(GestureTypeTest, IsAClickOnlyInTheClickCategory) {
+TEST(GestureTypeTest, OnlyTheThreeClickGesturesAreClicks) {
     for (const GestureType gesture : allGestureTypes) {
         EXPECT_EQ(isClick(gesture), gesture == twoFingerClick || gesture == threeFingerClick ||
                                         gesture == fourFingerClick)

@@ -76,7 +76,7 @@ TEST(ObservableTest, ObserverMayUnsubscribeDuringItsNotification) {
     EXPECT_EQ(notified, 2);
 }
 
-TEST(ObservableTest, ObserverReleasedDuringANotificationIsNotCalledAgain) {
+TEST(ObservableTest, ObserverReleasedDuringANotificationIsNotCalled) {
     Observable observable;
     int notified = 0;
     Subscription second;

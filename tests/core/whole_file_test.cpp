@@ -119,7 +119,7 @@ TEST_F(WholeFileTest, LockOnTheFolderDoesNotBlockAWriter) {
     close(other);
 }
 
-TEST_F(WholeFileTest, WaitsAtMostOneSecondForALockedFile) {
+TEST_F(WholeFileTest, FailsAfterWaitingOneSecondForALockedFile) {
     temporary.write("file", "old");
     const int other = lockOf(saving, O_RDWR | O_CREAT);
     const auto start = std::chrono::steady_clock::now();

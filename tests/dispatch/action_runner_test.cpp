@@ -108,7 +108,7 @@ TEST_F(ActionRunnerTest, TypesNothingOnALockedScreenWithoutASystemLock) {
     expectNothingElseThan(0, 0, 0);
 }
 
-TEST_F(ActionRunnerTest, LockRefusalAfterTheRunnerIsDestroyedDoesNothing) {
+TEST_F(ActionRunnerTest, LockRefusalTypesTheShortcutEvenAfterTheRunnerIsDestroyed) {
     runner->perform(LockScreen{});
     runner.reset();
     lock->refuse();

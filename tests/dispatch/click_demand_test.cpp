@@ -48,7 +48,7 @@ TEST_F(ClickDemandTest, ClicksAreNeededExactlyWhileAnEnabledClickBindingExists) 
     }
 }
 
-TEST_F(ClickDemandTest, BindingForOneApplicationNeedsClicks) {
+TEST_F(ClickDemandTest, ClicksAreNeededEvenIfBoundForOnlyOneApplication) {
     const ClickDemand demand(stage.dispatcher, tap);
     tap->takeNotes();
     EXPECT_THAT(reportedAbout({typing(1, fourFingerClick, AppScope{editorID, editorName})}),

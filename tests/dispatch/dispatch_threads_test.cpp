@@ -111,8 +111,9 @@ TEST_F(DispatchThreadsTest, EveryAcceptedGestureRunsAndIsLoggedOnce) {
     }
     work([this] { click(); });
 
-    // Waits for an accepted gesture. The first turn below turns the master switch off, and on a
-    // busy machine the threads could finish before a later turn turns it on again.
+    // Waits for an accepted gesture. The first iteration of the loop below switches the master
+    // switch off, and on a busy machine the threads could finish before a later iteration switches
+    // it on again.
     while (handled == 0) {
         std::this_thread::yield();
     }

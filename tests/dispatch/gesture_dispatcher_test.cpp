@@ -44,7 +44,7 @@ TEST(GestureDispatcherTest, UnboundGestureIsLoggedWithoutAnAction) {
     EXPECT_THAT(stage.typed(), IsEmpty());
 }
 
-TEST(GestureDispatcherTest, BoundGestureIsOnlyLoggedIfExecutionIsDisabled) {
+TEST(GestureDispatcherTest, BoundGestureIsLoggedButNotRunIfExecutionIsDisabled) {
     DispatchStage stage({typing(1, twoFingerTap)});
     EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, false));
     EXPECT_EQ(stage.mainQueue->waiting(), 1U);
@@ -222,7 +222,7 @@ struct CircleRow {
     std::string fact;
     BindingList bindings;
     GestureType drawn;
-    std::optional<std::uint16_t> key; // the typed key, if there is one
+    std::optional<std::uint16_t> key; // the typed key; nullopt if no key is typed
 };
 
 TEST(GestureDispatcherTest, CircleFallsBackToTheBindingForAnyDirection) {

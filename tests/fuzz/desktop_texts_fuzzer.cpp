@@ -43,7 +43,7 @@ bool hasControlCharacter(std::string_view text) {
     });
 }
 
-// Splits the text at zero bytes. Missing pieces up to `count` are empty.
+// Splits the text at zero bytes. If there are fewer than `count` pieces, adds empty ones.
 std::vector<std::string> pieces(std::string_view text, std::size_t count) {
     std::vector<std::string> result;
     for (std::size_t end = 0; end != std::string_view::npos;) {

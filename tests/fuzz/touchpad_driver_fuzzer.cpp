@@ -2,7 +2,7 @@
 // callbacks.
 //
 // The input is a list of actions. Fingers land, move and lift, and buttons are pressed and
-// released. As in the kernel, a frame contains only changes since the previous frame, also after an
+// released. As in the kernel, a frame contains only changes since the previous frame, even after an
 // overflow. The clone's device may fail, the user may not be allowed to create a clone, and another
 // program may grab the touchpad. The touchpad may be unplugged and plugged in again, and the user
 // may lose and regain access to it. A callback may block until the watchdog acts, or call the
@@ -381,7 +381,7 @@ private:
     void withdrawAccess() {
         pads->makeReadable("/dev/input/event0", false);
         driver->createList();
-        driver->name(device); // waits for the reader's lock
+        driver->name(device); // blocks until the reader releases its lock
         pads->makeReadable("/dev/input/event0");
         driver->createList();
     }
@@ -418,14 +418,14 @@ private:
         time.advance(CloneIntroduction::graceOfReader); // lets a new clone become ready
         drain();
         if (!isStarted) {
-            settle(); // a callback has stopped the touchpad
+            settle(); // restarts the touchpad that a callback has stopped
         }
     }
 
     void drain() {
         kernel.send({{clock, EV_SYN, SYN_REPORT, 0}});
         require(stream()->waitUntilDrained(), "the driver reads the touchpad");
-        driver->name(device); // waits for the reader's lock
+        driver->name(device); // blocks until the reader releases its lock
     }
 
     void check() {
@@ -540,7 +540,7 @@ private:
     void stall() {
         const auto system = stream()->system();
         while (system->isGrabbed()) {
-            // Repeated, because the watchdog may not be waiting yet.
+            // Advance the time repeatedly, because the watchdog may not be waiting yet.
             time.advance(ForwardingWatchdog::patience);
             std::this_thread::yield();
         }

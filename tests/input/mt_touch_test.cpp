@@ -31,7 +31,7 @@ private:
     std::vector<unsigned char> bytes;
 };
 
-TEST(MTTouchTest, EveryFieldHasTheDriverOffset) {
+TEST(MTTouchTest, EveryFieldIsAtTheOffsetThatTheDriverUses) {
     const MTTouch touch = RawReport(1)
                               .put<std::int32_t>(0, 1)
                               .put(8, 2.5)

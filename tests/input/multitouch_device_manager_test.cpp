@@ -162,7 +162,7 @@ TEST_F(MultitouchDeviceManagerTest, StopFunctionsAreOptional) {
     }
 }
 
-TEST_F(MultitouchDeviceManagerTest, ReportsAnErrorWithoutATouchpadAndDoesNotRetry) {
+TEST_F(MultitouchDeviceManagerTest, ReportsThatNoTouchpadWasFoundAndDoesNotRetry) {
     for (const char* name : {"null-list", "empty-list", "list-with-only-nulls"}) {
         MultitouchDeviceManager manager(testDriver(name));
         const TestDriverLibrary driver(manager);

@@ -32,7 +32,7 @@ public:
     // Runs until no work is pending.
     void finish() { time.runRemaining(); }
 
-    // Reports `gesture` like the recognizer, at the current time.
+    // Reports `gesture` at the current time, as the recognizer does.
     void recognise(GestureType gesture) { engine->sessionRecognizer().onGesture(gesture); }
 
     VirtualTime time;

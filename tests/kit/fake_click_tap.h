@@ -1,7 +1,7 @@
 // A click tap that records its calls. The test provides its events.
 //
 // Thread:  offer() on one thread at a time; the rest on the test's main thread. The test may read
-//          the notes when no thread calls offer().
+//          the notes only while no thread calls offer().
 #pragma once
 
 #include "dispatch/click_tap.h"

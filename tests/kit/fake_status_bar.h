@@ -1,4 +1,4 @@
-// A fake status bar whose kind the test sets. It records the looks of the drawn item.
+// A fake status bar whose kind the test sets. It records the look each time the item is drawn.
 //
 // Thread:  the test's main thread.
 #pragma once

@@ -38,7 +38,7 @@ public:
 
     std::map<std::string, bool, std::less<>> storedBooleans;
     std::vector<std::pair<std::string, bool>> booleanWrites;
-    std::map<std::string, std::string, std::less<>> stored; // may hold values of an earlier run
+    std::map<std::string, std::string, std::less<>> stored; // a test may add values
     std::vector<Write> writes;
 };
 

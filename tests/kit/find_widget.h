@@ -10,7 +10,7 @@
 
 namespace glidemap::kit {
 
-// Throws if no such widget of this type exists, which fails the test.
+// Throws if no widget with this name and type exists; the exception fails the test.
 template <class Widget = QWidget>
 Widget& find(const QWidget& within, const char* name) {
     auto* const found = dynamic_cast<Widget*>(within.findChild<QWidget*>(QString::fromUtf8(name)));

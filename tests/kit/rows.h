@@ -1,5 +1,5 @@
 // Tables of performances. Each row has a statement about the recognizer, a script that demonstrates
-// it, and all gestures that the recognizer reports.
+// the statement, and the complete list of expected gestures.
 //
 // A failure prints the row, its script, and the expected and actual gestures.
 #pragma once

@@ -14,9 +14,9 @@
 //
 // Exact times. The first frame is at 0, and a time is the sum of the verbs' durations; the times of
 // frames within a verb count from its start. Subtracting 0 is exact, so
-// fingers(2).down().until(limit).up() lasts exactly `limit`, and so does until(justAbove(limit)).
-// If a limit is measured from a later time, startingAt() puts that time at 0:
-// fingers(2).startingAt(-0.1).down().until(0).up() ends exactly at 0.
+// fingers(2).down().until(limit).up() lasts exactly `limit`, and with justAbove(limit) it lasts
+// exactly justAbove(limit). If a limit is measured from a later time, startingAt() puts that time
+// at 0: fingers(2).startingAt(-0.1).down().until(0).up() ends exactly at 0.
 //
 // Exact distances. The square root of a square is exact. A finger that starts at 0 on one axis and
 // moves along it by d has therefore moved by exactly d.

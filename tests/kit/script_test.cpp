@@ -33,7 +33,7 @@ TEST(ScriptTest, HoldReportsFramesBeforeItsEndButNotAtTheEnd) {
     EXPECT_EQ(timesOf(fingers(1).down().hold(0.016).up()), (std::vector<double>{0, 0.008, 0.016}));
 }
 
-TEST(ScriptTest, VerbUntilHoldsToExactlyTheGivenTime) {
+TEST(ScriptTest, UntilEndsAtExactlyTheGivenTime) {
     for (const double limit : {0.3, 0.8, 1.5, justBelow(0.3), justAbove(0.8)}) {
         for (const double rate : {60.0, 125.0, 250.0}) {
             EXPECT_EQ(timesOf(fingers(2).down().until(limit).up(), rate).back(), limit);
@@ -82,7 +82,7 @@ TEST(ScriptTest, EveryTouchHasNewIdentifiers) {
     EXPECT_EQ(frames[2].touches.front().id, 2);
 }
 
-TEST(ScriptTest, TurnKeepsTheDistanceOnTheStretchedPad) {
+TEST(ScriptTest, TurnKeepsDistancesInThePadsPhysicalProportions) {
     const auto frames = fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().turnBy(1.5, 0.2).frames();
     const auto& last = frames.back().touches;
     const double dx = (last[1].x - last[0].x) * 1.35;

@@ -83,7 +83,8 @@ GestureType mirroredUpDown(GestureType gesture) {
     return exchanged(gesture, upDown);
 }
 
-// Adds a hovering thumb and a drifting palm, also before and after the fingers.
+// Adds a hovering thumb and a drifting palm to every frame, and one frame with only these contacts
+// before the first frame and one after the last frame.
 void addHoveringContacts(std::vector<TouchFrame>& frames) {
     if (frames.empty()) {
         return;

@@ -1,4 +1,4 @@
-// Variants of a performance with other hands and pads: differences that must not affect
+// Variants of a performance, with differences between hands and between pads that must not affect
 // recognition.
 //
 // Thread:  plain functions; random numbers have a fixed seed, so a failure is reproducible.
@@ -27,7 +27,7 @@ struct Variant {
 // Returns all variants; the first one is the performance as written.
 const std::vector<Variant>& allVariants();
 
-// These functions return the gesture that results from mirroring this gesture.
+// These functions return the gesture that results from mirroring `gesture`.
 GestureType mirroredSideways(GestureType gesture);
 GestureType mirroredUpDown(GestureType gesture);
 

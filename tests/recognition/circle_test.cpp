@@ -88,7 +88,7 @@ TEST(CircleTest, AcceptsOnlyDurationsFrom150MillisecondsTo3Seconds) {
     EXPECT_EQ(circleOf(path, justAbove(3.0)), std::nullopt);
 }
 
-TEST(CircleTest, MeasuresThePathOnTheStretchedPad) {
+TEST(CircleTest, PathIsMeasuredInThePadsPhysicalProportions) {
     const Path path = pathOf({.points = 41, .centre = {0.4, 0.3}});
     const Path ring(path.begin(), path.end() - 1); // without the closing point
     const PadPoint centre = centreOf(ring);
@@ -165,8 +165,8 @@ TEST(CircleTest, RejectsARadiusDeviationOf35PercentOrMore) {
 
 TEST(CircleTest, RejectsASweptAngleBelowTheMinimum) {
     // Runs from the east to `end`, through north, west and south. The last point lies so far inside
-    // that the gap stays below its maximum. The point opposite to the last one keeps the mean at
-    // the origin.
+    // the circle that the gap stays below its maximum. The point opposite to the last one keeps the
+    // mean at the origin.
     const auto path = [](double end) {
         const PadPoint last = {0.08 * std::cos(end) / 1.35, 0.08 * std::sin(end)};
         Path points = compass("ENNNN", 0.2, 0.2);

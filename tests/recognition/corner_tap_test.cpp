@@ -17,7 +17,7 @@ using kit::justBelow;
 constexpr double high = 1 - 0.18;
 static_assert(high == 0.8200000000000001);
 
-TEST(CornerTapTest, EachCornerExtendsToItsLimits) {
+TEST(CornerTapTest, EachCornerCovers18PercentOfBothAxes) {
     const struct {
         PadPoint place;
         std::optional<GestureType> expected;

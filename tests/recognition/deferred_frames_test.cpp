@@ -150,7 +150,7 @@ TEST(DeferredFramesTest, RecognizerWaitsForFingerChangesUnlessALongPressIsPossib
     EXPECT_TRUE(recognizer->waitsForFingers());
 }
 
-// Simulates fingers that randomly rest, move slowly or fast, land, and lift. Some reports contain a
+// Simulates fingers that randomly land, lift, and move slowly or fast. Some reports contain a
 // finger without a position.
 class RandomTouching {
 public:

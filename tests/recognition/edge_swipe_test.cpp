@@ -69,8 +69,8 @@ TEST(EdgeSwipeTest, RejectsAnInwardDistanceBelowTheMinimum) {
         {{0.5, 0}, {0.5, justBelow(0.22)}, std::nullopt},
         {{0.5, 0}, {0.5, 0.22}, edgeSwipeFromBottom},
         {{0.5, 0}, {0.5, justAbove(0.22)}, edgeSwipeFromBottom},
-        // No double is exactly 0.22 below 1. 0.78 is the smallest double that is less than 0.22
-        // below 1.
+        // No double is exactly 0.22 below 1: 0.78 is slightly less than 0.22 below 1, and the next
+        // smaller double is more than 0.22 below 1.
         {{1, 0.5}, {0.78, 0.5}, std::nullopt},
         {{1, 0.5}, {justBelow(0.78), 0.5}, edgeSwipeFromRight},
         {{0.5, 1}, {0.5, 0.78}, std::nullopt},
@@ -110,7 +110,8 @@ TEST(EdgeSwipeTest, CornerStartUsesTheFirstEdgeThatTheFingerLeaves) {
         {{0.02, 0.98}, {0.12, 0.5}, std::nullopt},
         {{0.98, 0.98}, {0.88, 0.5}, std::nullopt},
         {{0.02, 0.02}, {0.12, 0.5}, std::nullopt},
-        // The finger does not move away from the left edge, so the top edge counts.
+        // The finger does not move inwards from the left or right edge, so the top or bottom edge
+        // counts.
         {{0.02, 0.98}, {0.02, 0.5}, edgeSwipeFromTop},
         {{0.02, 0.98}, {0.01, 0.5}, edgeSwipeFromTop},
         {{0.98, 0.02}, {0.99, 0.5}, edgeSwipeFromBottom},

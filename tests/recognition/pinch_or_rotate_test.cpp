@@ -82,7 +82,7 @@ TEST(PinchOrRotateTest, PinchInRejectsADistanceRatioAboveTheMaximum) {
     EXPECT_EQ(distanceChanges(0.5, justBelow(0.35)), pinchIn);
 }
 
-TEST(PinchOrRotateTest, DistancesAreMeasuredOnTheStretchedPad) {
+TEST(PinchOrRotateTest, DistancesAreMeasuredInThePadsPhysicalProportions) {
     // 0.1 across the pad is 0.135 of the pad's height, so the change reaches 0.12 only after
     // stretching.
     EXPECT_EQ(otherMoves({0.1, 0}, {0.195, 0}), pinchOut);

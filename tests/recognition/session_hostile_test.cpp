@@ -64,8 +64,7 @@ TEST_F(SessionHostileTest, FingerWithoutAFinitePositionIsIgnored) {
         report(0, {{1, odd, 0.5, true}, {2, 0.5, odd, true}, {3, odd, odd, true}});
         report(0.1, {});
         EXPECT_EQ(reported, Gestures());
-        // A finger without a position does not count next to a finger with a finite position
-        // either.
+        // A finger without a finite position does not count even beside a finger that has one.
         report(1, {{1, odd, 0.5, true}, {2, 0.1, 0.1, true}});
         report(1.1, {});
         EXPECT_EQ(reported, Gestures{cornerTapBottomLeft});
@@ -99,7 +98,7 @@ TEST_F(SessionHostileTest, FingerFarOutsideThePadMakesNoGesture) {
     expectStillWorks(1);
 }
 
-TEST_F(SessionHostileTest, NonFiniteTimesMakeNoGesture) {
+TEST_F(SessionHostileTest, NonFiniteTimesDoNotAffectLaterTouches) {
     for (const double odd : {nan, infinity, -infinity}) {
         report(odd, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
         report(odd, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
@@ -118,7 +117,7 @@ TEST_F(SessionHostileTest, TimeMayGoBackwards) {
         report(50 - round, {{1, 0.3, 0.5, true}});
         report(-round, {});
     }
-    EXPECT_LE(reported.size(), 200U); // a session ends in at most one tap
+    EXPECT_LE(reported.size(), 200U); // 100 sessions with at most one gesture each, and a margin
     expectStillWorks(1000);
 }
 
@@ -132,7 +131,7 @@ TEST_F(SessionHostileTest, ExtremeIdentifiersAreAccepted) {
     EXPECT_EQ(reported, Gestures{threeFingerTap});
 }
 
-TEST_F(SessionHostileTest, ThousandRecordsOfOneFingerInAReportMakeNoGesture) {
+TEST_F(SessionHostileTest, AThousandRecordsOfOneFingerInAReportMakeNoGesture) {
     const std::vector<TouchPoint> touches(1000, TouchPoint{7, 0.1, 0.1, true});
     for (int frame = 0; frame < 20; ++frame) {
         report(frame * 0.01, touches);
@@ -227,7 +226,7 @@ TEST_F(SessionHostileTest, MemoryDoesNotGrowFromSessionToSession) {
     EXPECT_LE(liveMemory(), before + 10'000);
 }
 
-TEST_F(SessionHostileTest, FrameDoesNotAllocateAfterTheFirstSessions) {
+TEST_F(SessionHostileTest, FrameDoesNotAllocateAfterTheFirstSession) {
     const auto fingersAt = [](double x) {
         return TouchFrame{x,
                           {{1, x, 0.2, true},

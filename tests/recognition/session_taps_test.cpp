@@ -73,7 +73,7 @@ TEST(SessionTapsTest, RejectsADriftAboveTheMaximum) {
     });
 }
 
-// Pinch, rotation and swipe are checked, and none of them matches.
+// The recognizer also checks for a pinch, a rotation and a swipe, and none of them matches.
 TEST(SessionTapsTest, StillTouchThatIsTooLongForATapMakesNoGesture) {
     expectReportedGestures(fingers(2).down().hold(0.31).up(), {});
 }

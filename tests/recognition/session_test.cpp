@@ -67,7 +67,7 @@ TEST(SessionTest, RestingFingersKeepTheSessionOpenForMinutes) {
     expectReportedGestures(fingersRest.moveBy(-0.3, 0, 0.3).up(), {});
 }
 
-TEST(SessionTest, SessionLeavesNoStateForTheNextSession) {
+TEST(SessionTest, GestureDoesNotAffectTheNextSession) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"after a long press a tap",
          fingers(2).down().hold(1).up().wait(0.3).down().hold(0.1).up(),

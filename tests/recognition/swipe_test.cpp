@@ -76,8 +76,8 @@ TEST(SwipeTest, UsesTheMeanDisplacementNotTheSlowestFinger) {
     EXPECT_EQ(swipeOf(Tracks{moved(0.25, 0), moved(0.03125, 0)}, 2, quick), std::nullopt);
 }
 
-TEST(SwipeTest, LengthIsMeasuredWithoutStretchingThePad) {
-    EXPECT_EQ(twoFingers(0.14, 0), std::nullopt); // 0.189 if it were stretched
+TEST(SwipeTest, LengthIsMeasuredInNormalisedUnits) {
+    EXPECT_EQ(twoFingers(0.14, 0), std::nullopt); // 0.189 on stretched coordinates, a swipe
 }
 
 TEST(SwipeTest, FingerThatMovesAgainstTheOthersPreventsASwipe) {

@@ -177,7 +177,7 @@ TEST(TouchEngineTest, CooldownAlsoAppliesToAHeldBackTap) {
               (ReportedGestures{{0.3, cornerTapBottomLeft}})); // the tap at 0.45 is dropped
 }
 
-TEST(TouchEngineTest, DoubleTapQueryReachesTheBindings) {
+TEST(TouchEngineTest, BoundDoubleTapIsDeliveredInsteadOfTheSingleTap) {
     EngineStage stage({3});
     const auto tap = fingers(3).down().hold(0.1).up();
     stage.play(tap.wait(0.2).then(tap));

@@ -52,7 +52,7 @@ struct Oracle {
     int buttonChanges = 0; // of the left, right and middle button
     double firstTime = -1;
     double lastTime = 0;
-    std::size_t maxFingers = 0; // the larger of the occupied slots and the touchpad's finger count
+    std::size_t maxFingers = 0; // maximum of the occupied slots and the touchpad's finger count
 };
 
 Oracle countEvents(const path& file) {

@@ -157,7 +157,7 @@ TEST(EvemuReader, ErrorNamesTheMalformedDescriptionFile) {
                     "/pad.desc:2: an axis is not \"A: axis min max fuzz flat [resolution]\""));
 }
 
-TEST(EvemuReader, RejectsADeviceWithoutSlots) {
+TEST(EvemuReader, RejectsADeviceWithoutSlotsOrPositions) {
     EXPECT_EQ(readRecords("N: old\nA: 00 0 100 0 0\nA: 35 0 9 0 0\nA: 36 0 9 0 0\n" + down).error,
               "file: the device does not report its contacts in slots (it has no ABS_MT_SLOT)");
     EXPECT_EQ(readRecords("N: odd\nA: 2f 0 1 0 0\nA: 36 0 9 0 0\n" + down).error,

@@ -83,7 +83,7 @@ TEST(LibinputRecordReader, ReadsReportsAsTheTouchpadSentThem) {
                                                "12.508: button 0 down"));
 }
 
-// The evemu file was played into the kernel, and `libinput record` wrote the YAML file meanwhile.
+// The evemu file was replayed into the kernel while `libinput record` wrote the YAML file.
 TEST(LibinputRecordReader, ReadsTheSameReportsAsTheEvemuReader) {
     const std::filesystem::path data = GLIDEMAP_TEST_DATA;
     const auto evemu = readRecordFile(data / "two_fingers.swipe_with_click.events");
@@ -174,7 +174,7 @@ TEST(LibinputRecordReader, AcceptsAnyNumberOfEvents) {
         << "the first event lifts a finger that is not there";
 }
 
-TEST(LibinputRecordReader, ReadsAnEmptyRecordingWithoutEvents) {
+TEST(LibinputRecordReader, RecordingWithoutEventsYieldsNoRecords) {
     const ReadRecording recording = readRecords(head + device("pad", touchpadProperty, ""));
     EXPECT_EQ(recording.error, "");
     EXPECT_THAT(recording.records, IsEmpty());

@@ -9,7 +9,7 @@ namespace glidemap::record {
 
 namespace {
 
-// Raised by fail().
+// The signal with which fail() ends wait().
 constexpr int failureSignal = SIGUSR1;
 
 sigset_t endingSignals() {
@@ -26,7 +26,7 @@ sigset_t endingSignals() {
 Interruption::Interruption() {
     const sigset_t signals = endingSignals();
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    std::signal(SIGPIPE, SIG_IGN); // writing to a closed pipe then fails with an error
+    std::signal(SIGPIPE, SIG_IGN); // so that writing to a closed pipe returns an error
 }
 
 void Interruption::wait() const {

@@ -93,7 +93,7 @@ int record(const Options& options) {
         engine->stop();
         return printError("this touch driver does not support recording");
     }
-    // Printed after the start, so that every touch after this message is recorded. A driver that
+    // Print this after the start, so that every touch after the message is recorded. A driver that
     // plays recordings has no device names.
     const std::string names = touchpads.names();
     std::fprintf(stderr, "Recording%s%s; press Ctrl-C to stop.\n", names.empty() ? "" : " ",

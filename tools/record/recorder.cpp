@@ -29,8 +29,8 @@ void Recorder::write(const Record& record) {
     attempt([&] { writer.write(record); });
 }
 
-// Flushes the stream after every record, so that a concurrent reader sees it immediately and a
-// killed recorder leaves a complete recording.
+// Flushes the stream after every record, so that a concurrent reader sees the record immediately
+// and a killed recorder loses no earlier record.
 template <typename Write>
 void Recorder::attempt(Write writeOne) {
     if (_error != 0) {

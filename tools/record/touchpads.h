@@ -25,8 +25,8 @@ public:
 
     bool exist() const { return !devices.empty(); }
 
-    // Returns whether these are the touchpads that the manager has started. A driver that creates
-    // new devices for every list, like the replay driver, does not support listening.
+    // Returns whether the manager has started any of these touchpads. A driver that creates new
+    // devices for every list, like the replay driver, does not support listening.
     bool areStarted() const;
 
     // Returns the number of further touchpads that this user cannot open.

@@ -17,8 +17,8 @@ namespace glidemap::replay {
 
 namespace {
 
-// Pause between two performances. Long enough that two taps do not make a double tap, and that a
-// person can follow.
+// The pause between two performances. It is too long for two taps to make a double tap, and long
+// enough for a person to follow.
 constexpr double pause = 0.6;
 
 // Returns the finger counts whose double tap must be bound. Without a binding, the first half of a

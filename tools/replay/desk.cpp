@@ -60,7 +60,7 @@ public:
     Application frontmostApplication() const override { return frontmost; }
     std::vector<Application> runningApplications() const override { return {}; }
 
-    // openApplication() needs only the identifier.
+    // The identifier serves as the URL, because openApplication() needs nothing else.
     std::optional<std::string> urlForApplication(const std::string& bundleID) const override {
         return bundleID;
     }

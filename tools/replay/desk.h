@@ -1,5 +1,6 @@
-// The program's runtime for one run, with ports that report every action to the listener. It
-// inspects each gesture and click before the dispatcher handles it, to report the matching binding.
+// The program's runtime for one run, with ports that report every action to the listener. The
+// simulated desktop inspects each gesture and click before the dispatcher handles it, to report the
+// matching binding.
 //
 //   gesture, click ─▶ dispatcher ─▶ main queue ─▶ action runner ─▶ listener
 //

@@ -30,7 +30,7 @@ Status replay(RecordingReader& reader, Run& run, Statistics& statistics) {
         count(statistics, record);
         run.play(record);
     }
-    // Also after a malformed line, so that taps that are still delayed are reported.
+    // Finish the run even after a malformed line, so that delayed taps are still reported.
     run.finish();
     if (reader.error()) {
         std::fprintf(stderr, "glidemap-replay: %s\n", text(*reader.error()).c_str());

@@ -10,7 +10,7 @@ namespace glidemap::replay {
 
 namespace {
 
-// Longer than any machine runs, but within the clock's range.
+// In seconds: longer than any machine runs, but within the clock's range.
 constexpr double maxWait = 1e9;
 
 } // namespace

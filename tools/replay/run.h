@@ -5,8 +5,8 @@
 //          ─▶ replay driver ─▶ contact callback ─▶ engine ─▶ its queue (run immediately) ─▶ recognizer
 //          ─▶ cooldown ─▶ desktop ─▶ its main queue (run afterwards) ─▶ actions
 //
-// The listener is notified of each gesture, including gestures that the cooldown drops, then of its
-// actions; and of each button, with the click that consumed it.
+// The listener is notified of each gesture, including gestures that the cooldown drops, then of the
+// gesture's actions; and of each button change, with the click gesture that consumed it.
 //
 // Units:   seconds of the records.
 // Thread:  one.
@@ -61,7 +61,7 @@ public:
     Run& operator=(const Run&) = delete;
     ~Run();
 
-    // Binds double taps in addition to those in the bindings.
+    // Treats these double taps as bound, in addition to those in the bindings.
     void bindDoubleTaps(std::set<int> fingerCounts) { boundDoubleTaps = std::move(fingerCounts); }
 
     void play(const Record& record);

@@ -16,7 +16,7 @@
 
 namespace glidemap::replay {
 
-// The binding and the application that a recognised gesture was matched with.
+// The binding that a recognised gesture matched, and the frontmost application.
 struct Routing {
     std::optional<std::string> bindingID; // absent if no binding matched
     std::optional<std::string> action;    // the text of the binding's action

@@ -17,7 +17,7 @@ void check(const std::vector<StoryRow>& rows) {
     }
 }
 
-TEST(ContactAssembler, EachContactIsMadeThenTouchesThenLeaves) {
+TEST(ContactAssembler, ReportsThatEachContactLandsThenTouchesThenLeaves) {
     check({
         {"one finger",
          padWithSlots(5),

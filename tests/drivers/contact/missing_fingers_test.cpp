@@ -15,7 +15,7 @@ void check(const std::vector<StoryRow>& rows) {
     }
 }
 
-// Puts two fingers in the slots, on the touchpad's middle line, and presses the key that reports
+// Puts two fingers in the slots, at half the touchpad's height, and presses the key that reports
 // the touchpad's finger count.
 void twoFingersAnd(Pad& pad, std::uint16_t toolKey) {
     pad.slot(0).down(1).place(20, 50).slot(1).down(2).place(80, 50).key(toolKey, true).sync();

@@ -39,7 +39,7 @@ protected:
     struct Asked {
         driver::Device device;
         std::int32_t event;
-        int contacts; // the contacts reported before the call
+        int contacts; // the number of contacts in the last report before the call
     };
 
     ClickFilterTest() {
@@ -70,7 +70,8 @@ protected:
         return askedSoFar;
     }
 
-    // Waits for the grab, and advances the time so that the clone becomes ready.
+    // Waits for the grab, and advances the time so that the clone becomes ready. Returns false on a
+    // time-out.
     bool isTaken(const FakeSystem& system) {
         constexpr std::chrono::milliseconds step = CloneIntroduction::graceOfReader;
         const auto deadline = std::chrono::steady_clock::now() + FakeSystem::limit;
@@ -103,7 +104,7 @@ TEST_F(ClickFilterTest, GrabsAndUngrabsWithoutWaitingForAnEvent) {
     driver.switchClickFilter(false);
     EXPECT_TRUE(system().waitUntilGrabbed(false));
     while (system().journal().size() < 4) {
-        // Repeated, because the reader may not be waiting yet.
+        // Advance the time repeatedly, because the reader may not be waiting yet.
         time.advance(PadInterception::cloneRetention);
         std::this_thread::yield();
     }
@@ -312,7 +313,7 @@ TEST_F(ClickFilterTest, WatchdogUngrabsTheTouchpadWhenTheReaderWaitsForALock) {
     EXPECT_TRUE(pads->waitUntilBlocked());
     pads->stream("event2")->send(fingerDown);
     while (system().isGrabbed()) {
-        // Repeated, because the watchdog may not be waiting yet.
+        // Advance the time repeatedly, because the watchdog may not be waiting yet.
         time.advance(std::chrono::seconds(1));
         std::this_thread::yield();
     }

@@ -165,7 +165,7 @@ private:
     std::shared_ptr<FakeSystem> system;
 };
 
-// Reports the standing that the fake system stores for the clone.
+// Reports the clone's state, which the test sets with FakeSystem::setStanding().
 class FakeCloneWatch : public CloneWatch {
 public:
     std::array<int, 2> descriptors() const override { return {-1, -1}; }

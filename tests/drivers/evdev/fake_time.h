@@ -47,7 +47,7 @@ public:
         }
     }
 
-    // Waits until the watchdog sleeps with this remaining time, or returns false if it does not.
+    // Waits until the watchdog sleeps with this remaining time. Returns false on a time-out.
     // nullopt means a sleep without a time-out.
     bool waitUntilWaitingFor(std::optional<std::chrono::nanoseconds> left) {
         std::unique_lock own(mutex);

@@ -304,7 +304,7 @@ TEST_F(TouchpadDriverTest, DoesNotWatchForDevicesWhileNoTouchpadIsMissing) {
     EXPECT_TRUE(pads->waitForWatchCount(0));
 }
 
-TEST_F(TouchpadDriverTest, UnreadableTouchpadIsNotRetriedUntilDevicesChange) {
+TEST_F(TouchpadDriverTest, TouchpadWithAReadErrorIsNotReopenedUntilDevicesChange) {
     started("event1", "pad");
     const auto other = started("event2", "other");
     const int before = pads->timesOpened();

@@ -260,7 +260,7 @@ TEST(ReplayDriver, ReturnsNoDeviceAndLogsTheReasonForAnUnusableRecording) {
     }
 }
 
-TEST(ReplayDriver, EmptyRecordingReturnsADeviceWithoutTouches) {
+TEST(ReplayDriver, EmptyRecordingYieldsADeviceThatReportsNothing) {
     ReplaySession session;
     session.setRecording("");
     ReplaySession::setLooping(true);

@@ -27,7 +27,7 @@ struct Delivery {
     double timestamp = 0;
     double arrival = 0; // in seconds of the steady clock
     std::thread::id thread;
-    std::vector<double> contactTimes; // the times in the records
+    std::vector<double> contactTimes; // the timestamps of the contact records
 };
 
 class ReplaySession {
@@ -47,7 +47,7 @@ public:
     MultitouchDeviceManager& start();
     MultitouchDeviceManager& manager() { return *_manager; }
 
-    // These functions call the driver's functions for the device that reported last.
+    // startDevice() and stopDevice() call the driver's functions for the device that reported last.
     void startDevice();
     void stopDevice();
 

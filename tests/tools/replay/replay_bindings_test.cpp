@@ -32,7 +32,7 @@ std::string launch(const std::string& bundleID, const std::string& name) {
     return R"({"kind":"launchApp","bundleID":")" + bundleID + R"(","name":")" + name + "\"}";
 }
 
-// Returns the identifier of the binding created with this digit.
+// Returns the identifier of the binding that binding() creates with this digit.
 std::string id(char digit) {
     return std::string(8, digit) + "-0000-4000-8000-00000000000A";
 }

@@ -35,7 +35,7 @@ Ended replayWith(const std::string& program, const std::vector<std::string>& arg
 // captured.
 Ended replayInto(const std::string& outputPath, const std::vector<std::string>& arguments);
 
-// A folder of files that is removed with the test.
+// A folder of files that is removed at the end of the test.
 class Folder {
 public:
     // Writes a file and returns its path.
@@ -48,7 +48,7 @@ private:
     TemporaryFolder folder;
 };
 
-// Returns recording lines: `count` adjacent fingers that land at `down` and lift by `up`.
+// Returns recording lines: `count` adjacent fingers that land at `down` and lift at `up`.
 std::string tapOf(int count, double down, double up);
 
 // Returns the output line of an unbound gesture, while the frontmost application is unknown.

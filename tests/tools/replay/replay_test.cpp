@@ -78,7 +78,7 @@ TEST(Replay, DelayedTapFiresAtTheEndOfTheRecording) {
 }
 
 TEST(Replay, DelayedTapFiresBeforeARecordWithTheSameTime) {
-    const std::string tap = tapOf(2, 0, 0.25); // due at 0.7
+    const std::string tap = tapOf(2, 0, 0.25); // the delayed tap is due at 0.7
     const std::string fiveAt = tapOf(5, 0.5, 0.7);
     EXPECT_EQ(replayed(tap + fiveAt, {"--double-tap", "2"}),
               json("0.7", "twoFingerTap") + json("0.7", "fiveFingerTap", false));

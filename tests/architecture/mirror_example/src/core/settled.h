@@ -1,1 +1,1 @@
-// A source whose test is in the same folder.
+// A source whose test is in the corresponding test folder.

@@ -1,1 +1,1 @@
-// A source whose test is in another folder.
+// A source whose test is in the wrong test folder.

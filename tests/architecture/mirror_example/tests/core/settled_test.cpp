@@ -1,1 +1,1 @@
-// A test in the folder of its source.
+// A test in the folder that corresponds to its source's folder.

@@ -1,4 +1,4 @@
-// The same conditions where they are allowed.
+// A condition that the check must not report, because this folder may test for the system.
 #pragma once
 
 #ifdef __linux__
