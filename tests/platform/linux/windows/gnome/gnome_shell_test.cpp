@@ -29,7 +29,7 @@ using desktops::Window;
 using State = GnomeExtension::State;
 
 // Queries the extension as another program on the session bus, and expects that access is denied.
-void expectThatNoOtherProgramIsNotified(const GnomeShell& shell) {
+void expectThatOtherProgramsAreDenied(const GnomeShell& shell) {
     const ScopedEnvironment here(shell.environment());
     for (const char* const method : {"GetWindows", "BringForward '[]'", "TokenForLaunch ''"}) {
         const std::string command =
@@ -82,7 +82,7 @@ TEST(GnomeShellTest, InstalledExtensionReportsWindowsAfterTheNextLogin) {
                 testing::ElementsAre(WindowIdentity{"first", "first", "", first.process()},
                                      WindowIdentity{"org.example.Second", "org.example.Second", "",
                                                     second.process()}));
-    expectThatNoOtherProgramIsNotified(shell);
+    expectThatOtherProgramsAreDenied(shell);
     first.close();
     reported.expectInTheEnd("windows: org.example.Second", "active: org.example.Second");
 
