@@ -94,7 +94,7 @@ TEST(Forwarding, DoesNotAllocateForAFrame) {
     SilentPad pad;
     PadInterception interception(nullptr, pad, clicks);
     interception.settle();
-    time.current += CloneIntroduction::graceOfReader;
+    time.current += CloneIntroduction::readerGracePeriod;
     interception.settle();
     touch(interception, 0);
 

@@ -415,7 +415,7 @@ private:
             isStarted = true;
         }
         drain();
-        time.advance(CloneIntroduction::graceOfReader); // lets a new clone become ready
+        time.advance(CloneIntroduction::readerGracePeriod); // lets a new clone become ready
         drain();
         if (!isStarted) {
             settle(); // restarts the touchpad that a callback has stopped

@@ -16,7 +16,7 @@ namespace glidemap::vm {
 
 class PadHand {
 public:
-    explicit PadHand(VirtualPad& itsPad) : pad(itsPad) {}
+    explicit PadHand(VirtualPad& pad) : pad(pad) {}
 
     // Puts the fingers down, next to each other in the middle of the touchpad.
     PadHand& down(int fingerCount);

@@ -255,7 +255,7 @@ void ContactAssembler::reportLeaving(std::size_t missing, double time) {
         }
         const bool slotForStandIn = slot.begun && standIns.count() > missing;
         if (slotForStandIn) {
-            slot.record = *standIns.give();
+            slot.record = *standIns.takeStandIn();
             slot.shift = {};
         }
     }

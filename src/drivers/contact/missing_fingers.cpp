@@ -15,7 +15,7 @@ namespace {
 // recognised as the tap of a hold and tap (which requires 0.05 on an axis), but far enough away to
 // be another finger.
 constexpr float spacing = 0.04F;
-constexpr float ownRoom = 0.02F;
+constexpr float minDistance = 0.02F;
 constexpr int maxAttempts = 16;
 
 float distance(MTPoint a, MTPoint b) {
@@ -26,7 +26,7 @@ float distance(MTPoint a, MTPoint b) {
 MTPoint towardsCentre(MTPoint from) {
     const MTPoint middle{0.5F, 0.5F};
     const float length = distance(from, middle);
-    if (length < ownRoom) {
+    if (length < minDistance) {
         return {1, 0};
     }
     return {(middle.x - from.x) / length, (middle.y - from.y) / length};
@@ -59,12 +59,12 @@ void MissingFingers::adopt(const MTTouch& record) {
     }
 }
 
-std::optional<MTTouch> MissingFingers::give() {
+std::optional<MTTouch> MissingFingers::takeStandIn() {
     return removeBeyond(0);
 }
 
-std::optional<MTTouch> MissingFingers::removeBeyond(std::size_t wanted) {
-    if (standIns.size() <= wanted) {
+std::optional<MTTouch> MissingFingers::removeBeyond(std::size_t fingers) {
+    if (standIns.size() <= fingers) {
         return std::nullopt;
     }
     const MTTouch record = standIns.back().record;
@@ -72,12 +72,12 @@ std::optional<MTTouch> MissingFingers::removeBeyond(std::size_t wanted) {
     return record;
 }
 
-void MissingFingers::update(std::span<const MTTouch> contacts, std::size_t wanted,
+void MissingFingers::update(std::span<const MTTouch> contacts, std::size_t fingers,
                             ContactIdentifiers& identifiers) {
     for (std::size_t index = 0; index < standIns.size(); ++index) {
         follow(contacts, standIns[index], index);
     }
-    while (standIns.size() < std::min(wanted, maxFingers)) {
+    while (standIns.size() < std::min(fingers, maxFingers)) {
         add(contacts, identifiers.next());
     }
 }
@@ -131,7 +131,7 @@ MTPoint MissingFingers::freePositionBeside(std::span<const MTTouch> contacts,
 
 bool MissingFingers::isFree(std::span<const MTTouch> contacts, MTPoint position) const {
     const auto isFar = [position](const MTTouch& other) {
-        return distance(position, other.normalized.pos) >= ownRoom;
+        return distance(position, other.normalized.pos) >= minDistance;
     };
     return std::ranges::all_of(contacts, isFar) &&
            std::ranges::all_of(standIns, isFar, &StandIn::record);

@@ -37,15 +37,15 @@ public:
 
     // Call this when a stand-in's finger gets a slot. Removes a stand-in and returns its record, so
     // that the slot's contact can continue that record. Returns nullopt if no stand-in exists.
-    std::optional<MTTouch> give();
+    std::optional<MTTouch> takeStandIn();
 
-    // Removes one stand-in and returns its record if more than `wanted` exist.
-    std::optional<MTTouch> removeBeyond(std::size_t wanted);
+    // Removes one stand-in and returns its record if more than `fingers` exist.
+    std::optional<MTTouch> removeBeyond(std::size_t fingers);
 
-    // Moves each stand-in together with its anchor, then adds stand-ins until `wanted` exist. If an
+    // Moves each stand-in together with its anchor, then adds stand-ins until `fingers` exist. If an
     // anchor has left, its stand-in keeps its position and follows another contact. `contacts` are
-    // the contacts of this report. They may be empty only if `wanted` is 0.
-    void update(std::span<const MTTouch> contacts, std::size_t wanted,
+    // the contacts of this report. They may be empty only if `fingers` is 0.
+    void update(std::span<const MTTouch> contacts, std::size_t fingers,
                 ContactIdentifiers& identifiers);
 
     // The reference is valid until the next change of the stand-ins.

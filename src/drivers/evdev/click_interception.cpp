@@ -4,10 +4,10 @@
 
 namespace glidemap {
 
-ClickInterception::ClickInterception(WatchdogTime& itsTime, std::function<void()> wake,
+ClickInterception::ClickInterception(WatchdogTime& time, std::function<void()> wake,
                                      MakeCloneWatch makeCloneWatch)
-    : time(itsTime), wakeReader(std::move(wake)), makeWatch(std::move(makeCloneWatch)),
-      dog(itsTime, wakeReader) {}
+    : time(time), wakeReader(std::move(wake)), makeWatch(std::move(makeCloneWatch)),
+      dog(time, wakeReader) {}
 
 void ClickInterception::setFilter(driver::FilterClick newFilter, void* newContext) {
     filter = newFilter;

@@ -30,7 +30,7 @@ CloneIntroduction::State CloneIntroduction::look(const CloneStanding& standing, 
     }
     const bool knewReader = std::exchange(readerIsKnown, standing.isOpen.has_value());
     if (!graceEnd.has_value() || knewReader != readerIsKnown) {
-        graceEnd = now + (readerIsKnown ? graceOfReader : graceOfUnknownReader);
+        graceEnd = now + (readerIsKnown ? readerGracePeriod : unknownReaderGracePeriod);
     }
     return now < *graceEnd ? State::waiting : State::ready;
 }

@@ -28,9 +28,9 @@ public:
     static constexpr std::chrono::seconds patience{2};
     // The time that a program gets after it has opened the clone. The program discards events until
     // it has set the clock and read the state.
-    static constexpr std::chrono::milliseconds graceOfReader{100};
-    // Replaces graceOfReader if the system does not report whether a program has opened the clone.
-    static constexpr std::chrono::milliseconds graceOfUnknownReader{500};
+    static constexpr std::chrono::milliseconds readerGracePeriod{100};
+    // Replaces readerGracePeriod if the system does not report whether a program has opened the clone.
+    static constexpr std::chrono::milliseconds unknownReaderGracePeriod{500};
 
     explicit CloneIntroduction(Moment madeAt) : deadline(madeAt + patience) {}
 

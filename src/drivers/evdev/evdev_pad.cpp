@@ -26,8 +26,8 @@ namespace {
 
 // Discards libevdev's messages. They report faults of kernel drivers, and libevdev has already
 // corrected the events.
-void keepSilent(const libevdev*, libevdev_log_priority, void*, const char*, int, const char*,
-                const char*, va_list) {}
+void ignoreLog(const libevdev*, libevdev_log_priority, void*, const char*, int, const char*,
+               const char*, va_list) {}
 
 std::optional<AxisRange> axis(const libevdev* device, unsigned code) {
     const input_absinfo* info = libevdev_get_abs_info(device, code);
@@ -83,7 +83,7 @@ std::unique_ptr<OpenPad> EvdevPad::open(const std::string& node) {
     if (device == nullptr) {
         return nullptr;
     }
-    libevdev_set_device_log_function(device.get(), keepSilent, LIBEVDEV_LOG_ERROR, nullptr);
+    libevdev_set_device_log_function(device.get(), ignoreLog, LIBEVDEV_LOG_ERROR, nullptr);
     if (libevdev_set_fd(device.get(), file.descriptor()) != 0 ||
         libevdev_get_num_slots(device.get()) <= 0) {
         return nullptr;
@@ -91,17 +91,17 @@ std::unique_ptr<OpenPad> EvdevPad::open(const std::string& node) {
     return std::unique_ptr<OpenPad>(new EvdevPad(node, std::move(file), std::move(device)));
 }
 
-EvdevPad::EvdevPad(std::string itsNode, OpenFile opened, Device openDevice)
-    : node(std::move(itsNode)), file(std::move(opened)), device(std::move(openDevice)) {
-    settle();
+EvdevPad::EvdevPad(std::string node, OpenFile file, Device device)
+    : node(std::move(node)), file(std::move(file)), device(std::move(device)) {
+    readConsistentState();
     describe();
-    recallState();
+    queueInitialState();
 }
 
 // libevdev reads the state with several calls. If an event arrives in between, the results are
 // inconsistent, and the state is read again. Reading takes a hundredth of the time between two
 // reports of a touchpad, so a retry usually succeeds.
-void EvdevPad::settle() {
+void EvdevPad::readConsistentState() {
     constexpr int maxAttempts = 10;
     for (int attempt = 0; attempt < maxAttempts; ++attempt) {
         if (libevdev_has_event_pending(device.get()) <= 0) {
@@ -130,44 +130,48 @@ void EvdevPad::describe() {
 // The kernel reports only changes, so the driver must know the initial values of all slots, even of
 // empty slots. Fingers that already rest on the pad count: a click with three fingers has three
 // fingers even if they landed before the program started.
-void EvdevPad::recallState() {
+void EvdevPad::queueInitialState() {
     const double now = monotonicNow();
     for (int slot = 0; slot < pad.slotCount; ++slot) {
-        recallSlot(slot, now);
+        queueInitialSlot(slot, now);
     }
-    recall(EV_ABS, ABS_MT_SLOT, libevdev_get_current_slot(device.get()), now);
+    queueInitialEvent(EV_ABS, ABS_MT_SLOT, libevdev_get_current_slot(device.get()), now);
     for (std::uint16_t code = 0; code < ABS_MT_SLOT; ++code) {
         if (libevdev_has_event_code(device.get(), EV_ABS, code) != 0) {
-            recall(EV_ABS, code, libevdev_get_event_value(device.get(), EV_ABS, code), now);
+            queueInitialEvent(EV_ABS, code, libevdev_get_event_value(device.get(), EV_ABS, code),
+                              now);
         }
     }
     for (std::uint16_t code = 0; code < KEY_CNT; ++code) {
         if (libevdev_has_event_code(device.get(), EV_KEY, code) != 0) {
-            recall(EV_KEY, code, libevdev_get_event_value(device.get(), EV_KEY, code), now);
+            queueInitialEvent(EV_KEY, code, libevdev_get_event_value(device.get(), EV_KEY, code),
+                              now);
         }
     }
-    recall(EV_SYN, SYN_REPORT, 0, now);
-    std::ranges::reverse(recalled);
+    queueInitialEvent(EV_SYN, SYN_REPORT, 0, now);
+    std::ranges::reverse(initialEvents);
 }
 
-void EvdevPad::recallSlot(int slot, double time) {
-    recall(EV_ABS, ABS_MT_SLOT, slot, time);
+void EvdevPad::queueInitialSlot(int slot, double time) {
+    queueInitialEvent(EV_ABS, ABS_MT_SLOT, slot, time);
     for (std::uint16_t code = PadState::firstSlotAxis; code <= PadState::lastSlotAxis; ++code) {
         if (libevdev_has_event_code(device.get(), EV_ABS, code) != 0) {
             const auto unsignedSlot = static_cast<unsigned>(slot);
-            recall(EV_ABS, code, libevdev_get_slot_value(device.get(), unsignedSlot, code), time);
+            queueInitialEvent(EV_ABS, code,
+                              libevdev_get_slot_value(device.get(), unsignedSlot, code), time);
         }
     }
 }
 
-void EvdevPad::recall(std::uint16_t type, std::uint16_t code, std::int32_t value, double time) {
-    recalled.push_back({time, type, code, value});
+void EvdevPad::queueInitialEvent(std::uint16_t type, std::uint16_t code, std::int32_t value,
+                                 double time) {
+    initialEvents.push_back({time, type, code, value});
 }
 
 OpenPad::Read EvdevPad::next(InputEvent& event) {
-    if (!recalled.empty()) {
-        event = recalled.back();
-        recalled.pop_back();
+    if (!initialEvents.empty()) {
+        event = initialEvents.back();
+        initialEvents.pop_back();
         return Read::event;
     }
     for (;;) {

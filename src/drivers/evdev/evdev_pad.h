@@ -50,11 +50,11 @@ private:
     void saveStateSeenByOthers();
     void restoreStateSeenByOthers() const;
     std::vector<std::int32_t> slotValues(std::uint16_t code) const;
-    void settle();
+    void readConsistentState();
     void describe();
-    void recallState();
-    void recallSlot(int slot, double time);
-    void recall(std::uint16_t type, std::uint16_t code, std::int32_t value, double time);
+    void queueInitialState();
+    void queueInitialSlot(int slot, double time);
+    void queueInitialEvent(std::uint16_t type, std::uint16_t code, std::int32_t value, double time);
 
     const std::string node;
     OpenFile file;
@@ -71,7 +71,7 @@ private:
     Device device;
     PadDescription pad;
     bool resynchronising = false;
-    std::vector<InputEvent> recalled; // the state at opening as events, the last event first
+    std::vector<InputEvent> initialEvents; // the state at opening as events, the last event first
 };
 
 } // namespace glidemap

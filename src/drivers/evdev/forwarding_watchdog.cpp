@@ -11,8 +11,8 @@
 
 namespace glidemap {
 
-ForwardingWatchdog::ForwardingWatchdog(WatchdogTime& itsTime, std::function<void()> callback)
-    : time(itsTime), onStall(std::move(callback)) {}
+ForwardingWatchdog::ForwardingWatchdog(WatchdogTime& time, std::function<void()> callback)
+    : time(time), onStall(std::move(callback)) {}
 
 ForwardingWatchdog::~ForwardingWatchdog() {
     {

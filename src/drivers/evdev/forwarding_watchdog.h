@@ -45,7 +45,7 @@ public:
 
     // `onStall` is called on the watchdog's thread after a stall, when the touchpads have been
     // released. resume() also calls it, on the caller's thread.
-    ForwardingWatchdog(WatchdogTime& itsTime, std::function<void()> onStall);
+    ForwardingWatchdog(WatchdogTime& time, std::function<void()> onStall);
     ForwardingWatchdog(const ForwardingWatchdog&) = delete;
     ForwardingWatchdog& operator=(const ForwardingWatchdog&) = delete;
     ~ForwardingWatchdog();

@@ -27,9 +27,8 @@ std::int32_t numberOf(std::uint16_t button) {
 
 } // namespace
 
-PadInterception::PadInterception(driver::Device itsDevice, OpenPad& itsPad,
-                                 ClickInterception& allClicks)
-    : device(itsDevice), pad(itsPad), clicks(allClicks), source(pad.description().slotCount) {
+PadInterception::PadInterception(driver::Device device, OpenPad& pad, ClickInterception& clicks)
+    : device(device), pad(pad), clicks(clicks), source(pad.description().slotCount) {
     frame.reserve(largeFrame);
 }
 
@@ -38,7 +37,7 @@ PadInterception::~PadInterception() {
 }
 
 void PadInterception::add(const InputEvent& event) {
-    const bool mayBeForwarded = isForwarding() || givenBackAt.has_value();
+    const bool mayBeForwarded = isForwarding() || releasedAt.has_value();
     if (mayBeForwarded && event.type != EV_SYN && !repeatsButton(event) &&
         !needsMissingSlot(event)) {
         frame.push_back(event);
@@ -65,13 +64,13 @@ bool PadInterception::needsMissingSlot(const InputEvent& event) const {
 }
 
 void PadInterception::endFrame(double time) {
-    if (givenBackAt.has_value() && time >= *givenBackAt) {
-        givenBackAt.reset();
-    } else if (givenBackAt.has_value() && !source.isNeutral()) {
+    if (releasedAt.has_value() && time >= *releasedAt) {
+        releasedAt.reset();
+    } else if (releasedAt.has_value() && !source.isNeutral()) {
         grabAgain(time);
-        givenBackAt.reset();
+        releasedAt.reset();
     }
-    if (stillHoldsPad()) {
+    if (stillGrabsPad()) {
         const bool wasSeenByOthers = time < *grabbedAt;
         if (!wasSeenByOthers) {
             forwardFrame(time);
@@ -86,10 +85,10 @@ void PadInterception::endFrame(double time) {
 
 void PadInterception::forwardFrame(double time) {
     filterButtons();
-    if (!stillHoldsPad() || writer->forward(frame, slotBefore, source, time)) {
+    if (!stillGrabsPad() || writer->forward(frame, slotBefore, source, time)) {
         return;
     }
-    if (stillHoldsPad()) {
+    if (stillGrabsPad()) {
         abandonClone("the touchpad's clone cannot be written");
     }
 }
@@ -122,7 +121,7 @@ void PadInterception::filterButtons() {
 
 // Returns whether the touchpad is still grabbed. Call this before writing, because the watchdog may
 // have released the touchpad.
-bool PadInterception::stillHoldsPad() {
+bool PadInterception::stillGrabsPad() {
     if (!isForwarding()) {
         return false;
     }
@@ -136,7 +135,7 @@ bool PadInterception::stillHoldsPad() {
 }
 
 void PadInterception::settle() {
-    stillHoldsPad();
+    stillGrabsPad();
     if (ended || !pad.hasButtons()) {
         return;
     }
@@ -224,7 +223,7 @@ void PadInterception::dropClone() {
     }
     writer.reset();
     leaveAt.reset();
-    givenBackAt.reset();
+    releasedAt.reset();
 }
 
 bool PadInterception::grab() {
@@ -258,7 +257,7 @@ void PadInterception::ungrabPad() {
 void PadInterception::leave() {
     if (isForwarding()) {
         clicks.watchdog().release(pad);
-        givenBackAt = pad.ungrab();
+        releasedAt = pad.ungrab();
         grabbedAt.reset();
         logLine("touchpads", "given back ", pad.description().name);
     }
@@ -282,9 +281,9 @@ void PadInterception::end() {
     giveBack();
 }
 
-void PadInterception::lose() {
+void PadInterception::disconnect() {
     for (const std::uint16_t button : filteredButtons) {
-        if (stillHoldsPad() && source.isPressed(button)) {
+        if (stillGrabsPad() && source.isPressed(button)) {
             clicks.drops(device, numberOf(button), false);
         }
     }

@@ -18,7 +18,7 @@
 // A clone in the state "leaving" sends no events. It exists for another second, because the kernel
 // discards unread events when a device is removed.
 //
-// Thread:  under the driver's lock. add(), endFrame(), settle() and lose() on the reader's thread.
+// Thread:  under the driver's lock. add(), endFrame(), settle() and disconnect() on the reader's thread.
 // Owner:   PadConnection, beside the pad.
 // Errors:  a touchpad that cannot be cloned or grabbed keeps working without the filter. If
 //          creating the clone fails or no program opens it, the driver retries when the filter is
@@ -51,7 +51,7 @@ public:
     static constexpr std::chrono::seconds firstPause{1};
     static constexpr std::chrono::seconds maxPause{600};
 
-    PadInterception(driver::Device itsDevice, OpenPad& itsPad, ClickInterception& allClicks);
+    PadInterception(driver::Device device, OpenPad& pad, ClickInterception& clicks);
     PadInterception(const PadInterception&) = delete;
     PadInterception& operator=(const PadInterception&) = delete;
     ~PadInterception();
@@ -82,13 +82,13 @@ public:
     void end();
 
     // Like end(), for a touchpad that is gone. Its buttons count as released.
-    void lose();
+    void disconnect();
 
     bool isTouched() const { return isForwarding() && !source.isNeutral(); }
 
 private:
     bool isForwarding() const { return grabbedAt.has_value(); }
-    bool stillHoldsPad();
+    bool stillGrabsPad();
     void forwardFrame(double time);
     void grabAgain(double time);
     void filterButtons();
@@ -114,8 +114,8 @@ private:
     std::optional<CloneWriter> writer; // exists before the touchpad is grabbed
     std::optional<CloneIntroduction> introduction;
     std::optional<double> grabbedAt;
-    std::optional<double> givenBackAt; // end of the last grab
-    std::optional<Moment> leaveAt;     // when to remove the clone
+    std::optional<double> releasedAt; // end of the last grab
+    std::optional<Moment> leaveAt;    // when to remove the clone
     bool ended = false;
 
     unsigned failedAttempt = 0; // the attempt in which making a clone failed

@@ -23,19 +23,19 @@ constexpr std::array<int, 3> stops{SIGTSTP, SIGTTIN, SIGTTOU};
 
 // The write end of the pipe. The signal handler writes the signal's number to it. The handler may
 // interrupt any code, so the variable must be lock-free.
-std::atomic<int> signalEnd = -1;
+std::atomic<int> signalPipe = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
-void leaveSignal(int signal) {
+void writeSignal(int signal) {
     const int before = errno;
     const auto number = static_cast<char>(signal);
-    [[maybe_unused]] const auto written = write(signalEnd, &number, 1);
+    [[maybe_unused]] const auto written = write(signalPipe, &number, 1);
     errno = before;
 }
 
 void handle(int signal) {
     struct sigaction action = {};
-    action.sa_handler = leaveSignal;
+    action.sa_handler = writeSignal;
     action.sa_flags = SA_RESTART;
     sigaction(signal, &action, nullptr);
 }
@@ -47,7 +47,7 @@ bool isUnhandled(int signal) {
 
 // Stops the process with the signal's default action. Returns when the process continues, or
 // immediately if the kernel does not stop the process because no shell could continue it.
-void stopBy(int signal) {
+void stopProcess(int signal) {
     struct sigaction action = {};
     action.sa_handler = SIG_DFL;
     sigaction(signal, &action, nullptr);
@@ -72,7 +72,7 @@ void run(const OpenFile& readEnd, const std::function<void()>& giveBack,
             return;
         }
         giveBack();
-        stopBy(signals[0]);
+        stopProcess(signals[0]);
         grabAgain();
     }
 }
@@ -86,7 +86,7 @@ void begin(std::function<void()> giveBack, std::function<void()> grabAgain) {
     // The write end is never closed, because the handler may run at any time. It does not block,
     // because a full pipe must not block the interrupted code.
     fcntl(ends[1], F_SETFL, O_NONBLOCK);
-    signalEnd = ends[1];
+    signalPipe = ends[1];
     std::thread thread =
         threadWithoutSignals([end = std::move(readEnd), giveBack = std::move(giveBack),
                               grabAgain = std::move(grabAgain)] { run(end, giveBack, grabAgain); });

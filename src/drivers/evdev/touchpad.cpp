@@ -61,7 +61,7 @@ std::unique_ptr<PadConnection> Touchpad::stop() {
 // and reading ends.
 void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
     PadConnection* const reading = connection.get();
-    reading->fresh = false;
+    reading->isFirstRead = false;
     InputEvent event;
     while (connection.get() == reading) {
         const OpenPad::Read result = reading->pad->next(event);
@@ -71,7 +71,7 @@ void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
         }
         if (result != OpenPad::Read::event) {
             broken = result == OpenPad::Read::broken;
-            lose(broken ? "cannot be read any more" : "unplugged", buttonCallback);
+            disconnect(broken ? "cannot be read any more" : "unplugged", buttonCallback);
             return;
         }
         reading->interception.add(event);
@@ -82,16 +82,16 @@ void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
     }
 }
 
-void Touchpad::withdraw(const driver::ButtonCallback& buttonCallback) {
-    lose("given back, this user may not read it any more", buttonCallback);
+void Touchpad::revoke(const driver::ButtonCallback& buttonCallback) {
+    disconnect("given back, this user may not read it any more", buttonCallback);
 }
 
 // Ends the touch with an empty report, because the driver will not see the fingers lift.
-void Touchpad::lose(const char* reason, const driver::ButtonCallback& buttonCallback) {
+void Touchpad::disconnect(const char* reason, const driver::ButtonCallback& buttonCallback) {
     const std::unique_ptr<PadConnection> lost = std::move(connection);
     logLine("touchpads", lost->node, ", ", _identity.name, ": ", reason);
     report(lost->assembler.release(monotonicNow()), buttonCallback);
-    lost->interception.lose();
+    lost->interception.disconnect();
 }
 
 void Touchpad::report(const PadFrame& frame, const driver::ButtonCallback& buttonCallback) {

@@ -27,9 +27,9 @@ namespace glidemap {
 // An open touchpad. It lives until the reader has finished with it, even if it was stopped
 // meanwhile.
 struct PadConnection {
-    PadConnection(std::string itsNode, std::unique_ptr<OpenPad> openPad, driver::Device device,
+    PadConnection(std::string node, std::unique_ptr<OpenPad> openPad, driver::Device device,
                   ClickInterception& clicks)
-        : node(std::move(itsNode)), pad(std::move(openPad)), assembler(pad->description()),
+        : node(std::move(node)), pad(std::move(openPad)), assembler(pad->description()),
           interception(device, *pad, clicks) {}
 
     std::string node;
@@ -38,13 +38,13 @@ struct PadConnection {
     PadInterception interception;
     // True until the first read, which must not wait for poll(), because the initial state does not
     // make the descriptor readable.
-    bool fresh = true;
+    bool isFirstRead = true;
     bool mayBeRead = true; // false once this user has lost access to the node
 };
 
 class Touchpad {
 public:
-    explicit Touchpad(PadIdentity itsIdentity) : _identity(std::move(itsIdentity)) {}
+    explicit Touchpad(PadIdentity identity) : _identity(std::move(identity)) {}
     Touchpad(const Touchpad&) = delete;
     Touchpad& operator=(const Touchpad&) = delete;
 
@@ -85,11 +85,11 @@ public:
 
     // Closes the touchpad as if it were unplugged, because this user may not read it any more.
     // Requires a connection.
-    void withdraw(const driver::ButtonCallback& buttonCallback);
+    void revoke(const driver::ButtonCallback& buttonCallback);
 
 private:
     void report(const PadFrame& frame, const driver::ButtonCallback& buttonCallback);
-    void lose(const char* reason, const driver::ButtonCallback& buttonCallback);
+    void disconnect(const char* reason, const driver::ButtonCallback& buttonCallback);
 
     PadIdentity _identity;
     std::string node;

@@ -49,7 +49,7 @@ std::vector<driver::Device> TouchpadDriver::createList() {
     for (const PadCandidate& candidate : directory->candidates()) {
         logLine("touchpads", "found ", candidate.node, ", ", candidate.identity.name,
                 candidate.readable ? "" : ": not used, this user may not read it");
-        noteAccess(candidate);
+        updateAccess(candidate);
         if (candidate.readable) {
             Touchpad& touchpad = recordFor(candidate, list);
             touchpad.setLastNode(candidate.node);
@@ -82,7 +82,7 @@ Touchpad& TouchpadDriver::recordFor(const PadCandidate& candidate,
 }
 
 // A descriptor stays readable when the user loses access to the node, so the reader must close it.
-void TouchpadDriver::noteAccess(const PadCandidate& candidate) {
+void TouchpadDriver::updateAccess(const PadCandidate& candidate) {
     for (const auto& touchpad : touchpads) {
         if (touchpad->isOpenAt(candidate.node) &&
             touchpad->connected()->mayBeRead != candidate.readable) {
@@ -163,7 +163,7 @@ void TouchpadDriver::start(driver::Device device) {
     touchpad->start();
     connect(*touchpad);
     clicks.watchdog().progress(); // opening several touchpads may delay the reader
-    mustSearch = true; // to read the current contacts, or to open a touchpad that returned
+    needsScan = true; // to read the current contacts, or to open a touchpad that returned
     launchReader();
     wakeReader();
 }
@@ -177,7 +177,7 @@ void TouchpadDriver::stop(driver::Device device) {
             return;
         }
         if (auto connection = touchpad->stop(); connection != nullptr) {
-            retired.push_back(std::move(connection));
+            closedConnections.push_back(std::move(connection));
         }
         wakeReader();
         const bool fromCallback = reader.get_id() == std::this_thread::get_id();
@@ -253,8 +253,8 @@ void TouchpadDriver::runReader() {
         clicks.watchdog().work(); // waiting for the lock is part of the work
         {
             const Lock lock(mutex);
-            serve();
-            retired.clear();
+            processEvents();
+            closedConnections.clear();
             if (!anyStarted()) {
                 returnWatch.reset();
                 descriptors.clear();
@@ -282,7 +282,7 @@ void TouchpadDriver::waitForWork() {
     ppoll(descriptors.data(), descriptors.size(), wakeAt.has_value() ? &left : nullptr, nullptr);
 }
 
-void TouchpadDriver::serve() {
+void TouchpadDriver::processEvents() {
     withdrawUnreadable();
     readReady();
     const bool stalled = clicks.noticeStall();
@@ -292,8 +292,8 @@ void TouchpadDriver::serve() {
         readDue();
     }
     clonesChanged = false;
-    while (mustSearch) {
-        mustSearch = false;
+    while (needsScan) {
+        needsScan = false;
         updateWatch(); // first, so that no return is missed between the two calls
         reconnect();
         readFresh();
@@ -308,8 +308,8 @@ void TouchpadDriver::withdrawUnreadable() {
     for (std::size_t index = 0; index < touchpads.size(); ++index) {
         const PadConnection* connection = touchpads[index]->connected();
         if (connection != nullptr && !connection->mayBeRead) {
-            touchpads[index]->withdraw(buttonCallback);
-            mustSearch = true;
+            touchpads[index]->revoke(buttonCallback);
+            needsScan = true;
         }
     }
 }
@@ -334,7 +334,7 @@ void TouchpadDriver::readReady() {
         } else if (returnWatch != nullptr) {
             returnWatch->acknowledge();
             std::ranges::for_each(touchpads, &Touchpad::allowRetry, record);
-            mustSearch = true;
+            needsScan = true;
         }
     }
 }
@@ -343,7 +343,7 @@ void TouchpadDriver::read(Touchpad& touchpad) {
     if (touchpad.connected() != nullptr) {
         touchpad.read(buttonCallback);
         clicks.watchdog().progress(); // reported for each touchpad, because many may be open
-        mustSearch = mustSearch || touchpad.mayHaveReturned();
+        needsScan = needsScan || touchpad.mayHaveReturned();
     }
 }
 
@@ -351,7 +351,7 @@ void TouchpadDriver::readFresh() {
     // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
     for (std::size_t index = 0; index < touchpads.size(); ++index) {
         const PadConnection* connection = touchpads[index]->connected();
-        if (connection != nullptr && connection->fresh) {
+        if (connection != nullptr && connection->isFirstRead) {
             read(*touchpads[index]);
         }
     }

@@ -81,7 +81,7 @@ private:
 
     Touchpad* find(driver::Device device) const;
     Touchpad& recordFor(const PadCandidate& candidate, const std::vector<driver::Device>& taken);
-    void noteAccess(const PadCandidate& candidate);
+    void updateAccess(const PadCandidate& candidate);
     bool isOpen(const std::string& node) const;
     bool anyStarted() const;
     void connect(Touchpad& touchpad);
@@ -93,7 +93,7 @@ private:
     std::optional<ClickInterception::Moment> nextLook() const;
     void runReader();
     void waitForWork();
-    void serve();
+    void processEvents();
     void withdrawUnreadable();
     void readReady();
     void readFresh();
@@ -113,10 +113,10 @@ private:
     std::vector<std::unique_ptr<Touchpad>> touchpads;
     std::int32_t unreadable = 0;
     driver::ButtonCallback buttonCallback = nullptr;
-    std::vector<std::unique_ptr<PadConnection>> retired; // closed on the reader's thread
+    std::vector<std::unique_ptr<PadConnection>> closedConnections; // closed on the reader's thread
     std::thread reader;
     bool readerRuns = false;
-    bool mustSearch = false; // a touchpad may have returned, or was opened but not read
+    bool needsScan = false; // a touchpad may have returned, or was opened but not read
     bool clonesChanged = false;
 
     // Used on the reader's thread only.

@@ -73,7 +73,7 @@ protected:
     // Waits for the grab, and advances the time so that the clone becomes ready. Returns false on a
     // time-out.
     bool isTaken(const FakeSystem& system) {
-        constexpr std::chrono::milliseconds step = CloneIntroduction::graceOfReader;
+        constexpr std::chrono::milliseconds step = CloneIntroduction::readerGracePeriod;
         const auto deadline = std::chrono::steady_clock::now() + FakeSystem::limit;
         while (!system.waitUntilGrabbed(true, step)) {
             if (std::chrono::steady_clock::now() >= deadline) {

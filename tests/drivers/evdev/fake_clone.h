@@ -153,7 +153,7 @@ private:
 
 class FakeClone : public PadClone {
 public:
-    explicit FakeClone(std::shared_ptr<FakeSystem> itsSystem) : system(std::move(itsSystem)) {}
+    explicit FakeClone(std::shared_ptr<FakeSystem> system) : system(std::move(system)) {}
     ~FakeClone() override { system->destroyClone(); }
 
     std::string place() const override { return "clone"; }

@@ -89,7 +89,7 @@ private:
 
 class FakeOpenPad : public OpenPad {
 public:
-    explicit FakeOpenPad(std::shared_ptr<FakeStream> itsStream) : stream(std::move(itsStream)) {
+    explicit FakeOpenPad(std::shared_ptr<FakeStream> stream) : stream(std::move(stream)) {
         pad.slotCount = 5;
         pad.x = {0, 100, 0};
         pad.y = {0, 100, 0};
@@ -195,11 +195,11 @@ private:
 
 class FakeWatch : public ReturnWatch {
 public:
-    explicit FakeWatch(std::shared_ptr<FakePads> itsDrawer) : drawer(std::move(itsDrawer)) {
-        const std::lock_guard lock(drawer->mutex);
+    explicit FakeWatch(std::shared_ptr<FakePads> drawer) : drawer(std::move(drawer)) {
+        const std::lock_guard lock(this->drawer->mutex);
         FakeWatch::acknowledge(); // changes before the watch was created are not reported
-        ++drawer->watching;
-        drawer->watchesChanged.notify_all();
+        ++this->drawer->watching;
+        this->drawer->watchesChanged.notify_all();
     }
     ~FakeWatch() override {
         const std::lock_guard lock(drawer->mutex);
@@ -219,7 +219,7 @@ private:
 
 class FakeDirectory : public PadDirectory {
 public:
-    explicit FakeDirectory(std::shared_ptr<FakePads> itsDrawer) : drawer(std::move(itsDrawer)) {}
+    explicit FakeDirectory(std::shared_ptr<FakePads> drawer) : drawer(std::move(drawer)) {}
 
     std::vector<PadCandidate> candidates() override {
         std::unique_lock lock(drawer->mutex);

@@ -41,7 +41,7 @@ protected:
     void switchOn(bool on = true) {
         clicks.switchOn(on);
         interception->settle();
-        letPass(on ? std::chrono::nanoseconds(CloneIntroduction::graceOfReader)
+        letPass(on ? std::chrono::nanoseconds(CloneIntroduction::readerGracePeriod)
                    : PadInterception::cloneRetention);
     }
 
@@ -334,7 +334,7 @@ TEST_F(PadInterceptionTest, EndingTheInterceptionLiftsFingersAndReleasesButtons)
 TEST_F(PadInterceptionTest, LosingTheTouchpadEndsTouchesAndButtonPresses) {
     switchOn();
     say({{fingerDown}, {leftDown}});
-    interception->lose();
+    interception->disconnect();
     EXPECT_EQ(asked, (Texts{"0,0", "1,0"}));
     EXPECT_EQ(system().journal(),
               (Texts{"clone", "grab", "3:57=5", "3:55=2", "3:57=-1", "ungrab", "destroy"}));
@@ -392,7 +392,7 @@ TEST_F(PadInterceptionTest, DoesNotGrabWhileNoProgramCanReadTheClone) {
         const std::size_t before = system().journal().size();
         system().setStanding(row.standing);
         switchOn();
-        letPass(CloneIntroduction::patience - CloneIntroduction::graceOfReader -
+        letPass(CloneIntroduction::patience - CloneIntroduction::readerGracePeriod -
                 std::chrono::nanoseconds(1));
         EXPECT_EQ(system().journal().size(), before + 1) << row.obstacle;
         EXPECT_TRUE(interception->isIntroducing());
@@ -416,7 +416,7 @@ TEST_F(PadInterceptionTest, GrabsAfterTheGracePeriodWhenTheCloneIsOpenedLate) {
     letPass(std::chrono::milliseconds(500));
     system().setStanding({true, true, true});
     letPass(std::chrono::nanoseconds(0));
-    letPass(CloneIntroduction::graceOfReader - std::chrono::nanoseconds(1));
+    letPass(CloneIntroduction::readerGracePeriod - std::chrono::nanoseconds(1));
     EXPECT_FALSE(system().isGrabbed());
     letPass(std::chrono::nanoseconds(1));
     EXPECT_TRUE(system().isGrabbed());
@@ -427,20 +427,20 @@ TEST_F(PadInterceptionTest, ReaderThatClosesTheCloneRestartsTheGracePeriod) {
     system().setStanding({true, true, true});
     clicks.switchOn(true);
     interception->settle();
-    letPass(CloneIntroduction::graceOfReader / 2);
+    letPass(CloneIntroduction::readerGracePeriod / 2);
     system().setStanding({true, true, false});
-    letPass(CloneIntroduction::graceOfReader);
+    letPass(CloneIntroduction::readerGracePeriod);
     system().setStanding({true, true, true});
     letPass(std::chrono::nanoseconds(0));
     EXPECT_FALSE(system().isGrabbed());
-    letPass(CloneIntroduction::graceOfReader);
+    letPass(CloneIntroduction::readerGracePeriod);
     EXPECT_TRUE(system().isGrabbed());
 }
 
 TEST_F(PadInterceptionTest, UnknownReadersGetALongerGracePeriodThanADetectedReader) {
     system().setStanding({true, true, std::nullopt});
     switchOn();
-    letPass(CloneIntroduction::graceOfUnknownReader - CloneIntroduction::graceOfReader -
+    letPass(CloneIntroduction::unknownReaderGracePeriod - CloneIntroduction::readerGracePeriod -
             std::chrono::nanoseconds(1));
     EXPECT_FALSE(system().isGrabbed());
     letPass(std::chrono::nanoseconds(1));
@@ -527,7 +527,7 @@ TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheUngrabIsForwardedAfterANewGra
 TEST_F(PadInterceptionTest, CreatesNoCloneWhileTheWatchdogIsPaused) {
     switchOn();
     clicks.watchdog().pause();
-    letPass(CloneIntroduction::graceOfReader);
+    letPass(CloneIntroduction::readerGracePeriod);
     say({{fingerDown}, {fingerUp}});
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
     EXPECT_EQ(asked, Texts());
@@ -566,7 +566,7 @@ TEST_F(PadInterceptionTest, ForwardingStopsAfterTheFilterHangsUntilSwitchedOnAga
     say({{leftUp}});
     EXPECT_FALSE(system().isGrabbed());
     say({{fingerUp}});
-    letPass(CloneIntroduction::graceOfReader);
+    letPass(CloneIntroduction::readerGracePeriod);
     EXPECT_TRUE(system().isGrabbed());
     EXPECT_EQ(asked, (Texts{"0,0", "2,0", "0,0", "2,0"}));
 }
