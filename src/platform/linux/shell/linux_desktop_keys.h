@@ -3,7 +3,7 @@
 // the window is destroyed or the program exits.
 //
 // On Wayland, the desktop keeps its keys, because the protocol that disables the desktop's key
-// bindings needs a private interface of Qt (docs/decisions/0070-the-keys-of-the-desktop.md).
+// bindings needs a private interface of Qt (docs/decisions/0070-recording-desktop-keys.md).
 //
 // Thread:  the main thread.
 // Owner:   the platform's KeyPresses object.
