@@ -44,7 +44,7 @@ public:
                           std::chrono::seconds patience = std::chrono::seconds(60));
 
     // Waits until the program has finished all pending work. Returns false if the program has
-    // exited instead, which may be correct.
+    // exited instead; the caller decides whether that is a failure. A time-out fails the test.
     bool waitUntilAsleep() const;
 
     void send(int signal) const;
