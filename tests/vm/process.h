@@ -38,8 +38,8 @@ public:
     // Waits for more output; returns false on time-out.
     bool waitForMoreOutput(int milliseconds) { return readMore(milliseconds); }
 
-    // Waits until the program has opened the device and waits for its events. Earlier events may be
-    // lost. Fails if the program exits instead.
+    // Waits until the program has opened the device and is ready to read its events. Earlier events
+    // may be lost. Fails if the program exits instead.
     bool waitUntilReading(const std::filesystem::path& device,
                           std::chrono::seconds patience = std::chrono::seconds(60));
 
