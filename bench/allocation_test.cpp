@@ -118,7 +118,7 @@ TEST(AnEndlessSession, AllocatesAtMostOncePerReportOnTheDriversThreadAndNeverOnT
 }
 
 // The array that is passed to the engine has room for two hands from the start and never grows.
-TEST(AFirstReport, NeedsItsCopyAndOneArrayForTheEngine) {
+TEST(AFirstReport, AllocatesAtMostItsCopyAndOneArrayForTheEngine) {
     CountedPipeline pipeline;
     pipeline.push(fingersAt(1, 0), 1);
     EXPECT_LE(pipeline.maxByDriver, 2);

@@ -140,9 +140,9 @@ void SessionRecognizer::follow(const TouchPoint& finger, double time) {
     }
 }
 
-// Ends the track of every finger that is missing from the frame. A missing finger leaves the live
-// fingers just before its own check for a hold and tap, so missing fingers that come later in the
-// loop still count as live in that check.
+// Ends the track of every finger that is missing from the frame. Each of these fingers is removed
+// from the live fingers and immediately checked for a hold and tap. During this check, the missing
+// fingers that come later in the loop still count as live.
 void SessionRecognizer::endLiveTracks(double time) {
     liveIndex.collectMissing(fingerIds, liftedFingers);
     for (const LiveIndex::Entry& finger : liftedFingers) {

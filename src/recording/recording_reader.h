@@ -44,8 +44,8 @@ public:
     // failed.
     virtual const std::optional<RecordingError>& error() const = 0;
 
-    // Returns the touchpad's name. Empty if the recording has no name, or its name has not been
-    // read yet.
+    // Returns the touchpad's name. Empty if the recording does not contain it, or if it has not
+    // been read yet.
     virtual const std::string& device() const = 0;
 };
 

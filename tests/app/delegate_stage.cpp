@@ -21,8 +21,8 @@ QIcon anyIcon() {
 
 DelegateStage* DelegateStage::current = nullptr;
 
-// Returns a driver without devices. The manager queries the device count only when it starts, so
-// each query is noted as a start.
+// Returns a driver without devices. The manager queries the device count when it starts and when it
+// looks for new devices; each query is noted as "touches".
 TouchDriverPlatform DelegateStage::driver() {
     return {TEST_DRIVER, [](void*) {
                 return TouchDriverPlatform::ListAccess{

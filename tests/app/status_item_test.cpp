@@ -121,7 +121,7 @@ TEST_F(StatusItemTest, BarThatDrawsTheMenuShowsNoShortcuts) {
     }
 }
 
-TEST_F(StatusItemTest, BarThatStartsToDrawTheMenuGetsANewIconAndNoShortcuts) {
+TEST_F(StatusItemTest, IconIsRedrawnAndShortcutsAreRemovedWhenTheBarBeginsToDrawTheMenu) {
     const auto item = itemThatWaits(never);
     item->menu().addAction("one")->setShortcut(QKeySequence("Ctrl+Q"));
     bar->become(Kind::embeds);

@@ -77,7 +77,7 @@ TEST_F(StartupAndShutdownTest, UnresponsiveBusDelaysNeitherStartupNorExit) {
     command.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.address();
     command.environment["DBUS_SYSTEM_BUS_ADDRESS"] = bus.address();
     for (const bool isWaylandToo : {false, true}) {
-        if (isWaylandToo) { // on Wayland, virtual desktops come from the bus
+        if (isWaylandToo) { // under Wayland, the backends for GNOME and KWin use the bus
             command.environment["WAYLAND_DISPLAY"] = "none";
             command.environment["QT_QPA_PLATFORM"] = "xcb";
         }

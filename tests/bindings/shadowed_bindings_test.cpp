@@ -35,7 +35,7 @@ TEST(ShadowedBindingsTest, CompareScopesByIdentifier) {
         ElementsAre(false, false, true, false));
 }
 
-TEST(ShadowedBindingsTest, IgnoreDisabledBindings) {
+TEST(ShadowedBindingsTest, DisabledBindingsNeitherShadowNorAreShadowed) {
     EXPECT_THAT(
         shadowedBindings({bound(pinchIn, GlobalScope{}, false), bound(pinchIn, GlobalScope{}),
                           bound(pinchIn, GlobalScope{}, false)}),

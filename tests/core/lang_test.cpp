@@ -120,7 +120,8 @@ TEST(LangTest, SharedInstanceStoresItsCodeInTheConfiguredStore) {
     EXPECT_EQ(sharedStore->string(key), "en");
 }
 
-// The engine's queue also creates texts: those of the actions in the log of recent gestures.
+// The main thread changes the language, while the engine's thread reads it to describe the actions
+// in the log of recent gestures.
 TEST(LangTest, ReaderOnAnotherThreadGetsTheOldOrTheNewCode) {
     Lang lang(nullptr);
     std::atomic<bool> done = false;

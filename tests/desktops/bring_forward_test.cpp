@@ -221,8 +221,9 @@ TEST_P(BringForwardTest, ApplicationThatHasExitedStartsAgain) {
     expectStarts(seen, "launched", 2);
 }
 
-// The program runs in the user's terminal. Glidemap finds the terminal's window by the process that
-// it has launched.
+// The program runs in the user's terminal. Glidemap launches the terminal, and finds its window by
+// the terminal's process. If the desktop does not report the processes of windows, each launch
+// starts the program again.
 TEST_P(BringForwardTest, ProgramInATerminalComesForward) {
     const Terminal& terminal = GetParam().terminal;
     if (!isInstalled(terminal.program)) {

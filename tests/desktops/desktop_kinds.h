@@ -32,7 +32,7 @@ enum class LaunchTokenKind { none, startupID, token };
 // A terminal with one process per window.
 struct Terminal {
     std::string program;
-    std::string command; // followed by the command that runs in it
+    std::string command; // the command to run in the terminal is appended to it
 };
 
 struct DesktopKind {

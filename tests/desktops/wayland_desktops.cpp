@@ -202,7 +202,7 @@ public:
         return false;
     }
 
-    // KWin 6 needs a graphics device for OpenGL.
+    // The overview needs OpenGL, and KWin 6 uses OpenGL only on a machine with a graphics device.
     std::string whyNoOverview() const override {
         const std::string type = textOf(property(
             bus().connection(), {"org.kde.KWin", "/Compositor", "org.kde.kwin.Compositing"},

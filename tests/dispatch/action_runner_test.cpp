@@ -139,7 +139,7 @@ TEST_F(ActionRunnerTest, UnknownIdentifierLaunchesNothing) {
     expectNothingElseThan(0, 0, 0);
 }
 
-TEST_F(ActionRunnerTest, LaunchAppNeedsNoBinding) {
+TEST_F(ActionRunnerTest, LaunchAppWorksWithoutABinding) {
     workspace->urls = {{"org.example.Editor", "file:///applications/editor"}};
     runner->launchApp("org.example.Editor");
     EXPECT_THAT(workspace->opened, ElementsAre("application file:///applications/editor"));

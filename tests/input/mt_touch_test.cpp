@@ -93,7 +93,7 @@ TEST(MTTouchTest, RecordsArePackedBackToBack) {
     EXPECT_EQ(records[2].identifier, 3);
 }
 
-TEST(MTTouchTest, OnlyTheStatesMakeTouchAndTouchingCountAsTouching) {
+TEST(MTTouchTest, OnlyStatesThreeAndFourCountAsTouching) {
     const struct {
         std::int32_t state;
         bool touching;

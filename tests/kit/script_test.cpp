@@ -76,7 +76,7 @@ TEST(ScriptTest, ReportsNothingWhileNoFingerTouches) {
               (std::vector<double>{0, 0.008, 0.01, 0.51, 0.518, 0.52}));
 }
 
-TEST(ScriptTest, EveryTouchHasNewIdentifiers) {
+TEST(ScriptTest, FingerThatLandsAgainHasANewIdentifier) {
     const auto frames = fingers(1).down().up().down().up().frames();
     EXPECT_EQ(frames[0].touches.front().id, 1);
     EXPECT_EQ(frames[2].touches.front().id, 2);

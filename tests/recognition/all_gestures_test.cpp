@@ -126,8 +126,8 @@ TEST(AllGesturesTest, EveryGestureThatATouchpadCanReportIsCovered) {
             missing.insert(gesture);
         }
     }
-    // Clicks are not touches, and a real circle always has a direction, so a pad cannot report
-    // these gestures.
+    // A click needs the touchpad's button, and a drawn circle always has a direction, so touches
+    // alone cannot make these gestures.
     EXPECT_EQ(missing, (std::set{drawCircle, twoFingerClick, threeFingerClick, fourFingerClick}));
 }
 

@@ -69,8 +69,8 @@ TEST(EdgeSwipeTest, RejectsAnInwardDistanceBelowTheMinimum) {
         {{0.5, 0}, {0.5, justBelow(0.22)}, std::nullopt},
         {{0.5, 0}, {0.5, 0.22}, edgeSwipeFromBottom},
         {{0.5, 0}, {0.5, justAbove(0.22)}, edgeSwipeFromBottom},
-        // No double is exactly 0.22 below 1: 0.78 is slightly less than 0.22 below 1, and the next
-        // smaller double is more than 0.22 below 1.
+        // The expectations below check that 1 - 0.78 is slightly less than 0.22, and that with the
+        // next smaller double the difference exceeds 0.22.
         {{1, 0.5}, {0.78, 0.5}, std::nullopt},
         {{1, 0.5}, {justBelow(0.78), 0.5}, edgeSwipeFromRight},
         {{0.5, 1}, {0.5, 0.78}, std::nullopt},

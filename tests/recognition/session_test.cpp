@@ -33,7 +33,7 @@ TEST(SessionTest, LastsFromTheFirstLandingToTheLastLift) {
     });
 }
 
-TEST(SessionTest, EndsWithTheFirstReportWithoutFingers) {
+TEST(SessionTest, EndsWithTheFirstReportWithoutTouchingFingers) {
     const Frames frames = {
         frameAt(0, {finger(1, 0.3, 0.5), finger(2, 0.4, 0.5)}),
         frameAt(0.1, {hovering(1, 0.3, 0.5), hovering(2, 0.4, 0.5)}),

@@ -183,7 +183,7 @@ void failToAsk(SettingsStage& stage) {
                       "terminal: sudo /usr/libexec/glidemap/glidemap-grant-access";
 }
 
-// Moves the focus with a key, because Qt shows the focus only after that.
+// Moves the focus with a key, because Qt draws the focus ring only after a key press.
 void focusAdd(SettingsStage& stage) {
     stage.find("addBinding")->setFocus(Qt::TabFocusReason);
     stage.pressKey(Qt::Key_Tab, Qt::ShiftModifier);

@@ -1,4 +1,5 @@
-// Tests the contacts that the driver reports through a real kernel, for no particular touchpad.
+// Tests the contacts that the driver reports for the events of a real kernel. The touchpad is an
+// invented one; recordings_test.cpp tests real models.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"

@@ -87,7 +87,7 @@ public:
     // Returns the ids of the threads that the driver has started.
     const std::vector<int>& threads() const { return driverThreads; }
 
-    // Waits until the driver has opened a reconnected touchpad again and waits for its events.
+    // Waits until the driver has reopened a reconnected touchpad and is ready to read its events.
     // Earlier events may be lost.
     bool waitUntilReading(const VirtualPad& pad) const;
 

@@ -1,4 +1,5 @@
-// Tests the bindings store on a full or read-only disk. The tests mount a file system of 256 KiB.
+// Tests the bindings store on a full or read-only disk, and with files that the user may not
+// access. The tests mount a file system of 256 KiB.
 #include "binding_printers.h"
 #include "bindings/binding_store.h"
 #include "support_folder.h"
@@ -81,7 +82,7 @@ BindingList listWithName(std::size_t length) {
              .scope = GlobalScope{}}};
 }
 
-class FullDisk : public testing::Test {
+class BindingsOnDisk : public testing::Test {
 protected:
     fs::path file() const { return disk.path() / "Glidemap" / "bindings.json"; }
     BindingStore launch() const {
@@ -94,6 +95,8 @@ protected:
 
     SmallDisk disk;
 };
+
+using FullDisk = BindingsOnDisk;
 
 struct Row {
     const char* name;
@@ -155,7 +158,7 @@ TEST_F(FullDisk, KeepsTheSavedBindingsWhileNoInodeIsFree) {
     expectOnDisk(*store.bindings());
 }
 
-TEST_F(FullDisk, KeepsTheSavedBindingsWhileTheDiskIsReadOnly) {
+TEST_F(BindingsOnDisk, KeepsTheSavedBindingsWhileTheDiskIsReadOnly) {
     BindingStore store = launch();
     const BindingList old = *store.bindings();
     disk.setReadOnly(true);
@@ -169,7 +172,7 @@ TEST_F(FullDisk, KeepsTheSavedBindingsWhileTheDiskIsReadOnly) {
 }
 
 // Runs without root's rights, because root may write to any folder.
-TEST_F(FullDisk, KeepsTheSavedBindingsWhileTheFolderIsReadOnly) {
+TEST_F(BindingsOnDisk, KeepsTheSavedBindingsWhileTheFolderIsReadOnly) {
     BindingStore store = launch();
     const BindingList old = *store.bindings();
     const fs::path folder = disk.path() / "Glidemap";
@@ -190,7 +193,7 @@ TEST_F(FullDisk, KeepsTheSavedBindingsWhileTheFolderIsReadOnly) {
     expectOnDisk(changed);
 }
 
-TEST_F(FullDisk, ReplacesAnUnreadableFileWithTheDefaultBindings) {
+TEST_F(BindingsOnDisk, ReplacesAnUnreadableFileWithTheDefaultBindings) {
     launch().setBindings(listWithName(10));
     fs::permissions(disk.path(), fs::perms::all);
     fs::permissions(disk.path() / "Glidemap", fs::perms::all);

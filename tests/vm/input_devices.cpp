@@ -145,8 +145,8 @@ std::vector<std::filesystem::path> cloneNodes() {
     return nodes;
 }
 
-// Waits for udev's announcement, as a desktop does. Before the announcement, programs that udev's
-// rules run open and close the clone.
+// Waits for udev's announcement, as a desktop does. Before the announcement, udev's rules run
+// programs that open and close the clone.
 std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& except) {
     std::filesystem::path found;
     const bool isThere = waitForNodes([&] {

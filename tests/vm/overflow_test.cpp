@@ -83,8 +83,9 @@ TEST_F(OverflowTest, FingerThatLiftsDuringTheOverflowLeavesOnce) {
     EXPECT_EQ(stayed->x, seenX(1000 + manyFrames));
 }
 
-// When the driver queries the slot after the overflow, the slot already has a new tracking id. The
-// driver must notice that the first finger has lifted although it never found the slot empty.
+// When the driver queries slot 1 after the overflow, the slot already has a new tracking id. The
+// driver must notice that the slot's previous finger has lifted, although it never found the slot
+// empty.
 TEST_F(OverflowTest, NewFingerInAReusedSlotHasANewIdentifier) {
     moveFingerZeroManyTimes();
     pad.write(fingerUp(1));

@@ -38,13 +38,13 @@ public:
     // Waits for more output; returns false on time-out.
     bool waitForMoreOutput(int milliseconds) { return readMore(milliseconds); }
 
-    // Waits until the program has opened the device and waits for its events. Earlier events may be
-    // lost. Fails if the program exits instead.
+    // Waits until the program has opened the device and is ready to read its events. Earlier events
+    // may be lost. Fails if the program exits instead.
     bool waitUntilReading(const std::filesystem::path& device,
                           std::chrono::seconds patience = std::chrono::seconds(60));
 
     // Waits until the program has finished all pending work. Returns false if the program has
-    // exited instead, which may be correct.
+    // exited instead; the caller decides whether that is a failure. A time-out fails the test.
     bool waitUntilAsleep() const;
 
     void send(int signal) const;

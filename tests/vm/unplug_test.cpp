@@ -1,7 +1,7 @@
-// Tests touchpads that are unplugged and reconnected. If a finger touches a touchpad that is
-// unplugged, the driver reports that no finger touches the touchpad any more. When the touchpad is
-// connected again, the driver reports its fingers as before. The driver ignores another touchpad
-// that is connected meanwhile.
+// Tests touchpads that are unplugged and reconnected. If a touchpad is unplugged while a finger
+// touches it, the driver reports that no finger touches it any more. When the touchpad is connected
+// again, the driver reports its fingers as before. The driver ignores another touchpad that is
+// connected in the meantime.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -80,7 +80,7 @@ TEST(UnplugTest, AnotherTouchpadDoesNotReplaceAMissingTouchpad) {
 
     VirtualPad other(otherPad());
     pad.plugIn();
-    // When the driver reads the returned touchpad, it has also seen the other one, which was
+    // When the driver reads the reconnected touchpad, it has also detected the other one, which was
     // plugged in earlier.
     ASSERT_TRUE(session.waitUntilReading(pad));
     EXPECT_FALSE(hasOpen("self", other.node()));

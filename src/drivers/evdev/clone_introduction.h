@@ -36,7 +36,7 @@ public:
 
     State look(const CloneStanding& standing, Moment now);
 
-    // Returns when to call look() again if nothing changes before then.
+    // Returns the time at which to call look() again if nothing changes before then.
     Moment nextLook() const;
 
     // Returns the reason why programs cannot read the clone yet, for a log, or null if they can.

@@ -68,7 +68,7 @@ public:
     // necessary.
     void settle();
 
-    // Returns when settle() must be called even if the touchpad sends no event.
+    // Returns the time at which settle() must be called even if the touchpad sends no event.
     std::optional<Moment> nextLook() const;
 
     // Returns whether the clone is new. If so, call settle() when the clone watch reports a change.

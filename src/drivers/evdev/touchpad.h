@@ -55,8 +55,8 @@ public:
     PadConnection* connected() const { return connection.get(); }
     bool isOpenAt(const std::string& otherNode) const;
 
-    // Returns when the reader must serve the touchpad's clone even if no event arrives. Returns
-    // nullopt if the clone does not require it.
+    // Returns the time at which the reader must serve the touchpad's clone even if no event
+    // arrives. Returns nullopt if the clone does not require it.
     std::optional<ClickInterception::Moment> nextLook() const;
     bool isForwardedAndTouched() const;
 

@@ -294,7 +294,7 @@ void TouchpadDriver::processEvents() {
     clonesChanged = false;
     while (needsScan) {
         needsScan = false;
-        updateWatch(); // first, so that no return is missed between the two calls
+        updateWatch(); // before reconnect(), so that no return in between is missed
         reconnect();
         readFresh();
     }

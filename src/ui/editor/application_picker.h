@@ -33,7 +33,8 @@ public:
     // Called when the user picks an entry; nullopt is "no application".
     std::function<void(const std::optional<RunningApp>&)> onPick;
 
-    // Updates the list of running applications. The picker calls this before each use.
+    // Updates the list of running applications. The picker also calls this when it is shown, before
+    // its list opens, and before it handles a key.
     void reload();
 
     void showPopup() override;

@@ -63,9 +63,9 @@ struct BindingDraft {
     std::optional<BindingAction> action() const;
     std::optional<BindingScope> scope() const;
 
-    // Writes the draft into the binding with the identifier `edited`, whose enabled state is
-    // unchanged, and returns the list. Appends a new binding if `edited` is nullopt or not in the
-    // list.
+    // Writes the draft into the binding with the identifier `edited`, and returns the list. Does
+    // not change whether that binding is enabled. Appends a new binding if `edited` is nullopt or
+    // not in the list. Returns nullopt if the draft is incomplete.
     std::optional<BindingList> writtenInto(BindingList list,
                                            const std::optional<Uuid>& edited) const;
 };

@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::uint64_t capsLock = 0x10000;
 
-// The virtual key codes from firstModifierKey to lastModifierKey are Shift, Control, Option,
-// Command, Caps Lock and Fn, left and right.
+// The virtual key codes from firstModifierKey to lastModifierKey are Caps Lock, Fn, and the left
+// and right Shift, Control, Option and Command keys.
 constexpr std::uint16_t firstModifierKey = 54;
 constexpr std::uint16_t lastModifierKey = 63;
 

@@ -47,8 +47,8 @@ public:
         }
     }
 
-    // Waits until the watchdog sleeps with this remaining time. Returns false on a time-out.
-    // nullopt means a sleep without a time-out.
+    // Waits until the watchdog sleeps and will wake after `left`, or sleeps without a deadline if
+    // `left` is nullopt. Returns false if this does not happen within `limit`.
     bool waitUntilWaitingFor(std::optional<std::chrono::nanoseconds> left) {
         std::unique_lock own(mutex);
         return news.wait_for(own, limit, [&] {

@@ -437,7 +437,7 @@ TEST_F(PadInterceptionTest, ReaderThatClosesTheCloneRestartsTheGracePeriod) {
     EXPECT_TRUE(system().isGrabbed());
 }
 
-TEST_F(PadInterceptionTest, UnknownReadersGetALongerGracePeriodThanADetectedReader) {
+TEST_F(PadInterceptionTest, GracePeriodIsLongerIfTheSystemDoesNotReportReaders) {
     system().setStanding({true, true, std::nullopt});
     switchOn();
     letPass(CloneIntroduction::unknownReaderGracePeriod - CloneIntroduction::readerGracePeriod -

@@ -72,7 +72,7 @@ TEST(PadState, TracksTheAxesOfEachSlotAndTheSharedAxes) {
     EXPECT_EQ(state.axis(ABS_Y), 0);
 }
 
-TEST(PadState, DetectsAKeyThatIsDownHereButUpInAnotherState) {
+TEST(PadState, DetectsAHeldKeyThatIsUpInAnotherState) {
     PadState pad(1);
     PadState clone(1);
     apply(clone, {{0, EV_KEY, BTN_TOUCH, 1}});

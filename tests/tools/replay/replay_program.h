@@ -48,7 +48,8 @@ private:
     TemporaryFolder folder;
 };
 
-// Returns recording lines: `count` adjacent fingers that land at `down` and lift at `up`.
+// Returns the recording lines for `count` adjacent fingers that land at the time `down` and lift at
+// the time `up`, in seconds.
 std::string tapOf(int count, double down, double up);
 
 // Returns the output line of an unbound gesture, while the frontmost application is unknown.

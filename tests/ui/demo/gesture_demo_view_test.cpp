@@ -48,8 +48,9 @@ private:
     QElapsedTimer since;
 };
 
-// Waits for the duration of eight frames.
-void waitForEightFrames() {
+// Waits for eight times the minimum duration of a frame. A running view draws several frames in
+// this time.
+void waitForSeveralFrames() {
     int ticks = 0;
     QTimer ticking;
     QObject::connect(&ticking, &QTimer::timeout, &ticking, [&] { ++ticks; });
@@ -125,7 +126,7 @@ TEST_F(GestureDemoViewTest, StopsWhenHiddenAndResumesWhenShown) {
     view.hide();
     EXPECT_FALSE(timerOf(view).isActive());
     paints.times.clear();
-    waitForEightFrames();
+    waitForSeveralFrames();
     EXPECT_EQ(paints.times.size(), 0U);
     EXPECT_FALSE(timerOf(view).isActive());
 
@@ -145,7 +146,7 @@ TEST_F(GestureDemoViewTest, StopsWhenTheWindowIsHidden) {
     window.close();
     EXPECT_FALSE(timerOf(*view).isActive());
     paints.times.clear();
-    waitForEightFrames();
+    waitForSeveralFrames();
     EXPECT_EQ(paints.times.size(), 0U);
 }
 
@@ -156,9 +157,9 @@ TEST_F(GestureDemoViewTest, StopsInAMinimisedWindowAndResumesWhenRestored) {
     ASSERT_TRUE(paints.become(3));
     view.showMinimized();
     EXPECT_TRUE(test::waitFor([&] { return !timerOf(view).isActive(); }));
-    waitForEightFrames();
+    waitForSeveralFrames();
     paints.times.clear();
-    waitForEightFrames();
+    waitForSeveralFrames();
     EXPECT_EQ(paints.times.size(), 0U);
     EXPECT_FALSE(timerOf(view).isActive());
 
@@ -176,10 +177,10 @@ TEST_F(GestureDemoViewTest, StopsWhenFullyClippedAndResumesWhenPartlyVisible) {
     window.show();
     ASSERT_TRUE(paints.become(3));
     view.move(1'000, 0);
-    waitForEightFrames();
+    waitForSeveralFrames();
     EXPECT_FALSE(timerOf(view).isActive());
     paints.times.clear();
-    waitForEightFrames();
+    waitForSeveralFrames();
     EXPECT_EQ(paints.times.size(), 0U);
 
     view.move(0, 0);
@@ -251,7 +252,7 @@ TEST_F(GestureDemoViewTest, ShowsAStillFrameIfMotionIsReduced) {
     view.show();
     ASSERT_TRUE(paints.become(1));
     EXPECT_FALSE(timerOf(view).isActive());
-    waitForEightFrames();
+    waitForSeveralFrames();
     EXPECT_FALSE(timerOf(view).isActive());
     EXPECT_EQ(rendered(view), drawnByItself(gesture, demo::stillMoment(gesture), {230, 150}));
 
@@ -278,7 +279,7 @@ TEST_F(GestureDemoViewTest, RepaintsWhenTheThemeChanges) {
     Paints paints(view);
     view.show();
     ASSERT_TRUE(paints.become(1));
-    waitForEightFrames();
+    waitForSeveralFrames();
     paints.times.clear();
     Theme::shared().pin(ColorScheme::dark);
     EXPECT_TRUE(paints.become(1));

@@ -180,7 +180,8 @@ TEST_F(GesturePickerTest, EscapeClosesOnlyTheList) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-// In the editor, the open list covers the demonstration, so the list contains its own.
+// In the editor, the open list covers the editor's demonstration. The list therefore shows a
+// demonstration of the highlighted gesture itself.
 TEST_F(GesturePickerTest, HighlightedGestureIsDemonstratedWhileBrowsing) {
     picker->setGesture(GestureType::pinchIn);
     picker->showPopup();

@@ -74,7 +74,7 @@ TEST_F(ActivityFooterTest, WorksWithoutBindings) {
     EXPECT_EQ(empty.text("footerApplication"), "@ Files");
 }
 
-TEST_F(ActivityFooterTest, UsesCaptionFontWithPaddingOfEight) {
+TEST_F(ActivityFooterTest, TextsUseTheCaptionFontWithEightPointsAboveAndBelow) {
     stage.open();
     stage.recognise(GestureType::drawCircle, "Files");
     for (const char* name : {"footerGesture", "footerAction", "footerApplication"}) {

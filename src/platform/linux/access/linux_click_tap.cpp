@@ -82,8 +82,8 @@ void LinuxClickTap::useSwitch(driver::SwitchClickFilter turn) {
     switchFilter = turn;
 }
 
-// Calls the driver even if the state does not change, because the driver disables the filter itself
-// after a stall.
+// Calls the driver even if the state does not change, because the driver may have switched the
+// filter off after a stall.
 void LinuxClickTap::want(bool& wish, bool value) {
     std::unique_lock guard(lock);
     wish = value;

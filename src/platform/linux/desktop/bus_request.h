@@ -32,7 +32,7 @@ struct BusMethod {
     const char* name = nullptr;
 };
 
-// The reply of a service: a tuple that is valid during the callback, or null on failure.
+// The reply from a service: a tuple that is valid during the callback, or null on failure.
 // serviceMissing and isLate distinguish a missing service from one that refuses or does not reply.
 struct BusReply {
     GVariant* values = nullptr;

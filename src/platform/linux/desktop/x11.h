@@ -55,7 +55,7 @@ public:
     // Sends the pieces of launchMessage() to all programs.
     void broadcastLaunch(std::uint32_t window, const std::vector<std::string>& pieces) const;
 
-    // Waits for the reply of a request; `fetch` is the xcb function that fetches it.
+    // Waits for the reply to a request; `fetch` is the xcb function that fetches it.
     template <typename Reply, typename Cookie, typename Error>
     X11Reply<Reply> reply(Reply* (*fetch)(xcb_connection_t*, Cookie, Error**),
                           Cookie request) const {

@@ -30,7 +30,7 @@ namespace glidemap {
 class LinuxScreenLock : public ScreenLock {
 public:
     struct Patience {
-        // The time limit for the reply of a running service. A working service replies within
+        // The time limit for the reply from a running service. A working service replies within
         // milliseconds, even while the machine is busy locking the screen.
         std::chrono::milliseconds answer{1000};
         // The time limit from logind's reply until LockedHint is true, while the locker starts.

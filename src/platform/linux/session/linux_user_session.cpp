@@ -97,7 +97,7 @@ private:
                         [kept = alive()] { kept->read({}); });
         watch({Bus::system, busDaemon, busDaemon, "NameOwnerChanged", logind},
               [kept = alive()](GVariant* /*values*/) {
-                  kept->setAsleep(false); // after logind has exited, it announces no resume
+                  kept->setAsleep(false); // a logind that has exited announces no resume
                   kept->read({});
               });
         for (const char* const signal : {"SessionNew", "SessionRemoved"}) {
@@ -230,8 +230,8 @@ LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQ
                                weak = std::weak_ptr(life)](bool asleep) {
         queue->submit([held, weak, asleep] {
             if (const auto session = weak.lock()) {
-                // Set in the main thread's task for this change. Otherwise a resume could overwrite
-                // the value before observers are notified of the suspend.
+                // The value is set only in this task, on the main thread. Otherwise a resume could
+                // overwrite it before observers are notified of the suspend.
                 held->isAsleep = asleep;
                 (*session)->changes().announceDidChange();
             }

@@ -35,12 +35,12 @@ constexpr int noTimeout = std::numeric_limits<int>::max();
 } // namespace
 
 // Detects a StatusNotifierItem tray. Items register with a watcher, and a host shows them. A
-// watcher may start before its host. If Qt searched for a tray then, it would find none and never
-// search again.
+// watcher may start before its host. If Qt searched for a tray before the host starts, it would
+// find none and never search again.
 //
 // Qt's own call would block until the watcher replies, so this class calls the watcher
 // asynchronously first. A watcher that does not reply within `patience` counts as missing until it
-// does.
+// replies.
 class LinuxStatusBar::BusTray {
 public:
     explicit BusTray(std::function<void()> notify)

@@ -17,9 +17,9 @@ namespace glidemap {
 
 class ReportedWindows {
 public:
-    // Reports the current state: completely on the first call, and only changes later. The list of
-    // windows is reported before the active window, so that the listener receives an active window
-    // as part of the list first.
+    // The first call reports the complete state, later calls only the changes. The list of windows
+    // is reported before the active window, so that it already contains a window that becomes
+    // active.
     void report(WindowListener& listener, std::vector<WindowIdentity> windows,
                 std::optional<WindowIdentity> active);
 

@@ -27,7 +27,7 @@ private:
     using LockScreenImmediate = int (*)();
 
     const std::string path;
-    LockScreenImmediate lockScreen = nullptr; // the framework stays loaded
+    LockScreenImmediate lockScreen = nullptr; // the framework is never unloaded
 };
 
 } // namespace glidemap

@@ -1,7 +1,8 @@
 // Converts an NSRunningApplication to an Application. For Objective-C++ only.
 //
 // Thread:  the main thread, on which the system updates these objects.
-// Errors:  none: missing properties are absent; nil has no properties.
+// Errors:  none. A field is nullopt if the application lacks the property; for nil, both fields
+//          are nullopt.
 #pragma once
 
 #ifdef __OBJC__

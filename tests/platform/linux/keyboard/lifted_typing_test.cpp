@@ -50,7 +50,7 @@ TEST(LiftedTypingTest, ReleasesHeldModifiersAndPressesThemAgain) {
     EXPECT_EQ(typedText(putBack({})), "");
 }
 
-TEST(LiftedTypingTest, ChangesAreBalancedOnlyIfEachPressIsFollowedByTheRelease) {
+TEST(LiftedTypingTest, ChangesAreBalancedOnlyIfEachPressIsFollowedByItsRelease) {
     EXPECT_TRUE(areBalanced({}));
     EXPECT_TRUE(areBalanced(controlT));
     EXPECT_FALSE(areBalanced(Changes{{KEY_T, true}}));

@@ -9,10 +9,11 @@ namespace glidemap::doubles {
 // The fixture's set-up calls this function.
 void resetAppearance();
 
-// Sets the best match without notifying observers. nullopt means that no requested name matches.
+// Sets the appearance name that matches the program's request best, without notifying observers.
+// nullopt means that no requested name matches.
 void startWithAppearance(std::optional<std::string> bestMatch);
 
-// Sets the best match while the program runs, and notifies observers.
+// Changes that name while the program runs, and notifies observers.
 void changeAppearance(std::optional<std::string> bestMatch);
 
 } // namespace glidemap::doubles

@@ -43,7 +43,7 @@ TEST_F(StatusButtonTest, WorksWithoutAnOuterAutoreleasePool) {
     journal();
 }
 
-TEST_F(StatusButtonTest, MenuBarShowsTheSymbolWithTheProgramName) {
+TEST_F(StatusButtonTest, MenuBarSymbolIsDescribedByTheProgramNameAndAppearsDisabledWhileOff) {
     MenuBar bar;
     bar.itemWasDrawn(StatusBar::Look::off);
     EXPECT_THAT(journal(), ElementsAre("setImage hand.draw.fill, Glidemap, template",

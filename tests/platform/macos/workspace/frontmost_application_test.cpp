@@ -94,7 +94,8 @@ TEST_F(FrontmostApplicationTest, TerminationOfAnotherApplicationChangesNothing) 
 TEST_F(FrontmostApplicationTest, TerminationOfTheApplicationsSecondProcessChangesNothing) {
     const FrontmostApplication frontmost;
     activate(notes);
-    doubles::end(notes); // the workspace reports the first process, which still runs
+    // A second process of the application ends. The first one still runs, so it stays frontmost.
+    doubles::end(notes);
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
 }
 

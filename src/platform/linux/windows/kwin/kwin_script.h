@@ -19,7 +19,7 @@ constexpr const char* kwinReportPath = "/org/glidemap/Windows";
 constexpr const char* kwinReportInterface = "org.glidemap.KWinWindows";
 constexpr const char* kwinReportMethod = "Report";
 
-// Returns a script that sends the current state and then every change to this bus name.
+// Returns a script that sends reports to this bus name: first the current state, then every change.
 std::string kwinScriptReportingTo(const std::string& busName);
 
 // Returns a script that activates the window with this handle, if it exists. A minimised window is

@@ -31,8 +31,7 @@ public:
     // Returns the windows in the order of their creation.
     std::vector<WindowIdentity> windows() const;
 
-    // Returns the window that was activated last, because with several seats, several windows may
-    // be active.
+    // With several seats, several windows may be active. Returns the one that was activated last.
     std::optional<WindowIdentity> active() const;
 
     // Requests the focus for the most recently active window among the selected ones. Returns false

@@ -178,7 +178,7 @@ TEST_F(GnomeExtensionTest, ShellEnablesALoadedExtension) {
     FakeGnomeShell shell(bus.address(), {.extension = "{'state': <2.0>}"});
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_THAT(shell.enabled(), ElementsAre(GnomeExtension::uuid));
-    EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty()); // the shell writes it itself
+    EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty()); // left to the shell
 }
 
 TEST_F(GnomeExtensionTest, InstalledButDisabledExtensionCountsAsMissing) {

@@ -97,7 +97,8 @@ TEST_F(SwayWindowsTest, DoesNotReportATitleChange) {
     const Listening listening(reported);
     reported.expectReported({"windows: editor", "active: editor"});
     window.setTitle("two");
-    Window other = open("other"); // a report of the title would arrive before that of `other`
+    // A report of the new title would arrive before the report of `other`.
+    Window other = open("other");
     reported.expectReported({"windows: editor, other", "active: other"});
 }
 

@@ -317,7 +317,7 @@ TEST_F(X11BackendTest, InvalidPropertiesAreIgnored) {
         reported.expectActive(row.expected);
         reported.expectWindows(row.expected);
         EXPECT_EQ(reported.activeWindow().process, std::nullopt) << row.what;
-        list(""); // ends this window, because the next window may have the same id
+        list(""); // the backend must forget the window, because the next one may have the same id
         reported.expectActive("none");
         reported.expectWindows("");
     }
