@@ -19,19 +19,19 @@ namespace glidemap::bench {
 namespace {
 
 int run(double seconds) {
-    const vm::AgentHome home;
-    home.writeBindings({vm::bindingJson("twoFingerTap", vm::shortcutJson(17, 0)),
-                        vm::bindingJson("twoFingerDoubleTap", vm::shortcutJson(17, 0)),
-                        vm::bindingJson("twoFingerClick", vm::shortcutJson(17, 0))});
-    vm::VirtualPad pad(vm::ordinaryPad());
-    vm::Agent agent;
-    const auto clone = vm::waitForNode(pad.shape().name, pad.node());
+    const test::AgentHome home;
+    home.writeBindings({test::bindingJson("twoFingerTap", test::shortcutJson(17, 0)),
+                        test::bindingJson("twoFingerDoubleTap", test::shortcutJson(17, 0)),
+                        test::bindingJson("twoFingerClick", test::shortcutJson(17, 0))});
+    test::VirtualPad pad(test::ordinaryPad());
+    test::Agent agent;
+    const auto clone = test::waitForNode(pad.shape().name, pad.node());
     if (!clone) {
         return 2;
     }
     // The driver grabs the touchpad only after a program has opened the clone.
-    const vm::DeviceReader desktop(*clone);
-    vm::PadHand(pad).pause(1).tap(2).pause(1).click(2).pause(2);
+    const test::DeviceReader desktop(*clone);
+    test::PadHand(pad).pause(1).tap(2).pause(1).click(2).pause(2);
     if (!agent.waitForLog("twoFingerTap") || !agent.waitForLog("twoFingerClick")) {
         return 2;
     }

@@ -22,7 +22,7 @@ namespace glidemap::bench {
 
 namespace {
 
-using namespace glidemap::vm;
+using namespace glidemap::test;
 
 constexpr double microsecond = 1000; // in nanoseconds, the unit of the samples
 

@@ -25,8 +25,8 @@ namespace glidemap::bench {
 
 namespace {
 
-using application::Stage;
-using desktops::Program;
+using test::ApplicationStage;
+using test::Program;
 
 struct Options {
     double seconds = 10;
@@ -54,14 +54,14 @@ double tenthPercentile(std::vector<double> values) {
 }
 
 // Starts the program without accessibility, as on a desktop without a screen reader.
-Program::Command commandOn(const Stage& stage, const char* program) {
+Program::Command commandOn(const ApplicationStage& stage, const char* program) {
     Program::Command command = stage.command();
     command.words = {program};
     command.environment.erase("QT_LINUX_ACCESSIBILITY_ALWAYS_ON");
     return command;
 }
 
-bool isShown(const Stage& stage, const char* title) {
+bool isShown(const ApplicationStage& stage, const char* title) {
     return stage.display.windowTitled(title).has_value();
 }
 
@@ -88,7 +88,7 @@ struct Start {
     double toWindow;
 };
 
-Start startProgram(Stage& stage, const char* path) {
+Start startProgram(ApplicationStage& stage, const char* path) {
     const double start = now();
     Program program(commandOn(stage, path));
     double item = 0;
@@ -106,7 +106,7 @@ Start startProgram(Stage& stage, const char* path) {
     return {item, window};
 }
 
-void startYardstick(Stage& stage, Starts& starts) {
+void startYardstick(ApplicationStage& stage, Starts& starts) {
     const double start = now();
     Program program(commandOn(stage, GLIDEMAP_YARDSTICK));
     starts.toWindowOfYardstick.push_back(
@@ -114,7 +114,7 @@ void startYardstick(Stage& stage, Starts& starts) {
     terminate(program);
 }
 
-Starts startInTurn(Stage& stage, const Options& options) {
+Starts startInTurn(ApplicationStage& stage, const Options& options) {
     Starts starts;
     for (int run = 0; run < options.runs; ++run) {
         startYardstick(stage, starts);
@@ -129,7 +129,7 @@ Starts startInTurn(Stage& stage, const Options& options) {
 }
 
 // Measures the start times of the program and of the bare window. Returns their ratio.
-double measureSeries(Stage& stage, const Options& options) {
+double measureSeries(ApplicationStage& stage, const Options& options) {
     const Starts starts = startInTurn(stage, options);
     const double yardstick = median(starts.toWindowOfYardstick);
     const double window = median(starts.toWindow);
@@ -151,7 +151,7 @@ double measureSeries(Stage& stage, const Options& options) {
     return window / yardstick;
 }
 
-void measureStarts(Stage& stage, const Options& options) {
+void measureStarts(ApplicationStage& stage, const Options& options) {
     std::vector<double> ratios;
     for (int series = 0; series < options.series; ++series) {
         ratios.push_back(measureSeries(stage, options));
@@ -165,7 +165,7 @@ void print(const std::string& what, const Memory& memory) {
               << memory.pictures << " KiB\n";
 }
 
-Memory memoryOfYardstick(Stage& stage) {
+Memory memoryOfYardstick(ApplicationStage& stage) {
     Program program(commandOn(stage, GLIDEMAP_YARDSTICK));
     timeUntil(now(), [&] { return isShown(stage, "Yardstick"); });
     waitUntilSettled(program.process());
@@ -174,7 +174,7 @@ Memory memoryOfYardstick(Stage& stage) {
     return memory;
 }
 
-Memory memoryWithoutWindow(Stage& stage) {
+Memory memoryWithoutWindow(ApplicationStage& stage) {
     Program::Command command = commandOn(stage, GLIDEMAP_YARDSTICK);
     command.words.emplace_back("--no-window");
     Program program(command);
@@ -185,7 +185,7 @@ Memory memoryWithoutWindow(Stage& stage) {
     return memory;
 }
 
-void measureDemonstration(Stage& stage, pid_t process, double seconds) {
+void measureDemonstration(ApplicationStage& stage, pid_t process, double seconds) {
     stage.hands.press("Ctrl+N");
     while (cpuSecondsDuring(process, 0.5) < 0.001) { // wait until the demonstration plays
     }
@@ -195,7 +195,7 @@ void measureDemonstration(Stage& stage, pid_t process, double seconds) {
 }
 
 // Repeats the request: a window does not close while the sheet of the demonstration is closing.
-void closeWindow(const Stage& stage, const char* title) {
+void closeWindow(const ApplicationStage& stage, const char* title) {
     timeUntil(now(), [&] {
         const auto window = stage.display.windowTitled(title);
         if (window) {
@@ -205,7 +205,7 @@ void closeWindow(const Stage& stage, const char* title) {
     });
 }
 
-long measureProgram(Stage& stage, double seconds) {
+long measureProgram(ApplicationStage& stage, double seconds) {
     Program program(commandOn(stage, GLIDEMAP_PROGRAM));
     timeUntil(now(), [&] { return isShown(stage, "Glidemap"); });
     waitUntilSettled(program.process());
@@ -220,11 +220,11 @@ long measureProgram(Stage& stage, double seconds) {
 }
 
 int run(const Options& options) {
-    if (!Stage::isInstalled()) {
+    if (!ApplicationStage::isInstalled()) {
         std::cout << "skipped: there is no X server or accessibility bus to measure on\n";
         return 77;
     }
-    Stage stage;
+    ApplicationStage stage;
     measureStarts(stage, options);
     print("toolkit without a window", memoryWithoutWindow(stage));
     print("bare window", memoryOfYardstick(stage));

@@ -146,7 +146,7 @@ int measure(const char* self, int launches) {
     const StampPipe pipe(folder.path() / "stamps");
     const BareProcess bare(self, pipe.path); // started before this process allocates memory
     installEntry(folder.path(), pipe);
-    const desktops::PrivateBus bus;
+    const test::PrivateBus bus;
     setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
     const std::vector<char> memory(memoryOfTheProgram, 'x');
     DesktopThread thread;

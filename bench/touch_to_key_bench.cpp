@@ -31,11 +31,11 @@ namespace glidemap::bench {
 
 namespace {
 
-using vm::Agent;
-using vm::AgentHome;
-using vm::DeviceReader;
-using vm::PadHand;
-using vm::VirtualPad;
+using test::Agent;
+using test::AgentHome;
+using test::DeviceReader;
+using test::PadHand;
+using test::VirtualPad;
 
 // Too long for a double tap, both in the program and in libinput.
 constexpr double betweenTaps = 0.6;
@@ -66,12 +66,12 @@ private:
 enum class Clone { none, read };
 
 void measureTaps(benchmark::State& state, Clone clone) {
-    VirtualPad pad(vm::ordinaryPad());
+    VirtualPad pad(test::ordinaryPad());
     const Agent agent;
-    DeviceReader keyboard(vm::waitForNode("Glidemap Keyboard").value_or("/dev/null"));
+    DeviceReader keyboard(test::waitForNode("Glidemap Keyboard").value_or("/dev/null"));
     std::optional<DeviceReader> desktop; // the driver grabs only touchpads whose clone is open
     if (clone == Clone::read) {
-        desktop.emplace(vm::waitForNode(pad.shape().name, pad.node()).value_or("/dev/null"));
+        desktop.emplace(test::waitForNode(pad.shape().name, pad.node()).value_or("/dev/null"));
     }
     PadHand hand(pad);
     Measurement measurement(state);
@@ -90,14 +90,14 @@ void measureTaps(benchmark::State& state, Clone clone) {
 
 void touchToKey(benchmark::State& state) {
     const AgentHome home;
-    home.writeBindings({vm::bindingJson("twoFingerTap", vm::shortcutJson(17, 0))});
+    home.writeBindings({test::bindingJson("twoFingerTap", test::shortcutJson(17, 0))});
     measureTaps(state, Clone::none);
 }
 
 void touchToKeyThroughClone(benchmark::State& state) {
     const AgentHome home;
-    home.writeBindings({vm::bindingJson("twoFingerTap", vm::shortcutJson(17, 0)),
-                        vm::bindingJson("threeFingerClick", vm::shortcutJson(17, 0))});
+    home.writeBindings({test::bindingJson("twoFingerTap", test::shortcutJson(17, 0)),
+                        test::bindingJson("threeFingerClick", test::shortcutJson(17, 0))});
     measureTaps(state, Clone::read);
 }
 
@@ -155,7 +155,7 @@ private:
 };
 
 void touchToClickOfLibinput(benchmark::State& state) {
-    VirtualPad pad(vm::ordinaryPad());
+    VirtualPad pad(test::ordinaryPad());
     Libinput reader(pad.node());
     PadHand hand(pad);
     Measurement measurement(state);

@@ -14,7 +14,7 @@
 namespace {
 
 using glidemap::GestureLogEntry;
-using glidemap::agent::Prompt;
+using glidemap::test::Prompt;
 
 void print(const GestureLogEntry& entry) {
     std::cout << rawValue(entry.gesture) << " → "
@@ -32,7 +32,7 @@ int main(int count, char* arguments[]) {
     }
     QCoreApplication application(count, arguments);
     const glidemap::TerminationSignals endings(&QCoreApplication::quit);
-    glidemap::agent::HeadlessGlidemap program;
+    glidemap::test::HeadlessGlidemap program;
     program.start(neverAsks ? Prompt::never : Prompt::askUser, print);
     program.mainQueue().submit([] { std::cout << "ready" << std::endl; });
     const int status = QCoreApplication::exec();

@@ -19,13 +19,13 @@
 namespace glidemap {
 namespace {
 
-using desktops::PrivateBus;
 using test::contentOf;
 using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
+using test::PrivateBus;
+using test::Process;
 using test::TemporaryFolder;
-using vm::Process;
 
 const test::ServiceDescription logind{
     "org.freedesktop.login1", "/org/freedesktop/login1/session/auto",

@@ -7,7 +7,7 @@
 
 #include <utility>
 
-namespace glidemap::agent {
+namespace glidemap::test {
 
 HeadlessGlidemap::HeadlessGlidemap() : defaults(std::make_shared<QtUserDefaults>()) {
     Lang::configureShared(defaults);
@@ -63,4 +63,4 @@ void HeadlessGlidemap::notifyNewEntry() {
     }
 }
 
-} // namespace glidemap::agent
+} // namespace glidemap::test

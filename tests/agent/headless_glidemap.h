@@ -17,7 +17,7 @@
 #include <memory>
 #include <optional>
 
-namespace glidemap::agent {
+namespace glidemap::test {
 
 enum class Prompt { askUser, never };
 
@@ -49,4 +49,4 @@ private:
     Subscription toLog;
 };
 
-} // namespace glidemap::agent
+} // namespace glidemap::test

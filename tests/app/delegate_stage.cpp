@@ -136,7 +136,7 @@ AppDelegate::Ports DelegateStage::ports() {
                      .mainQueue = mainQueue,
                      .workspace = workspace,
                      .actionRunner = std::make_shared<ActionRunner>(ActionRunner::Ports{
-                         workspace, keyEvents, std::make_shared<kit::FakeScreenLock>()}),
+                         workspace, keyEvents, std::make_shared<FakeScreenLock>()}),
                      .lang = &lang});
                 dispatcher = made;
                 return made;

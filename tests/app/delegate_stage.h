@@ -51,23 +51,20 @@ public:
         answerUpdateCheck({"{\"version\": \"" + version + "\"}", std::nullopt});
     }
 
-    std::shared_ptr<kit::FakeUserDefaults> defaults = std::make_shared<kit::FakeUserDefaults>();
+    std::shared_ptr<FakeUserDefaults> defaults = std::make_shared<FakeUserDefaults>();
     Lang lang{defaults};
     std::optional<std::string> runningVersion = "1.2";
     std::chrono::milliseconds patienceForBar{3600000};
 
     VirtualTime time;
-    std::shared_ptr<kit::FakeMainQueue> mainQueue = std::make_shared<kit::FakeMainQueue>();
-    std::shared_ptr<kit::FakeWorkspace> workspace = std::make_shared<kit::FakeWorkspace>();
-    std::shared_ptr<kit::FakeKeyEventPoster> keyEvents =
-        std::make_shared<kit::FakeKeyEventPoster>();
-    std::shared_ptr<kit::FakeUserSession> session = std::make_shared<kit::FakeUserSession>();
-    std::shared_ptr<kit::FakeStatusBar> statusBar = std::make_shared<kit::FakeStatusBar>();
-    std::shared_ptr<kit::FakeApplicationShell> shell =
-        std::make_shared<kit::FakeApplicationShell>();
-    std::shared_ptr<kit::FakeAccessibilityTrust> trust =
-        std::make_shared<kit::FakeAccessibilityTrust>();
-    std::shared_ptr<kit::FakeClickTap> clickTap = std::make_shared<kit::FakeClickTap>();
+    std::shared_ptr<FakeMainQueue> mainQueue = std::make_shared<FakeMainQueue>();
+    std::shared_ptr<FakeWorkspace> workspace = std::make_shared<FakeWorkspace>();
+    std::shared_ptr<FakeKeyEventPoster> keyEvents = std::make_shared<FakeKeyEventPoster>();
+    std::shared_ptr<FakeUserSession> session = std::make_shared<FakeUserSession>();
+    std::shared_ptr<FakeStatusBar> statusBar = std::make_shared<FakeStatusBar>();
+    std::shared_ptr<FakeApplicationShell> shell = std::make_shared<FakeApplicationShell>();
+    std::shared_ptr<FakeAccessibilityTrust> trust = std::make_shared<FakeAccessibilityTrust>();
+    std::shared_ptr<FakeClickTap> clickTap = std::make_shared<FakeClickTap>();
     std::shared_ptr<BindingStore> store;
     MultitouchDeviceManager devices;
     std::shared_ptr<TouchEngine> engine;

@@ -11,14 +11,14 @@
 namespace glidemap {
 namespace {
 
-using kit::InLanguage;
+using test::InLanguage;
 using Status = LoginItemService::Status;
 
 class LoginItemManagerTest : public testing::Test {
 protected:
     using Attempts = std::vector<std::string>;
 
-    kit::FakeLoginItemService service;
+    test::FakeLoginItemService service;
 };
 
 TEST_F(LoginItemManagerTest, OnlyTheEnabledStateCountsAsOn) {

@@ -12,8 +12,8 @@
 namespace glidemap {
 namespace {
 
-using kit::FakeStatusBar;
 using std::chrono::milliseconds;
+using test::FakeStatusBar;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Kind = StatusBar::Kind;

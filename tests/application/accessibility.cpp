@@ -7,7 +7,7 @@
 
 #include <sstream>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -37,21 +37,21 @@ using Address = std::pair<std::string, std::string>;
 
 std::vector<Address> childrenOf(GDBusConnection* bus, const Address& parent) {
     std::vector<Address> children;
-    const Variant answer =
+    const OwnedVariant answer =
         call(bus, {parent.first, parent.second, accessibleInterface}, "GetChildren");
     if (answer == nullptr) {
         return children;
     }
-    const Variant list = childOf(answer, 0);
+    const OwnedVariant list = childOf(answer, 0);
     for (std::size_t index = 0; index < g_variant_n_children(list.get()); ++index) {
-        const Variant each = childOf(list, index);
+        const OwnedVariant each = childOf(list, index);
         children.emplace_back(textOf(childOf(each, 0)), textOf(childOf(each, 1)));
     }
     return children;
 }
 
-std::uint64_t statesIn(const Variant& answer) {
-    const Variant words = childOf(answer, 0);
+std::uint64_t statesIn(const OwnedVariant& answer) {
+    const OwnedVariant words = childOf(answer, 0);
     std::uint64_t states = 0;
     for (std::size_t index = 0; index < g_variant_n_children(words.get()); ++index) {
         const std::uint64_t word = g_variant_get_uint32(childOf(words, index).get());
@@ -62,17 +62,17 @@ std::uint64_t statesIn(const Variant& answer) {
 
 // Returns the name of the control that labels the given control.
 std::string labelOf(GDBusConnection* bus, const Callee& callee) {
-    const Variant answer = call(bus, callee, "GetRelationSet");
+    const OwnedVariant answer = call(bus, callee, "GetRelationSet");
     if (answer == nullptr) {
         return {};
     }
-    const Variant relations = childOf(answer, 0);
+    const OwnedVariant relations = childOf(answer, 0);
     for (std::size_t index = 0; index < g_variant_n_children(relations.get()); ++index) {
-        const Variant each = childOf(relations, index);
-        const Variant targets = childOf(each, 1);
+        const OwnedVariant each = childOf(relations, index);
+        const OwnedVariant targets = childOf(each, 1);
         if (g_variant_get_uint32(childOf(each, 0).get()) == labelledBy &&
             g_variant_n_children(targets.get()) > 0) {
-            const Variant target = childOf(targets, 0);
+            const OwnedVariant target = childOf(targets, 0);
             return textOf(property(
                 bus, {textOf(childOf(target, 0)), textOf(childOf(target, 1)), accessibleInterface},
                 "Name"));
@@ -81,7 +81,7 @@ std::string labelOf(GDBusConnection* bus, const Callee& callee) {
     return {};
 }
 
-Rectangle areaIn(const Variant& answer) {
+Rectangle areaIn(const OwnedVariant& answer) {
     Rectangle area;
     if (answer != nullptr) {
         g_variant_get(answer.get(), "((iiii))", &area.x, &area.y, &area.width, &area.height);
@@ -131,11 +131,10 @@ std::string describe(const Control& control) {
     return line.str();
 }
 
-Accessibility::Accessibility(const desktops::PrivateBus& session,
-                             const desktops::Program::Command& command)
+Accessibility::Accessibility(const PrivateBus& session, const Program::Command& command)
     : launcher(command) {
     session.waitForName("org.a11y.Bus");
-    const Variant answer =
+    const OwnedVariant answer =
         call(session.connection(), {"org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus"}, "GetAddress");
     if (answer == nullptr) {
         ADD_FAILURE() << "there is no accessibility bus";
@@ -171,7 +170,7 @@ void Accessibility::connect(const std::string& address) {
 
 std::string Accessibility::busNameOf(pid_t process) const {
     for (const auto& [name, path] : childrenOf(connection, {registry.name, rootPath})) {
-        const Variant answer = call(
+        const OwnedVariant answer = call(
             connection, {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"},
             "GetConnectionUnixProcessID", g_variant_new("(s)", name.c_str()));
         if (answer != nullptr &&
@@ -185,8 +184,8 @@ std::string Accessibility::busNameOf(pid_t process) const {
 std::optional<Control> Accessibility::read(const std::string& busName,
                                            const std::string& path) const {
     const Callee callee{busName, path, accessibleInterface};
-    const Variant states = call(connection, callee, "GetState");
-    const Variant role = call(connection, callee, "GetRoleName");
+    const OwnedVariant states = call(connection, callee, "GetState");
+    const OwnedVariant role = call(connection, callee, "GetRoleName");
     if (states == nullptr || role == nullptr) {
         return std::nullopt;
     }
@@ -201,8 +200,8 @@ std::optional<Control> Accessibility::read(const std::string& busName,
     control.area = areaIn(call(connection, {busName, path, "org.a11y.atspi.Component"},
                                "GetExtents", g_variant_new("(u)", screenCoordinates)));
     if (control.role == "text") {
-        const Variant text = call(connection, {busName, path, "org.a11y.atspi.Text"}, "GetText",
-                                  g_variant_new("(ii)", 0, -1));
+        const OwnedVariant text = call(connection, {busName, path, "org.a11y.atspi.Text"},
+                                       "GetText", g_variant_new("(ii)", 0, -1));
         control.text = text != nullptr ? textOf(childOf(text, 0)) : "";
     }
     return control;
@@ -237,17 +236,17 @@ Controls Accessibility::controlsOf(pid_t process) const {
 }
 
 bool Accessibility::act(const Control& control) const {
-    const Variant answer =
+    const OwnedVariant answer =
         call(connection, {control.busName, control.path, "org.a11y.atspi.Action"}, "DoAction",
              g_variant_new("(i)", 0));
     return answer != nullptr && g_variant_get_boolean(childOf(answer, 0).get()) != FALSE;
 }
 
 std::string Accessibility::keysOf(const Control& control) const {
-    const Variant answer =
+    const OwnedVariant answer =
         call(connection, {control.busName, control.path, "org.a11y.atspi.Action"}, "GetKeyBinding",
              g_variant_new("(i)", 0));
     return answer != nullptr ? textOf(childOf(answer, 0)) : "";
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

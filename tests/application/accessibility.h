@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 // A snapshot of one control.
 struct Control {
@@ -46,7 +46,7 @@ using Controls = std::vector<Control>;
 
 class Accessibility {
 public:
-    Accessibility(const desktops::PrivateBus& session, const desktops::Program::Command& launcher);
+    Accessibility(const PrivateBus& session, const Program::Command& launcher);
     Accessibility(const Accessibility&) = delete;
     Accessibility& operator=(const Accessibility&) = delete;
     ~Accessibility();
@@ -66,8 +66,8 @@ private:
     std::optional<Control> read(const std::string& busName, const std::string& path) const;
     void readBelow(const Control& parent, Controls& found) const;
 
-    desktops::Program launcher;
+    Program launcher;
     GDBusConnection* connection = nullptr;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -6,7 +6,7 @@
 #include <map>
 #include <set>
 
-namespace glidemap::application {
+namespace glidemap::test {
 namespace {
 
 using Names = std::vector<std::string>;
@@ -30,7 +30,7 @@ protected:
         if (IsSkipped()) {
             return;
         }
-        stage = std::make_unique<Stage>();
+        stage = std::make_unique<ApplicationStage>();
         glidemap = std::make_unique<RunningGlidemap>(*stage);
         ASSERT_TRUE(glidemap->waitForWindow());
         ASSERT_TRUE(waitUntil([this] { return glidemap->focused().has_value(); }));
@@ -116,7 +116,7 @@ protected:
         }
     }
 
-    std::unique_ptr<Stage> stage;
+    std::unique_ptr<ApplicationStage> stage;
     std::unique_ptr<RunningGlidemap> glidemap;
 };
 
@@ -192,4 +192,4 @@ TEST_F(AccessibilityTest, NoTwoControlsShareAShortcut) {
 }
 
 } // namespace
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -7,15 +7,15 @@
 
 #include <gtest/gtest.h>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class ApplicationTest : public testing::Test {
 protected:
     void SetUp() override {
-        if (!Stage::isInstalled()) {
+        if (!ApplicationStage::isInstalled()) {
             GTEST_SKIP() << "Xvfb, openbox or at-spi2-core is not installed";
         }
     }
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

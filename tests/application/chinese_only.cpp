@@ -4,7 +4,7 @@
 #include <cctype>
 #include <regex>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -37,4 +37,4 @@ std::vector<std::string> notInChinese(const Controls& controls) {
     return found;
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

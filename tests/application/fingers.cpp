@@ -8,7 +8,7 @@
 
 #include <utility>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -35,4 +35,4 @@ void Fingers::make(GestureType gesture) {
     stream.flush();
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -11,7 +11,7 @@
 #include <filesystem>
 #include <fstream>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class Fingers {
 public:
@@ -29,4 +29,4 @@ private:
     double now = 1;      // the touchpad's virtual time, in seconds
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -10,7 +10,7 @@
 #include <sstream>
 #include <vector>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -119,4 +119,4 @@ void Hands::clickMiddleOf(const Rectangle& area) const {
     clickAt(area.x + area.width / 2, area.y + area.height / 2);
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

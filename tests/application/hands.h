@@ -13,7 +13,7 @@
 #include <map>
 #include <string>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class Hands {
 public:
@@ -39,4 +39,4 @@ private:
     std::map<std::uint32_t, std::uint8_t> codeOfSymbol;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -17,7 +17,8 @@ const Callee watcher{"org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
 
 std::vector<StatusHost::Item> PanelDesktop::items() const {
     std::vector<StatusHost::Item> found;
-    const Variant names = property(session.connection(), watcher, "RegisteredStatusNotifierItems");
+    const OwnedVariant names =
+        property(session.connection(), watcher, "RegisteredStatusNotifierItems");
     for (std::size_t index = 0; names != nullptr && index < g_variant_n_children(names.get());
          ++index) {
         const std::string item = textOf(childOf(names, index));
@@ -28,13 +29,14 @@ std::vector<StatusHost::Item> PanelDesktop::items() const {
 }
 
 bool PanelDesktop::watcherHasHost() const {
-    const Variant has = property(session.connection(), watcher, "IsStatusNotifierHostRegistered");
+    const OwnedVariant has =
+        property(session.connection(), watcher, "IsStatusNotifierHostRegistered");
     return has != nullptr && g_variant_get_boolean(has.get()) != FALSE;
 }
 
-desktops::Program::Command PanelDesktop::command(std::vector<std::string> words,
-                                                 const desktops::Environment& more) const {
-    desktops::Environment values = environment();
+Program::Command PanelDesktop::command(std::vector<std::string> words,
+                                       const Environment& more) const {
+    Environment values = environment();
     values["DBUS_SESSION_BUS_ADDRESS"] = session.address();
     values["DBUS_SYSTEM_BUS_ADDRESS"] = system.address();
     values.emplace("NO_AT_BRIDGE", "1"); // other tests cover accessibility
@@ -47,14 +49,14 @@ desktops::Program::Command PanelDesktop::command(std::vector<std::string> words,
             .log = home.path() / (program.filename().string() + ".log")};
 }
 
-std::unique_ptr<desktops::Program> PanelDesktop::start(std::vector<std::string> words,
-                                                       const desktops::Environment& more) const {
-    return std::make_unique<desktops::Program>(command(std::move(words), more));
+std::unique_ptr<Program> PanelDesktop::start(std::vector<std::string> words,
+                                             const Environment& more) const {
+    return std::make_unique<Program>(command(std::move(words), more));
 }
 
-void PanelDesktop::run(std::vector<std::string> words, const desktops::Environment& more) const {
+void PanelDesktop::run(std::vector<std::string> words, const Environment& more) const {
     const std::string name = words.front();
     EXPECT_EQ(start(std::move(words), more)->finish(), 0) << name;
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class PanelDesktop {
 public:
@@ -29,7 +29,7 @@ public:
 
     // The environment of the desktop's programs. HOME and the XDG folders are the desktop's own,
     // not the user's.
-    virtual desktops::Environment environment() const = 0;
+    virtual Environment environment() const = 0;
 
     // Starts the panel and waits until it accepts items.
     virtual void startPanel() = 0;
@@ -49,20 +49,19 @@ public:
 
     // Returns a command that runs `words` in this desktop's environment and writes a log file.
     // `more` is added to the environment.
-    desktops::Program::Command command(std::vector<std::string> words,
-                                       const desktops::Environment& more = {}) const;
-    std::unique_ptr<desktops::Program> start(std::vector<std::string> words,
-                                             const desktops::Environment& more = {}) const;
+    Program::Command command(std::vector<std::string> words, const Environment& more = {}) const;
+    std::unique_ptr<Program> start(std::vector<std::string> words,
+                                   const Environment& more = {}) const;
 
     // Runs a program, waits until it exits, and expects success.
-    void run(std::vector<std::string> words, const desktops::Environment& more = {}) const;
+    void run(std::vector<std::string> words, const Environment& more = {}) const;
 
-    desktops::RuntimeFolder home;
-    desktops::PrivateBus session;
-    desktops::PrivateBus system;
+    RuntimeFolder home;
+    PrivateBus session;
+    PrivateBus system;
 
 protected:
     bool watcherHasHost() const;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -6,7 +6,7 @@
 
 #include <csignal>
 
-namespace glidemap::application {
+namespace glidemap::test {
 namespace {
 
 class PanelTest : public ApplicationTest {
@@ -19,7 +19,7 @@ protected:
     }
 
     // Expects that the item appears when the program starts, and disappears when the program exits.
-    static void expectItemOn(const XfcePanel& panel, Stage& stage) {
+    static void expectItemOn(const XfcePanel& panel, ApplicationStage& stage) {
         EXPECT_FALSE(showsAnIcon(stage, panel));
         RunningGlidemap glidemap(stage);
         EXPECT_TRUE(waitUntil([&] { return showsAnIcon(stage, panel); }))
@@ -31,14 +31,14 @@ protected:
 
     // An empty panel has two colours, its background and a line; the smooth edges of an icon have
     // many.
-    static bool showsAnIcon(const Stage& stage, const XfcePanel& panel) {
+    static bool showsAnIcon(const ApplicationStage& stage, const XfcePanel& panel) {
         constexpr std::size_t fewest = 10;
         return Picture(stage.display, panel.area()).countOfColours() >= fewest;
     }
 };
 
 TEST_F(PanelTest, PanelOnTheSameBusShowsTheItem) {
-    Stage stage(Panel::absent);
+    ApplicationStage stage(Panel::absent);
     const XfcePanel panel(stage.display, stage.session);
     stage.session.waitForName("org.kde.StatusNotifierWatcher");
     expectItemOn(panel, stage);
@@ -46,12 +46,12 @@ TEST_F(PanelTest, PanelOnTheSameBusShowsTheItem) {
 
 // The only connection between the program and a panel on another bus is the X server.
 TEST_F(PanelTest, PanelOnAnotherBusEmbedsTheItem) {
-    Stage stage(Panel::absent);
-    const desktops::PrivateBus busOfItsOwn;
+    ApplicationStage stage(Panel::absent);
+    const PrivateBus busOfItsOwn;
     const XfcePanel panel(stage.display, busOfItsOwn);
     ASSERT_TRUE(waitUntil([&] { return stage.display.hasOwner("_NET_SYSTEM_TRAY_S0"); }));
     expectItemOn(panel, stage);
 }
 
 } // namespace
-} // namespace glidemap::application
+} // namespace glidemap::test

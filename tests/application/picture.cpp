@@ -11,7 +11,7 @@
 #include <cstring>
 #include <set>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -105,4 +105,4 @@ void Picture::save(const std::filesystem::path& file) const {
     EXPECT_TRUE(image.save(QString::fromStdString(file.string()))) << file;
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -11,7 +11,7 @@
 #include <filesystem>
 #include <vector>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class Picture {
 public:
@@ -42,4 +42,4 @@ private:
     std::vector<std::uint32_t> pixels;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -7,7 +7,7 @@
 
 #include <filesystem>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -61,7 +61,7 @@ std::string PlasmaDesktop::missing() {
         return "Xvfb or openbox";
     }
     for (const char* const program : {"kwin_wayland", "plasmashell", "plasma-apply-colorscheme"}) {
-        if (!desktops::isInstalled(program)) {
+        if (!test::isInstalled(program)) {
             return program;
         }
     }
@@ -81,8 +81,8 @@ PlasmaDesktop::PlasmaDesktop() {
     startDaemons();
 }
 
-desktops::Environment PlasmaDesktop::environment() const {
-    desktops::Environment values = desktops::plainEnvironment(home.path());
+Environment PlasmaDesktop::environment() const {
+    Environment values = plainEnvironment(home.path());
     values["KDE_FULL_SESSION"] = "true";
     values["KDE_SESSION_VERSION"] = "6";
     values["QT_QPA_PLATFORM"] = "wayland";
@@ -99,13 +99,13 @@ void PlasmaDesktop::startCompositor() {
     std::filesystem::copy_file("/usr/bin/kwin_wayland", copy);
     const std::filesystem::path ready = home.write("ready.sh", "#!/bin/sh\necho ready\n");
     std::filesystem::permissions(ready, std::filesystem::perms::owner_all);
-    desktops::Program::Command words =
+    Program::Command words =
         command({copy, "--x11-display", display.name(), "--width", "1200", "--height", "700",
                  "--no-lockscreen", "--socket", socketName, ready},
                 {{"KWIN_COMPOSE", "Q"}});
     words.environment.erase("WAYLAND_DISPLAY");
     words.environment.erase("QT_QPA_PLATFORM");
-    compositor = std::make_unique<desktops::Program>(words);
+    compositor = std::make_unique<Program>(words);
     EXPECT_EQ(compositor->nextLine(), "ready");
     EXPECT_TRUE(waitUntil([this] { return !display.windows().empty(); }))
         << "the compositor has no window";
@@ -123,7 +123,7 @@ void PlasmaDesktop::startPanel() {
     shell = start({"plasmashell", "--no-respawn"});
     EXPECT_TRUE(waitUntil([this] { return watcherHasHost(); }))
         << "the panel accepts no items; its log:\n"
-        << test::contentOf(home.path() / "plasmashell.log");
+        << contentOf(home.path() / "plasmashell.log");
 }
 
 Picture PlasmaDesktop::screen() const {
@@ -138,4 +138,4 @@ void PlasmaDesktop::choose(ColorScheme scheme) const {
     run({"plasma-apply-colorscheme", scheme == ColorScheme::dark ? "BreezeDark" : "BreezeLight"});
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

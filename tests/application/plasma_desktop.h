@@ -14,7 +14,7 @@
 #include <memory>
 #include <optional>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class PlasmaDesktop : public PanelDesktop {
 public:
@@ -23,7 +23,7 @@ public:
 
     PlasmaDesktop();
 
-    desktops::Environment environment() const override;
+    Environment environment() const override;
     void startPanel() override;
     void killPanel() override { shell.reset(); }
     Picture panel() const override;
@@ -36,12 +36,12 @@ private:
     void startDaemons();
 
     XDisplay display{home};
-    std::unique_ptr<desktops::Program> compositor;
+    std::unique_ptr<Program> compositor;
     Rectangle area; // the compositor's window on the X server
-    std::unique_ptr<desktops::Program> activities;
-    std::unique_ptr<desktops::Program> daemon;
-    std::unique_ptr<desktops::Program> shell;
+    std::unique_ptr<Program> activities;
+    std::unique_ptr<Program> daemon;
+    std::unique_ptr<Program> shell;
     std::optional<SettingsPortal> portal;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

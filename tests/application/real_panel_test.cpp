@@ -11,10 +11,9 @@
 #include <csignal>
 #include <ostream>
 
-namespace glidemap::application {
+namespace glidemap::test {
 namespace {
 
-using desktops::Program;
 using Lines = std::vector<std::string>;
 
 struct Kind {
@@ -63,13 +62,13 @@ protected:
         desktop = GetParam().make();
     }
 
-    std::unique_ptr<Program> startGlidemap(desktops::Environment more = {}) const {
+    std::unique_ptr<Program> startGlidemap(Environment more = {}) const {
         more["GLIDEMAP_TOUCH_DRIVER"] = GLIDEMAP_STAGED_DRIVER;
         more["XDG_STATE_HOME"] = desktop->home.path() / "state";
         return desktop->start({GLIDEMAP_PROGRAM}, more);
     }
 
-    std::string logText() const { return test::contentOf(desktop->home.path() / "glidemap.log"); }
+    std::string logText() const { return contentOf(desktop->home.path() / "glidemap.log"); }
 
     bool waitForIcon(Icon wanted) const {
         return waitUntil([&] { return iconIn(desktop->panel()) == wanted; });
@@ -168,4 +167,4 @@ INSTANTIATE_TEST_SUITE_P(Desktops, RealPanelTest,
                          [](const auto& each) { return std::string(each.param.name); });
 
 } // namespace
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -9,7 +9,7 @@
 #include <csignal>
 #include <sstream>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -29,9 +29,10 @@ bool isCalled(const Control& control, const std::string& role, const std::string
 
 } // namespace
 
-RunningGlidemap::RunningGlidemap(Stage& shown) : RunningGlidemap(shown, shown.command()) {}
+RunningGlidemap::RunningGlidemap(ApplicationStage& shown)
+    : RunningGlidemap(shown, shown.command()) {}
 
-RunningGlidemap::RunningGlidemap(Stage& shown, const desktops::Program::Command& command)
+RunningGlidemap::RunningGlidemap(ApplicationStage& shown, const Program::Command& command)
     : stage(shown), program(command) {}
 
 std::optional<ManagedWindow> RunningGlidemap::window() const {
@@ -51,7 +52,7 @@ bool RunningGlidemap::waitForWindow() {
         return shown || hasEnded(process());
     });
     EXPECT_TRUE(shown) << "the window does not appear in front; the program printed:\n"
-                       << test::contentOf(stage.complaintsFile());
+                       << contentOf(stage.complaintsFile());
     return shown && waitUntil([this] { return !controls().empty(); });
 }
 
@@ -155,8 +156,8 @@ std::string RunningGlidemap::described() const {
     for (const Control& each : controls()) {
         lines << describe(each) << '\n';
     }
-    lines << "and the program said:\n" << test::contentOf(stage.complaintsFile());
+    lines << "and the program said:\n" << contentOf(stage.complaintsFile());
     return lines.str();
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -12,12 +12,12 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class RunningGlidemap {
 public:
-    explicit RunningGlidemap(Stage& stage);
-    RunningGlidemap(Stage& stage, const desktops::Program::Command& command);
+    explicit RunningGlidemap(ApplicationStage& stage);
+    RunningGlidemap(ApplicationStage& stage, const Program::Command& command);
 
     pid_t process() const { return program.process(); }
 
@@ -54,8 +54,8 @@ public:
     std::string described() const;
 
 private:
-    Stage& stage;
-    desktops::Program program;
+    ApplicationStage& stage;
+    Program program;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <string_view>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -28,17 +28,17 @@ void write(const std::filesystem::path& file, std::string_view text) {
     std::ofstream(file) << text;
 }
 
-std::filesystem::path logOf(const Stage& stage) {
+std::filesystem::path logOf(const ApplicationStage& stage) {
     return stage.folder() / "speech.log";
 }
 
 } // namespace
 
 bool ScreenReader::isInstalled() {
-    return desktops::isInstalled(program);
+    return test::isInstalled(program);
 }
 
-desktops::Program::Command ScreenReader::commandOn(const Stage& stage) {
+Program::Command ScreenReader::commandOn(const ApplicationStage& stage) {
     const std::filesystem::path data = stage.folder() / "orca-data";
     write(data / "orca" / "orca-customizations.py", customizations);
     // Orca uses pgrep to search for other screen readers of this user. This fake pgrep finds none,
@@ -46,15 +46,16 @@ desktops::Program::Command ScreenReader::commandOn(const Stage& stage) {
     const std::filesystem::path tools = stage.folder() / "tools";
     write(tools / "pgrep", "#!/bin/sh\nexit 1\n");
     std::filesystem::permissions(tools / "pgrep", std::filesystem::perms::owner_all);
-    desktops::Environment environment = stage.environment();
+    Environment environment = stage.environment();
     environment["PATH"] = tools.string() + ":" + environment["PATH"];
     environment["XDG_DATA_HOME"] = data;
     environment["GLIDEMAP_SPEECH"] = logOf(stage);
     return {.words = {program}, .environment = environment, .log = stage.folder() / "orca.log"};
 }
 
-ScreenReader::ScreenReader(const Stage& stage) : log(logOf(stage)), orca(commandOn(stage)) {
-    EXPECT_TRUE(hears({"Screen reader on"})) << test::contentOf(stage.folder() / "orca.log");
+ScreenReader::ScreenReader(const ApplicationStage& stage)
+    : log(logOf(stage)), orca(commandOn(stage)) {
+    EXPECT_TRUE(hears({"Screen reader on"})) << contentOf(stage.folder() / "orca.log");
 }
 
 bool ScreenReader::hears(const std::vector<std::string>& parts) {
@@ -85,4 +86,4 @@ std::string ScreenReader::transcript() const {
     return spoken;
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -12,13 +12,13 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class ScreenReader {
 public:
     static bool isInstalled();
 
-    explicit ScreenReader(const Stage& stage);
+    explicit ScreenReader(const ApplicationStage& stage);
 
     // Waits until Orca has spoken these texts in this order, after the texts that earlier calls have
     // found. Pass short texts, because versions of Orca differ in the names of roles and in how they
@@ -29,11 +29,11 @@ public:
     std::string transcript() const;
 
 private:
-    static desktops::Program::Command commandOn(const Stage& stage);
+    static Program::Command commandOn(const ApplicationStage& stage);
 
     std::filesystem::path log;
     std::size_t heard = 0; // where the next search in the transcript starts
-    desktops::Program orca;
+    Program orca;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

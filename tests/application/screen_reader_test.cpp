@@ -4,7 +4,7 @@
 
 #include <memory>
 
-namespace glidemap::application {
+namespace glidemap::test {
 namespace {
 
 class ScreenReaderTest : public ApplicationTest {
@@ -18,7 +18,7 @@ protected:
 
     void open() { open(stage.command()); }
 
-    void open(const desktops::Program::Command& command) {
+    void open(const Program::Command& command) {
         reader = std::make_unique<ScreenReader>(stage);
         glidemap = std::make_unique<RunningGlidemap>(stage, command);
         ASSERT_TRUE(glidemap->waitForWindow());
@@ -34,7 +34,7 @@ protected:
         expectToHear(parts);
     }
 
-    Stage stage;
+    ApplicationStage stage;
     std::unique_ptr<ScreenReader> reader;
     std::unique_ptr<RunningGlidemap> glidemap;
 };
@@ -79,4 +79,4 @@ TEST_F(ScreenReaderTest, ReadsAnAlert) {
 }
 
 } // namespace
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <string_view>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 std::string serviceProgram(const std::string& name) {
     std::ifstream service("/usr/share/dbus-1/services/" + name + ".service");
@@ -21,4 +21,4 @@ bool isServiceInstalled(const std::string& name) {
     return std::filesystem::exists(serviceProgram(name));
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

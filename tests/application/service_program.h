@@ -6,11 +6,11 @@
 
 #include <string>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 // Returns an empty string if the name has no service file.
 std::string serviceProgram(const std::string& name);
 
 bool isServiceInstalled(const std::string& name);
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -3,13 +3,13 @@
 #include "panel_desktop.h"
 #include "service_program.h"
 
-namespace glidemap::application {
+namespace glidemap::test {
 
-const desktops::Environment settingsInFile = {{"GSETTINGS_BACKEND", "keyfile"}};
+const Environment settingsInFile = {{"GSETTINGS_BACKEND", "keyfile"}};
 
 // Starts the backend first: otherwise the bus would start it without a display.
 SettingsPortal::SettingsPortal(const PanelDesktop& desktop, const std::string& backend,
-                               const desktops::Environment& more)
+                               const Environment& more)
     : backendProgram(desktop.start({serviceProgram(backend)}, more)) {
     desktop.session.waitForName(backend);
     portal = desktop.start({serviceProgram(name)}, more);
@@ -22,4 +22,4 @@ void chooseForGtk(const PanelDesktop& desktop, bool dark) {
                 settingsInFile);
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

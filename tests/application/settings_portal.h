@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class PanelDesktop;
 
@@ -22,16 +22,16 @@ public:
 
     // `more` is added to the backend's environment.
     SettingsPortal(const PanelDesktop& desktop, const std::string& backend,
-                   const desktops::Environment& more = {});
+                   const Environment& more = {});
 
 private:
-    std::unique_ptr<desktops::Program> backendProgram;
-    std::unique_ptr<desktops::Program> portal;
+    std::unique_ptr<Program> backendProgram;
+    std::unique_ptr<Program> portal;
 };
 
 // Makes GTK store its settings in a file of the desktop under test, instead of the user's database.
-extern const desktops::Environment settingsInFile;
+extern const Environment settingsInFile;
 
 void chooseForGtk(const PanelDesktop& desktop, bool dark);
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -1,14 +1,14 @@
 #include "stage.h"
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
 constexpr const char* busLauncher = "/usr/libexec/at-spi-bus-launcher";
 
-desktops::Program::Command launcherIn(const desktops::RuntimeFolder& folder,
-                                      const std::string& display, const std::string& bus) {
-    desktops::Environment environment = desktops::plainEnvironment(folder.path());
+Program::Command launcherIn(const RuntimeFolder& folder, const std::string& display,
+                            const std::string& bus) {
+    Environment environment = plainEnvironment(folder.path());
     environment["DISPLAY"] = display;
     environment["DBUS_SESSION_BUS_ADDRESS"] = bus;
     return {.words = {busLauncher, "--launch-immediately"},
@@ -18,11 +18,11 @@ desktops::Program::Command launcherIn(const desktops::RuntimeFolder& folder,
 
 } // namespace
 
-bool Stage::isInstalled() {
+bool ApplicationStage::isInstalled() {
     return XDisplay::isInstalled() && std::filesystem::exists(busLauncher);
 }
 
-Stage::Stage(Panel present)
+ApplicationStage::ApplicationStage(Panel present)
     : display(home), hands(display), fingers(home.path() / "fingers"),
       accessibility(session, launcherIn(home, display.name(), session.address())) {
     if (present == Panel::present) {
@@ -30,12 +30,12 @@ Stage::Stage(Panel present)
     }
 }
 
-void Stage::showPanel() {
+void ApplicationStage::showPanel() {
     panel = std::make_unique<StatusHost>(session.address());
 }
 
-desktops::Environment Stage::environment() const {
-    desktops::Environment environment = desktops::plainEnvironment(home.path());
+Environment ApplicationStage::environment() const {
+    Environment environment = plainEnvironment(home.path());
     environment["DBUS_SESSION_BUS_ADDRESS"] = session.address();
     environment["DBUS_SYSTEM_BUS_ADDRESS"] = system.address();
     environment["DISPLAY"] = display.name();
@@ -46,20 +46,20 @@ desktops::Environment Stage::environment() const {
     return environment;
 }
 
-desktops::Program::Command Stage::command() const {
+Program::Command ApplicationStage::command() const {
     return {.words = {GLIDEMAP_PROGRAM}, .environment = environment(), .log = complaintsFile()};
 }
 
-std::filesystem::path Stage::bindingsFile() const {
+std::filesystem::path ApplicationStage::bindingsFile() const {
     return home.path() / "data/Glidemap/bindings.json";
 }
 
-std::filesystem::path Stage::settingsFile() const {
+std::filesystem::path ApplicationStage::settingsFile() const {
     return home.path() / "config/glidemap/glidemap.ini";
 }
 
-std::filesystem::path Stage::complaintsFile() const {
+std::filesystem::path ApplicationStage::complaintsFile() const {
     return home.path() / "glidemap.log";
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

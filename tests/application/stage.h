@@ -20,20 +20,20 @@
 #include <memory>
 #include <string>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 enum class Panel { present, absent };
 
-class Stage {
+class ApplicationStage {
 public:
     static bool isInstalled();
 
-    explicit Stage(Panel panel = Panel::present);
-    Stage(const Stage&) = delete;
-    Stage& operator=(const Stage&) = delete;
+    explicit ApplicationStage(Panel panel = Panel::present);
+    ApplicationStage(const ApplicationStage&) = delete;
+    ApplicationStage& operator=(const ApplicationStage&) = delete;
 
-    desktops::Environment environment() const;
-    desktops::Program::Command command() const;
+    Environment environment() const;
+    Program::Command command() const;
 
     // This may be called while the program runs.
     void showPanel();
@@ -43,9 +43,9 @@ public:
     std::filesystem::path settingsFile() const;
     std::filesystem::path complaintsFile() const;
 
-    desktops::RuntimeFolder home;
-    desktops::PrivateBus session;
-    desktops::PrivateBus system;
+    RuntimeFolder home;
+    PrivateBus session;
+    PrivateBus system;
     XDisplay display;
     Hands hands;
     Fingers fingers;
@@ -53,4 +53,4 @@ public:
     std::unique_ptr<StatusHost> panel;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -7,7 +7,7 @@
 
 #include <csignal>
 
-namespace glidemap::application {
+namespace glidemap::test {
 namespace {
 
 class StartupAndShutdownTest : public ApplicationTest {};
@@ -46,7 +46,7 @@ private:
 };
 
 TEST_F(StartupAndShutdownTest, FirstStartShowsTheWindowWithTheDefaultBindings) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
     EXPECT_EQ(glidemap.window()->className, "Glidemap");
@@ -59,7 +59,7 @@ TEST_F(StartupAndShutdownTest, FirstStartShowsTheWindowWithTheDefaultBindings) {
 }
 
 TEST_F(StartupAndShutdownTest, EachTerminationSignalEndsTheProgramCleanly) {
-    Stage stage;
+    ApplicationStage stage;
     for (const int signal : {SIGTERM, SIGINT}) {
         RunningGlidemap glidemap(stage);
         ASSERT_TRUE(glidemap.waitForWindow());
@@ -71,8 +71,8 @@ TEST_F(StartupAndShutdownTest, EachTerminationSignalEndsTheProgramCleanly) {
 // Checks only for the window, because the accessibility bus cannot be found without the session
 // bus.
 TEST_F(StartupAndShutdownTest, UnresponsiveBusDelaysNeitherStartupNorExit) {
-    Stage stage;
-    const test::SilentSocket bus;
+    ApplicationStage stage;
+    const SilentSocket bus;
     auto command = stage.command();
     command.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.address();
     command.environment["DBUS_SYSTEM_BUS_ADDRESS"] = bus.address();
@@ -88,7 +88,7 @@ TEST_F(StartupAndShutdownTest, UnresponsiveBusDelaysNeitherStartupNorExit) {
 }
 
 TEST_F(StartupAndShutdownTest, BusThatStopsRespondingDoesNotDelayTheExit) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
     stage.session.stop();
@@ -97,7 +97,7 @@ TEST_F(StartupAndShutdownTest, BusThatStopsRespondingDoesNotDelayTheExit) {
 }
 
 TEST_F(StartupAndShutdownTest, SecondLaunchShowsTheWindowOfTheFirstInstanceAndExits) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
     stage.display.close(*first.window());
@@ -110,7 +110,7 @@ TEST_F(StartupAndShutdownTest, SecondLaunchShowsTheWindowOfTheFirstInstanceAndEx
 }
 
 TEST_F(StartupAndShutdownTest, SecondLaunchRaisesACoveredWindow) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
     const std::uint32_t other = stage.display.openWindow({0, 0, 1200, 780});
@@ -121,7 +121,7 @@ TEST_F(StartupAndShutdownTest, SecondLaunchRaisesACoveredWindow) {
 }
 
 TEST_F(StartupAndShutdownTest, StaleFilesOfAKilledInstanceDoNotPreventStartup) {
-    Stage stage;
+    ApplicationStage stage;
     {
         RunningGlidemap first(stage);
         ASSERT_TRUE(first.waitForWindow());
@@ -133,7 +133,7 @@ TEST_F(StartupAndShutdownTest, StaleFilesOfAKilledInstanceDoNotPreventStartup) {
 }
 
 TEST_F(StartupAndShutdownTest, ClosingTheWindowKeepsTheProgramRunning) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
     stage.display.close(*glidemap.window());
@@ -143,7 +143,7 @@ TEST_F(StartupAndShutdownTest, ClosingTheWindowKeepsTheProgramRunning) {
 }
 
 TEST_F(StartupAndShutdownTest, ProgramExitsWithoutACrashWhenTheDisplayIsLost) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
     stage.display.kill();
@@ -151,14 +151,14 @@ TEST_F(StartupAndShutdownTest, ProgramExitsWithoutACrashWhenTheDisplayIsLost) {
 }
 
 TEST_F(StartupAndShutdownTest, SecondLaunchTimesOutIfTheFirstInstanceHangs) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
     kill(first.process(), SIGSTOP);
     RunningGlidemap second(stage);
     ASSERT_TRUE(second.waitForWindow());
     second.waitFor("label", "Glidemap is not responding");
-    EXPECT_NE(test::contentOf(stage.complaintsFile()).find("not responding"), std::string::npos);
+    EXPECT_NE(contentOf(stage.complaintsFile()).find("not responding"), std::string::npos);
     stage.display.close(*second.window());
     EXPECT_EQ(second.waitForEnd(), 1);
     kill(first.process(), SIGCONT);
@@ -166,7 +166,7 @@ TEST_F(StartupAndShutdownTest, SecondLaunchTimesOutIfTheFirstInstanceHangs) {
 }
 
 TEST_F(StartupAndShutdownTest, SecondLaunchWithoutADisplayReportsAHungInstance) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
     kill(first.process(), SIGSTOP);
@@ -181,7 +181,7 @@ TEST_F(StartupAndShutdownTest, SecondLaunchWithoutADisplayReportsAHungInstance) 
 }
 
 TEST_F(StartupAndShutdownTest, MissingLockFolderIsReportedToTheUser) {
-    Stage stage;
+    ApplicationStage stage;
     auto command = stage.command();
     command.environment["XDG_RUNTIME_DIR"] = "/dev/null";
     RunningGlidemap glidemap(stage, command);
@@ -193,7 +193,7 @@ TEST_F(StartupAndShutdownTest, MissingLockFolderIsReportedToTheUser) {
 
 // Until the notification is completed, the launcher shows a busy indicator for several seconds.
 TEST_F(StartupAndShutdownTest, FirstWindowCompletesTheStartupNotification) {
-    Stage stage;
+    ApplicationStage stage;
     Broadcasts broadcasts(stage.display);
     auto command = stage.command();
     command.environment["DESKTOP_STARTUP_ID"] = "launcher-1_TIME1";
@@ -213,13 +213,13 @@ TEST_F(StartupAndShutdownTest, FirstWindowCompletesTheStartupNotification) {
 }
 
 TEST_F(StartupAndShutdownTest, ReportsThatItCannotListenForASecondLaunchAndKeepsRunning) {
-    Stage stage;
+    ApplicationStage stage;
     auto command = stage.command();
     const std::filesystem::path runtime = command.environment["XDG_RUNTIME_DIR"];
     std::filesystem::create_directories(runtime / "glidemap.socket/in/the/way");
     RunningGlidemap glidemap(stage, command);
     EXPECT_TRUE(glidemap.waitForWindow());
-    EXPECT_NE(test::contentOf(stage.complaintsFile()).find("cannot listen for a second launch"),
+    EXPECT_NE(contentOf(stage.complaintsFile()).find("cannot listen for a second launch"),
               std::string::npos);
     EXPECT_EQ(glidemap.end(SIGTERM), 0);
 }
@@ -240,19 +240,19 @@ TEST_F(StartupAndShutdownTest, RejectsUnknownOptionsAndInvalidCombinations) {
         {{"file"}, 2, ""},
         {{"-psn_0_1"}, 2, ""}, // only macOS adds such an argument
     };
-    const desktops::RuntimeFolder folder;
+    const RuntimeFolder folder;
     for (const Row& row : rows) {
-        desktops::Program::Command command{.words = {GLIDEMAP_PROGRAM},
-                                           .environment = desktops::plainEnvironment(folder.path()),
-                                           .log = folder.path() / "log"};
+        Program::Command command{.words = {GLIDEMAP_PROGRAM},
+                                 .environment = plainEnvironment(folder.path()),
+                                 .log = folder.path() / "log"};
         command.words.insert(command.words.end(), row.options.begin(), row.options.end());
-        desktops::Program program(command);
+        Program program(command);
         if (!row.line.empty()) {
             EXPECT_EQ(program.nextLine().value_or("").substr(0, row.line.size()), row.line);
         }
         EXPECT_EQ(program.finish(), row.status) << row.options.front();
     }
-    EXPECT_NE(test::contentOf(folder.path() / "log")
+    EXPECT_NE(contentOf(folder.path() / "log")
                   .find("usage: glidemap [--verbose | --diagnose | --version | --help]"),
               std::string::npos);
 }
@@ -261,14 +261,14 @@ TEST_F(StartupAndShutdownTest, RejectsUnknownOptionsAndInvalidCombinations) {
 // must contain Qt.
 TEST_F(StartupAndShutdownTest, VersionAndHelpDoNotLoadQt) {
     for (const std::string option : {"--version", "--help", "--nonsense", "--diagnose"}) {
-        const desktops::RuntimeFolder folder;
-        auto environment = desktops::plainEnvironment(folder.path());
+        const RuntimeFolder folder;
+        auto environment = plainEnvironment(folder.path());
         environment["LD_DEBUG"] = "files";
-        desktops::Program program({.words = {GLIDEMAP_PROGRAM, option},
-                                   .environment = environment,
-                                   .log = folder.path() / "log"});
+        Program program({.words = {GLIDEMAP_PROGRAM, option},
+                         .environment = environment,
+                         .log = folder.path() / "log"});
         program.finish();
-        const std::string loaded = test::contentOf(folder.path() / "log");
+        const std::string loaded = contentOf(folder.path() / "log");
         EXPECT_NE(loaded.find("libc.so"), std::string::npos) << option;
         for (const char* library : {"libQt6", "libstdc++", "libglidemap-program"}) {
             EXPECT_EQ(loaded.find(library) != std::string::npos, option == "--diagnose")
@@ -278,14 +278,14 @@ TEST_F(StartupAndShutdownTest, VersionAndHelpDoNotLoadQt) {
 }
 
 TEST_F(StartupAndShutdownTest, DiagnosisCompletesWithoutADisplayAndWithAHungBus) {
-    const desktops::RuntimeFolder folder;
-    const test::SilentSocket silent;
-    auto environment = desktops::plainEnvironment(folder.path());
+    const RuntimeFolder folder;
+    const SilentSocket silent;
+    auto environment = plainEnvironment(folder.path());
     environment["DBUS_SESSION_BUS_ADDRESS"] = silent.address();
     environment["DBUS_SYSTEM_BUS_ADDRESS"] = silent.address();
-    desktops::Program program({.words = {GLIDEMAP_PROGRAM, "--diagnose"},
-                               .environment = environment,
-                               .log = folder.path() / "log"});
+    Program program({.words = {GLIDEMAP_PROGRAM, "--diagnose"},
+                     .environment = environment,
+                     .log = folder.path() / "log"});
     bool hasSilentBus = false;
     while (const auto line = program.nextLine()) {
         hasSilentBus = hasSilentBus || *line == "  session bus: does not reply";
@@ -298,14 +298,14 @@ TEST_F(StartupAndShutdownTest, DiagnosisCompletesWithoutADisplayAndWithAHungBus)
 }
 
 TEST_F(StartupAndShutdownTest, VerboseOptionEnablesLogging) {
-    Stage stage;
+    ApplicationStage stage;
     auto command = stage.command();
     command.words.emplace_back("--verbose");
     RunningGlidemap glidemap(stage, command);
     EXPECT_TRUE(glidemap.waitForWindow());
     EXPECT_EQ(glidemap.end(SIGTERM), 0);
-    EXPECT_NE(test::contentOf(stage.complaintsFile()).find(" bindings: "), std::string::npos);
+    EXPECT_NE(contentOf(stage.complaintsFile()).find(" bindings: "), std::string::npos);
 }
 
 } // namespace
-} // namespace glidemap::application
+} // namespace glidemap::test

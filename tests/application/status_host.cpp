@@ -8,7 +8,7 @@
 #include <map>
 #include <mutex>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -158,4 +158,4 @@ std::vector<StatusHost::Item> StatusHost::items() const {
     return state->items;
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class StatusHost {
 public:
@@ -38,4 +38,4 @@ private:
     std::unique_ptr<State> state;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -4,14 +4,14 @@
 
 #include <csignal>
 
-namespace glidemap::application {
+namespace glidemap::test {
 namespace {
 
 using Lines = std::vector<std::string>;
 
 class StatusItemTest : public ApplicationTest {
 protected:
-    static Variant propertyOf(const Stage& stage, const char* name) {
+    static OwnedVariant propertyOf(const ApplicationStage& stage, const char* name) {
         const StatusHost::Item item = stage.panel->items().at(0);
         return property(stage.session.connection(),
                         {item.busName, item.path, "org.kde.StatusNotifierItem"}, name);
@@ -19,22 +19,22 @@ protected:
 };
 
 TEST_F(StatusItemTest, ItemHasANameAndAnIcon) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(waitUntil([&] { return !stage.panel->items().empty(); }));
     EXPECT_EQ(textOf(propertyOf(stage, "Status")), "Active");
     EXPECT_EQ(textOf(propertyOf(stage, "Title")), "Glidemap");
-    const Variant picture = propertyOf(stage, "IconPixmap");
+    const OwnedVariant picture = propertyOf(stage, "IconPixmap");
     ASSERT_NE(picture, nullptr);
     EXPECT_TRUE(!textOf(propertyOf(stage, "IconName")).empty() ||
                 g_variant_n_children(picture.get()) > 0);
-    const Variant help = propertyOf(stage, "ToolTip");
+    const OwnedVariant help = propertyOf(stage, "ToolTip");
     ASSERT_NE(help, nullptr);
     EXPECT_EQ(textOf(childOf(help, 2)), "Glidemap");
 }
 
 TEST_F(StatusItemTest, MenuIsInTheInterfaceLanguage) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap glidemap(stage);
     EXPECT_EQ(
         describe(glidemap.menu().open()),
@@ -48,7 +48,7 @@ TEST_F(StatusItemTest, MenuIsInTheInterfaceLanguage) {
 }
 
 TEST_F(StatusItemTest, CheckMarkFollowsTheMasterSwitch) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
     EXPECT_TRUE(glidemap.menu().choose("Enable Gestures"));
@@ -60,7 +60,7 @@ TEST_F(StatusItemTest, CheckMarkFollowsTheMasterSwitch) {
 }
 
 TEST_F(StatusItemTest, QuitEntryEndsTheProgramCleanly) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
     EXPECT_TRUE(glidemap.menu().choose("Quit Glidemap"));
@@ -68,7 +68,7 @@ TEST_F(StatusItemTest, QuitEntryEndsTheProgramCleanly) {
 }
 
 TEST_F(StatusItemTest, PanelThatStartsAfterGlidemapGetsTheItem) {
-    Stage stage(Panel::absent);
+    ApplicationStage stage(Panel::absent);
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
     stage.showPanel();
@@ -76,7 +76,7 @@ TEST_F(StatusItemTest, PanelThatStartsAfterGlidemapGetsTheItem) {
 }
 
 TEST_F(StatusItemTest, RestartedPanelGetsTheItemAgain) {
-    Stage stage;
+    ApplicationStage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
     stage.panel.reset();
@@ -86,7 +86,7 @@ TEST_F(StatusItemTest, RestartedPanelGetsTheItemAgain) {
 
 TEST_F(StatusItemTest, MissingPanelIsReportedOnceAndASecondLaunchShowsTheWindow) {
     constexpr const char* message = "This desktop has no status bar";
-    Stage stage(Panel::absent);
+    ApplicationStage stage(Panel::absent);
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
     first.waitFor("label", message);
@@ -103,4 +103,4 @@ TEST_F(StatusItemTest, MissingPanelIsReportedOnceAndASecondLaunchShowsTheWindow)
 }
 
 } // namespace
-} // namespace glidemap::application
+} // namespace glidemap::test

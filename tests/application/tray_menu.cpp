@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -23,35 +23,35 @@ std::string withoutMarks(const std::string& label) {
     return plain;
 }
 
-std::string joined(const Variant& shortcuts) {
+std::string joined(const OwnedVariant& shortcuts) {
     std::string text;
-    const Variant keys = childOf(shortcuts, 0);
+    const OwnedVariant keys = childOf(shortcuts, 0);
     for (std::size_t index = 0; index < g_variant_n_children(keys.get()); ++index) {
         text += (index > 0 ? "+" : "") + textOf(childOf(keys, index));
     }
     return text;
 }
 
-Variant looked(const Variant& properties, const char* name) {
-    return Variant(g_variant_lookup_value(properties.get(), name, nullptr));
+OwnedVariant looked(const OwnedVariant& properties, const char* name) {
+    return OwnedVariant(g_variant_lookup_value(properties.get(), name, nullptr));
 }
 
-bool flag(const Variant& properties, const char* name, bool otherwise) {
-    const Variant value = looked(properties, name);
+bool flag(const OwnedVariant& properties, const char* name, bool otherwise) {
+    const OwnedVariant value = looked(properties, name);
     return value != nullptr ? g_variant_get_boolean(value.get()) != FALSE : otherwise;
 }
 
-MenuEntry entryIn(const Variant& item) {
-    const Variant properties = childOf(item, 1);
+MenuEntry entryIn(const OwnedVariant& item) {
+    const OwnedVariant properties = childOf(item, 1);
     MenuEntry entry;
     entry.id = g_variant_get_int32(childOf(item, 0).get());
     entry.label = withoutMarks(textOf(looked(properties, "label")));
     entry.separator = textOf(looked(properties, "type")) == "separator";
     entry.checkable = !textOf(looked(properties, "toggle-type")).empty();
-    const Variant state = looked(properties, "toggle-state");
+    const OwnedVariant state = looked(properties, "toggle-state");
     entry.checked = state != nullptr && g_variant_get_int32(state.get()) == 1;
     entry.enabled = flag(properties, "enabled", true);
-    const Variant shortcuts = looked(properties, "shortcut");
+    const OwnedVariant shortcuts = looked(properties, "shortcut");
     entry.shortcut =
         shortcuts != nullptr && g_variant_n_children(shortcuts.get()) > 0 ? joined(shortcuts) : "";
     return entry;
@@ -68,16 +68,16 @@ TrayMenu::TrayMenu(GDBusConnection* connection, const StatusHost::Item& item)
 std::vector<MenuEntry> TrayMenu::open() const {
     const Callee menu{busName, path, menuInterface};
     EXPECT_NE(call(bus, menu, "AboutToShow", g_variant_new("(i)", 0)), nullptr);
-    const Variant answer =
+    const OwnedVariant answer =
         call(bus, menu, "GetLayout", g_variant_new("(iias)", 0, everyLevel, nullptr));
     if (answer == nullptr) {
         ADD_FAILURE() << "the menu returns no layout";
         return {};
     }
     std::vector<MenuEntry> entries;
-    const Variant items = childOf(childOf(answer, 1), 2);
+    const OwnedVariant items = childOf(childOf(answer, 1), 2);
     for (std::size_t index = 0; index < g_variant_n_children(items.get()); ++index) {
-        const Variant item = childOf(items, index);
+        const OwnedVariant item = childOf(items, index);
         if (flag(childOf(item, 1), "visible", true)) {
             entries.push_back(entryIn(item));
         }
@@ -110,4 +110,4 @@ std::vector<std::string> describe(const std::vector<MenuEntry>& entries) {
     return lines;
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -11,7 +11,7 @@
 
 using GDBusConnection = struct _GDBusConnection;
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 struct MenuEntry {
     int id = 0;        // changes each time the menu opens
@@ -43,4 +43,4 @@ private:
 // a disabled entry, as in "(Download…)".
 std::vector<std::string> describe(const std::vector<MenuEntry>& entries);
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -2,19 +2,21 @@
 
 #include "desktops/program.h"
 
-namespace glidemap::application {
+namespace glidemap::test {
 
-Variant call(GDBusConnection* bus, const Callee& callee, const char* method, GVariant* arguments) {
-    constexpr auto patience = std::chrono::milliseconds(desktops::patience).count();
-    return Variant(g_dbus_connection_call_sync(
+OwnedVariant call(GDBusConnection* bus, const Callee& callee, const char* method,
+                  GVariant* arguments) {
+    constexpr auto patience = std::chrono::milliseconds(test::patience).count();
+    return OwnedVariant(g_dbus_connection_call_sync(
         bus, callee.name.c_str(), callee.path.c_str(), callee.interface.c_str(), method, arguments,
         nullptr, G_DBUS_CALL_FLAGS_NONE, static_cast<int>(patience), nullptr, nullptr));
 }
 
-Variant property(GDBusConnection* bus, const Callee& callee, const char* name) {
-    const Variant answer = call(bus, {callee.name, callee.path, "org.freedesktop.DBus.Properties"},
-                                "Get", g_variant_new("(ss)", callee.interface.c_str(), name));
+OwnedVariant property(GDBusConnection* bus, const Callee& callee, const char* name) {
+    const OwnedVariant answer =
+        call(bus, {callee.name, callee.path, "org.freedesktop.DBus.Properties"}, "Get",
+             g_variant_new("(ss)", callee.interface.c_str(), name));
     return answer != nullptr ? childOf(answer, 0) : nullptr;
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -6,24 +6,24 @@
 #include <memory>
 #include <string>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 struct GiveBackVariant {
     void operator()(GVariant* value) const { g_variant_unref(value); }
 };
 
-using Variant = std::unique_ptr<GVariant, GiveBackVariant>;
+using OwnedVariant = std::unique_ptr<GVariant, GiveBackVariant>;
 
 // Returns a child of a tuple or an array. If the child is a variant, returns the value in it.
-inline Variant childOf(const Variant& container, std::size_t index) {
-    Variant child(g_variant_get_child_value(container.get(), index));
+inline OwnedVariant childOf(const OwnedVariant& container, std::size_t index) {
+    OwnedVariant child(g_variant_get_child_value(container.get(), index));
     if (g_variant_is_of_type(child.get(), G_VARIANT_TYPE_VARIANT) != FALSE) {
         child.reset(g_variant_get_variant(child.get()));
     }
     return child;
 }
 
-inline std::string textOf(const Variant& value) {
+inline std::string textOf(const OwnedVariant& value) {
     return value != nullptr &&
                    (g_variant_is_of_type(value.get(), G_VARIANT_TYPE_STRING) != FALSE ||
                     g_variant_is_of_type(value.get(), G_VARIANT_TYPE_OBJECT_PATH) != FALSE)
@@ -40,10 +40,10 @@ struct Callee {
 
 // Waits for the reply. Returns null on failure, which the caller must handle: the target may have
 // disappeared. Takes ownership of the arguments.
-Variant call(GDBusConnection* bus, const Callee& callee, const char* method,
-             GVariant* arguments = nullptr);
+OwnedVariant call(GDBusConnection* bus, const Callee& callee, const char* method,
+                  GVariant* arguments = nullptr);
 
 // Returns a property's value without its variant wrapper; null on failure.
-Variant property(GDBusConnection* bus, const Callee& callee, const char* name);
+OwnedVariant property(GDBusConnection* bus, const Callee& callee, const char* name);
 
-} // namespace glidemap::application
+} // namespace glidemap::test

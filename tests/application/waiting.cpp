@@ -4,7 +4,7 @@
 
 #include <chrono>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -45,4 +45,4 @@ bool waitUntil(const std::function<bool()>& condition) {
     return true;
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -6,10 +6,10 @@
 
 #include <functional>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 // Evaluates the condition on each accessibility event, and periodically for changes without an
 // event, such as files and windows.
 bool waitUntil(const std::function<bool()>& condition);
 
-} // namespace glidemap::application
+} // namespace glidemap::test

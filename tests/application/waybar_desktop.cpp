@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -22,16 +22,16 @@ constexpr const char* styleText = "window#waybar { background: #336699; }\n";
 
 std::string WaybarDesktop::missing() {
     for (const char* const program : {"sway", "swaymsg", "grim", "waybar"}) {
-        if (!desktops::isInstalled(program)) {
+        if (!test::isInstalled(program)) {
             return program;
         }
     }
     return {};
 }
 
-desktops::Environment WaybarDesktop::environment() const {
-    desktops::Environment values = sway.environment();
-    for (const auto& [name, value] : desktops::plainEnvironment(home.path())) {
+Environment WaybarDesktop::environment() const {
+    Environment values = sway.environment();
+    for (const auto& [name, value] : plainEnvironment(home.path())) {
         if (name != "XDG_RUNTIME_DIR") { // keeps sway's folder, which contains its socket
             values[name] = value;
         }
@@ -47,7 +47,7 @@ void WaybarDesktop::startPanel() {
                  home.write("waybar.css", styleText)});
     EXPECT_TRUE(waitUntil([this] { return watcherHasHost(); }))
         << "the panel accepts no items; its log:\n"
-        << test::contentOf(home.path() / "waybar.log");
+        << contentOf(home.path() / "waybar.log");
 }
 
 Picture WaybarDesktop::screen() const {
@@ -65,4 +65,4 @@ void WaybarDesktop::choose(ColorScheme scheme) const {
     chooseForGtk(*this, scheme == ColorScheme::dark);
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -12,14 +12,14 @@
 #include <memory>
 #include <optional>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class WaybarDesktop : public PanelDesktop {
 public:
     // Returns the name of a missing program; empty if all are installed.
     static std::string missing();
 
-    desktops::Environment environment() const override;
+    Environment environment() const override;
     void startPanel() override;
     void killPanel() override { bar.reset(); }
     Picture panel() const override;
@@ -30,9 +30,9 @@ public:
     Picture screen() const override;
 
 private:
-    desktops::Sway sway;
-    std::unique_ptr<desktops::Program> bar;
+    Sway sway;
+    std::unique_ptr<Program> bar;
     std::optional<SettingsPortal> portal;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -13,12 +13,8 @@
 #include <algorithm>
 #include <csignal>
 
-namespace glidemap::application {
+namespace glidemap::test {
 namespace {
-
-using desktops::PrivateBus;
-using desktops::Program;
-using desktops::Sway;
 
 constexpr const char* busLauncher = "/usr/libexec/at-spi-bus-launcher";
 
@@ -38,14 +34,14 @@ class WaylandTest : public testing::Test {
 protected:
     void SetUp() override {
         for (const char* const program : {"sway", "swaymsg", "grim"}) {
-            if (!desktops::isInstalled(program)) {
+            if (!test::isInstalled(program)) {
                 GTEST_SKIP() << program << " is not installed";
             }
         }
     }
 
-    desktops::Environment environment() const {
-        desktops::Environment values = sway.environment();
+    Environment environment() const {
+        Environment values = sway.environment();
         for (const auto& [name, folder] :
              {std::pair("XDG_CONFIG_HOME", "config"), std::pair("XDG_DATA_HOME", "data"),
               std::pair("XDG_STATE_HOME", "state")}) {
@@ -75,8 +71,7 @@ protected:
 
     std::vector<nlohmann::json> windows() const {
         std::vector<nlohmann::json> found;
-        const std::string text =
-            test::contentOf(written("f() { swaymsg -r -t get_tree > \"$1\"; }; f"));
+        const std::string text = contentOf(written("f() { swaymsg -r -t get_tree > \"$1\"; }; f"));
         collectWindows(nlohmann::json::parse(text), found);
         return found;
     }
@@ -84,14 +79,14 @@ protected:
     Sway sway;
     PrivateBus session;
     PrivateBus system;
-    test::TemporaryFolder home{"/tmp"};
+    TemporaryFolder home{"/tmp"};
 };
 
 TEST_F(WaylandTest, WindowHasTheDesktopEntryIdentifierAndShowsTheSettings) {
     const Accessibility accessibility(session, command({busLauncher, "--launch-immediately"}));
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }))
-        << test::contentOf(home.path() / "glidemap.log");
+        << contentOf(home.path() / "glidemap.log");
     const nlohmann::json window = windows().at(0);
     EXPECT_EQ(window.at("app_id"), "org.glidemap.Glidemap");
     EXPECT_EQ(window.at("name"), "Glidemap");
@@ -114,7 +109,7 @@ TEST_F(WaylandTest, ProgramExitsWithoutACrashWhenTheCompositorIsLost) {
     sway.kill();
     // Without a compositor, Qt exits with status 1 up to Qt 6.4, and with -1 in later versions.
     EXPECT_THAT(glidemap.finish(), testing::AnyOf(1, 255))
-        << test::contentOf(home.path() / "glidemap.log");
+        << contentOf(home.path() / "glidemap.log");
 }
 
 TEST_F(WaylandTest, SecondLaunchReopensTheClosedWindow) {
@@ -130,4 +125,4 @@ TEST_F(WaylandTest, SecondLaunchReopensTheClosedWindow) {
 }
 
 } // namespace
-} // namespace glidemap::application
+} // namespace glidemap::test

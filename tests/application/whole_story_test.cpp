@@ -6,7 +6,7 @@
 
 #include <csignal>
 
-namespace glidemap::application {
+namespace glidemap::test {
 namespace {
 
 using nlohmann::json;
@@ -24,7 +24,7 @@ protected:
 
     // Returns the file's content without the identifiers, which are random.
     json savedBindings() const {
-        json bindings = json::parse(test::contentOf(stage->bindingsFile()), nullptr, false);
+        json bindings = json::parse(contentOf(stage->bindingsFile()), nullptr, false);
         for (json& binding : bindings) {
             EXPECT_EQ(binding.value("id", "").size(), 36U) << binding;
             binding.erase("id");
@@ -39,7 +39,7 @@ protected:
         });
     }
 
-    std::string settings() const { return test::contentOf(stage->settingsFile()); }
+    std::string settings() const { return contentOf(stage->settingsFile()); }
 
     void drawACircle() {
         glidemap->waitForFooter("Try drawing a circle on the trackpad…");
@@ -165,12 +165,12 @@ protected:
         EXPECT_EQ(describe(entries).front(), "· 启用手势");
     }
 
-    std::unique_ptr<Stage> stage;
+    std::unique_ptr<ApplicationStage> stage;
     std::unique_ptr<RunningGlidemap> glidemap;
 };
 
 TEST_F(EndToEndTest, NewBindingsWorkImmediatelyAndSurviveARestart) {
-    stage = std::make_unique<Stage>();
+    stage = std::make_unique<ApplicationStage>();
     launch();
     drawACircle();
     addABinding();
@@ -180,13 +180,13 @@ TEST_F(EndToEndTest, NewBindingsWorkImmediatelyAndSurviveARestart) {
     switchItOff();
     switchEverythingOff();
     deleteTheFirst();
-    const std::string kept = test::contentOf(stage->bindingsFile());
+    const std::string kept = contentOf(stage->bindingsFile());
     EXPECT_EQ(glidemap->end(SIGTERM), 0);
     launch();
     findItAgain();
-    EXPECT_EQ(test::contentOf(stage->bindingsFile()), kept);
+    EXPECT_EQ(contentOf(stage->bindingsFile()), kept);
     EXPECT_EQ(glidemap->end(SIGTERM), 0);
 }
 
 } // namespace
-} // namespace glidemap::application
+} // namespace glidemap::test

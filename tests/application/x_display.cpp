@@ -10,38 +10,34 @@
 #include <cstring>
 #include <utility>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
-
-using desktops::isInstalled;
-using desktops::plainEnvironment;
-using desktops::Program;
 
 constexpr std::uint32_t longest = 4096; // the maximum length of a property, in 32-bit words
 constexpr std::uint32_t fromTaskBar = 2;
 constexpr std::uint32_t iconic = 3; // a state of WM_STATE
 
-Program::Command serverIn(const desktops::RuntimeFolder& folder) {
+Program::Command serverIn(const RuntimeFolder& folder) {
     return {.words = {"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-noreset",
                       "-nolisten", "tcp"},
             .environment = plainEnvironment(folder.path()),
             .log = folder.path() / "xvfb.log"};
 }
 
-XDisplay::WindowManager openbox(const desktops::RuntimeFolder& folder) {
+XDisplay::WindowManager openbox(const RuntimeFolder& folder) {
     return {.words = {"openbox", "--sm-disable"}, .environment = plainEnvironment(folder.path())};
 }
 
 } // namespace
 
 bool XDisplay::isInstalled() {
-    return desktops::isInstalled("Xvfb") && desktops::isInstalled("openbox");
+    return test::isInstalled("Xvfb") && test::isInstalled("openbox");
 }
 
-XDisplay::XDisplay(const desktops::RuntimeFolder& folder) : XDisplay(folder, openbox(folder)) {}
+XDisplay::XDisplay(const RuntimeFolder& folder) : XDisplay(folder, openbox(folder)) {}
 
-XDisplay::XDisplay(const desktops::RuntimeFolder& folder, WindowManager manager)
+XDisplay::XDisplay(const RuntimeFolder& folder, WindowManager manager)
     : server(std::make_unique<Program>(serverIn(folder))),
       _name(":" + server->nextLine().value_or("")),
       _connection(xcb_connect(_name.c_str(), nullptr)) {
@@ -272,4 +268,4 @@ void XDisplay::close(const ManagedWindow& window) const {
     ask(window.id, "_NET_CLOSE_WINDOW", fromTaskBar);
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

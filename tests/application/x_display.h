@@ -17,7 +17,7 @@
 
 struct xcb_connection_t;
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 struct Rectangle {
     int x = 0;
@@ -49,11 +49,11 @@ public:
     // The window manager's command line and environment, without DISPLAY.
     struct WindowManager {
         std::vector<std::string> words;
-        desktops::Environment environment;
+        Environment environment;
     };
 
-    explicit XDisplay(const desktops::RuntimeFolder& folder);
-    XDisplay(const desktops::RuntimeFolder& folder, WindowManager manager);
+    explicit XDisplay(const RuntimeFolder& folder);
+    XDisplay(const RuntimeFolder& folder, WindowManager manager);
     XDisplay(const XDisplay&) = delete;
     XDisplay& operator=(const XDisplay&) = delete;
     ~XDisplay();
@@ -113,11 +113,11 @@ private:
              std::uint32_t time = 0) const;
     std::uint32_t currentTime() const;
 
-    std::unique_ptr<desktops::Program> server;
-    std::unique_ptr<desktops::Program> windowManager;
+    std::unique_ptr<Program> server;
+    std::unique_ptr<Program> windowManager;
     std::string _name;
     xcb_connection_t* _connection = nullptr;
     std::uint32_t _root = 0;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <memory>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 struct FreeReply {
     void operator()(void* reply) const { std::free(reply); }
@@ -13,4 +13,4 @@ struct FreeReply {
 template <typename Type>
 using Reply = std::unique_ptr<Type, FreeReply>;
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 std::string XfceDesktop::missing() {
     if (!XDisplay::isInstalled()) {
@@ -14,8 +14,8 @@ std::string XfceDesktop::missing() {
     return XfcePanel::isInstalled() ? "" : "xfce4-panel";
 }
 
-desktops::Environment XfceDesktop::environment() const {
-    desktops::Environment values = desktops::plainEnvironment(home.path());
+Environment XfceDesktop::environment() const {
+    Environment values = plainEnvironment(home.path());
     values["DISPLAY"] = display.name();
     values["XDG_CURRENT_DESKTOP"] = "XFCE";
     return values;
@@ -30,4 +30,4 @@ void XfceDesktop::choose(ColorScheme scheme) const {
     chooseForGtk(*this, scheme == ColorScheme::dark);
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -11,14 +11,14 @@
 
 #include <optional>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class XfceDesktop : public PanelDesktop {
 public:
     // Returns the name of a missing program; empty if all are installed.
     static std::string missing();
 
-    desktops::Environment environment() const override;
+    Environment environment() const override;
     void startPanel() override;
     void killPanel() override { bar.reset(); }
     Picture panel() const override { return {display, bar->area()}; }
@@ -34,4 +34,4 @@ private:
     std::optional<SettingsPortal> portal;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <string>
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 namespace {
 
@@ -56,23 +56,23 @@ std::optional<ManagedWindow> panelOn(const XDisplay& display) {
 } // namespace
 
 bool XfcePanel::isInstalled() {
-    return desktops::isInstalled("xfce4-panel") && isServiceInstalled(settingsName);
+    return test::isInstalled("xfce4-panel") && isServiceInstalled(settingsName);
 }
 
-XfcePanel::XfcePanel(const XDisplay& shown, const desktops::PrivateBus& bus)
+XfcePanel::XfcePanel(const XDisplay& shown, const PrivateBus& bus)
     : display(shown), busAddress(bus.address()) {
     folder.write(settingsFile, settingsText);
-    settings = std::make_unique<desktops::Program>(command({serviceProgram(settingsName)}));
+    settings = std::make_unique<Program>(command({serviceProgram(settingsName)}));
     bus.waitForName(settingsName);
-    program = std::make_unique<desktops::Program>(
+    program = std::make_unique<Program>(
         command({"xfce4-panel", "--disable-wm-check", "--sm-client-disable"}));
     EXPECT_TRUE(waitUntil([this] { return panelOn(display).has_value(); }))
         << "the panel does not start; its log:\n"
-        << test::contentOf(folder.path() / "panel.log");
+        << contentOf(folder.path() / "panel.log");
 }
 
-desktops::Program::Command XfcePanel::command(std::vector<std::string> words) const {
-    desktops::Environment environment = desktops::plainEnvironment(folder.path());
+Program::Command XfcePanel::command(std::vector<std::string> words) const {
+    Environment environment = plainEnvironment(folder.path());
     environment["DBUS_SESSION_BUS_ADDRESS"] = busAddress;
     environment["DISPLAY"] = display.name();
     environment.emplace("NO_AT_BRIDGE", "1"); // the panel's own accessibility is not under test
@@ -85,4 +85,4 @@ Rectangle XfcePanel::area() const {
     return panel ? panel->content : Rectangle{};
 }
 
-} // namespace glidemap::application
+} // namespace glidemap::test

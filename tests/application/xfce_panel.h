@@ -11,25 +11,25 @@
 #include "desktops/runtime_folder.h"
 #include "x_display.h"
 
-namespace glidemap::application {
+namespace glidemap::test {
 
 class XfcePanel {
 public:
     static bool isInstalled();
 
-    XfcePanel(const XDisplay& display, const desktops::PrivateBus& bus);
+    XfcePanel(const XDisplay& display, const PrivateBus& bus);
 
     // The panel's area on the screen.
     Rectangle area() const;
 
 private:
-    desktops::Program::Command command(std::vector<std::string> words) const;
+    Program::Command command(std::vector<std::string> words) const;
 
     const XDisplay& display;
     std::string busAddress;
-    desktops::RuntimeFolder folder;
-    std::unique_ptr<desktops::Program> settings; // the daemon that stores the panel's settings
-    std::unique_ptr<desktops::Program> program;
+    RuntimeFolder folder;
+    std::unique_ptr<Program> settings; // the daemon that stores the panel's settings
+    std::unique_ptr<Program> program;
 };
 
-} // namespace glidemap::application
+} // namespace glidemap::test

@@ -40,7 +40,7 @@ TEST(BindingActionTest, IsShownInTheCurrentLanguage) {
 
 TEST(BindingActionTest, IsShownInTheProgramLanguageByDefault) {
     EXPECT_EQ(displayString(BindingAction(LockScreen{})), "Lock Screen");
-    const kit::InLanguage chinese("zh");
+    const test::InLanguage chinese("zh");
     EXPECT_EQ(displayString(BindingAction(LockScreen{})), "锁定屏幕");
     EXPECT_EQ(displayString(BindingAction(MissionControl{})), "Mission Control");
 }

@@ -24,7 +24,7 @@ TEST(BindingScopeTest, IsShownAsGlobalOrAsTheApplicationName) {
 }
 
 TEST(BindingScopeTest, IsShownInTheProgramLanguageByDefault) {
-    const kit::InLanguage chinese("zh");
+    const test::InLanguage chinese("zh");
     EXPECT_EQ(displayString(BindingScope(GlobalScope{})), "全局");
 }
 

@@ -104,11 +104,11 @@ class LargeFileTest : public testing::TestWithParam<Row> {};
 TEST_P(LargeFileTest, DecodingMemoryIsProportionalToTheFileSize) {
     const Row& row = GetParam();
     const std::string text = textOf(row);
-    kit::resetPeakLiveMemory();
-    const std::size_t before = kit::liveMemory();
+    test::resetPeakLiveMemory();
+    const std::size_t before = test::liveMemory();
     const auto decoded = decodeBindings(text);
     constexpr std::size_t anyway = 2'000'000;
-    EXPECT_LT(kit::peakLiveMemory() - before, row.maxMemoryPerByte * text.size() + anyway);
+    EXPECT_LT(test::peakLiveMemory() - before, row.maxMemoryPerByte * text.size() + anyway);
     const auto* const failure = std::get_if<DecodingFailure>(&decoded);
     if (row.reason.empty()) {
         EXPECT_EQ(failure, nullptr) << failure->reason;

@@ -101,7 +101,7 @@ TEST(GestureCategoryTest, EachCategoryHasItsRawValueNamesAndSymbol) {
         EXPECT_EQ(rawValue(row.category), row.rawValue);
         EXPECT_EQ(symbolName(row.category), row.symbol);
         EXPECT_EQ(displayName(row.category), row.english);
-        const kit::InLanguage chinese("zh");
+        const test::InLanguage chinese("zh");
         EXPECT_EQ(displayName(row.category), row.chinese);
     }
 }

@@ -13,7 +13,7 @@ namespace glidemap {
 namespace {
 
 using enum GestureType;
-using kit::InLanguage;
+using test::InLanguage;
 
 struct CatalogueRow {
     GestureType gesture;

@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-using kit::FakeUserDefaults;
+using test::FakeUserDefaults;
 using Writes = std::vector<FakeUserDefaults::Write>;
 
 constexpr const char* key = "appLanguage";
@@ -114,7 +114,7 @@ TEST(LangTest, KeepsTheCodeInMemoryWithoutAStore) {
 TEST(LangTest, SharedInstanceStoresItsCodeInTheConfiguredStore) {
     EXPECT_EQ(&Lang::shared(), &Lang::shared());
     {
-        const kit::InLanguage chinese("zh");
+        const test::InLanguage chinese("zh");
         EXPECT_EQ(sharedStore->string(key), "zh");
     }
     EXPECT_EQ(sharedStore->string(key), "en");

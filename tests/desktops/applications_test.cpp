@@ -7,10 +7,8 @@
 
 #include <gmock/gmock.h>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 namespace {
-
-using test::Leash;
 
 class ApplicationsTest : public DesktopTest {
 protected:
@@ -62,7 +60,7 @@ TEST_P(ApplicationsTest, LaunchedApplicationRunsAndComesForward) {
     const auto first = open("first");
     seen.expectFrontmost("first");
     std::optional<std::string> url;
-    ASSERT_TRUE(application::waitUntil([&] {
+    ASSERT_TRUE(waitUntil([&] {
         url = seen.port().urlForApplication("launched");
         return url.has_value();
     }));
@@ -89,13 +87,13 @@ TEST_P(ApplicationsTest, LaunchedApplicationReceivesAnActivationToken) {
     desktop->activate("first");
     seen.expectFrontmost("first");
     std::optional<std::string> url;
-    ASSERT_TRUE(application::waitUntil([&] {
+    ASSERT_TRUE(waitUntil([&] {
         url = seen.port().urlForApplication("launched");
         return url.has_value();
     }));
     seen.port().openApplication(*url);
     seen.expectFrontmost("launched");
-    const std::string given = test::contentOf(token);
+    const std::string given = contentOf(token);
     switch (GetParam().token) {
     case LaunchTokenKind::startupID:
         EXPECT_THAT(given, testing::MatchesRegex("glidemap-.*_TIME[1-9][0-9]*:\n"));
@@ -113,4 +111,4 @@ TEST_P(ApplicationsTest, LaunchedApplicationReceivesAnActivationToken) {
 INSTANTIATE_TEST_SUITE_P(On, ApplicationsTest, testing::ValuesIn(allDesktops()), nameOf);
 
 } // namespace
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -19,10 +19,8 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 namespace {
-
-using test::Leash;
 
 // Reads the title of the active window from a new backend.
 class ActiveTitle {
@@ -44,7 +42,7 @@ public:
     }
 
     bool becomes(const std::string& title) {
-        return application::waitUntil([&] { return listener.title() == title; });
+        return waitUntil([&] { return listener.title() == title; });
     }
 
 private:
@@ -93,7 +91,7 @@ protected:
 
     void launch(SeenWorkspace& seen, const std::string& application) const {
         std::optional<std::string> url;
-        ASSERT_TRUE(application::waitUntil([&] {
+        ASSERT_TRUE(waitUntil([&] {
             url = seen.port().urlForApplication(application);
             return url.has_value();
         }));
@@ -112,7 +110,7 @@ protected:
         const auto script = folder.script("end", "echo end >>" + starts().string() + "\n");
         install("end", script);
         launch(seen, "end");
-        EXPECT_TRUE(application::waitUntil([&] { return countOfStarts("end") == 1; }));
+        EXPECT_TRUE(waitUntil([&] { return countOfStarts("end") == 1; }));
         EXPECT_EQ(countOfStarts(application), count);
     }
 
@@ -240,7 +238,7 @@ TEST_P(BringForwardTest, ProgramInATerminalComesForward) {
     const auto other = open("other");
     seen.expectRunning({"other"});
     launch(seen, "inside");
-    ASSERT_TRUE(application::waitUntil([&] { return seen.running().size() == 2; }));
+    ASSERT_TRUE(waitUntil([&] { return seen.running().size() == 2; }));
     const auto running = seen.running();
     const std::string window = *running.begin() == "other" ? *running.rbegin() : *running.begin();
     seen.expectFrontmost(window);
@@ -279,4 +277,4 @@ TEST_P(BringForwardTest, SingleInstanceApplicationComesForwardWithoutASecondProc
 INSTANTIATE_TEST_SUITE_P(On, BringForwardTest, testing::ValuesIn(allDesktops()), nameOf);
 
 } // namespace
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -10,7 +10,7 @@
 
 #include <string>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class Desktop {
 public:
@@ -53,4 +53,4 @@ public:
     virtual bool showsStatusItem() const { return false; }
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

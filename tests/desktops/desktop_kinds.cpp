@@ -9,7 +9,7 @@
 #include <ostream>
 #include <utility>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -109,4 +109,4 @@ void PrintTo(const DesktopKind& kind, std::ostream* out) {
     *out << kind.name;
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

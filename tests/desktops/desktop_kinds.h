@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 // Whether a window that the user did not open gets the focus; GNOME Shell may refuse.
 enum class NewWindow { comesForward, mayStayBehind };
@@ -55,4 +55,4 @@ void PrintTo(const DesktopKind& kind, std::ostream* out);
 
 const std::vector<DesktopKind>& allDesktops();
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

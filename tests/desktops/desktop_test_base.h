@@ -15,7 +15,7 @@
 #include <optional>
 #include <string>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 // Returns only the variables that locate the desktop and its buses.
 inline std::map<std::string, std::string> sessionVariablesIn(const Environment& desktop) {
@@ -52,11 +52,11 @@ protected:
     }
 
     bool isOnBus(const char* name) const {
-        const application::Variant answer = application::call(
-            desktop->bus().connection(),
-            {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"},
-            "NameHasOwner", g_variant_new("(s)", name));
-        return g_variant_get_boolean(application::childOf(answer, 0).get()) != FALSE;
+        const OwnedVariant answer =
+            call(desktop->bus().connection(),
+                 {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"},
+                 "NameHasOwner", g_variant_new("(s)", name));
+        return g_variant_get_boolean(childOf(answer, 0).get()) != FALSE;
     }
 
     ApplicationFolder& folder = ApplicationFolder::instance();
@@ -68,4 +68,4 @@ inline std::string nameOf(const testing::TestParamInfo<DesktopKind>& kind) {
     return kind.param.name;
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

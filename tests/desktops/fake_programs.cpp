@@ -11,12 +11,12 @@ namespace fs = std::filesystem;
 
 // Starts a shell whose process name is `name`. The shell waits for the end of its standard input.
 void FakePrograms::start(const std::string& name, const std::vector<std::string>& arguments,
-                         const desktops::Environment& environment) {
+                         const Environment& environment) {
     const fs::path program = daemons.path() / name;
     fs::copy_file("/bin/sh", program, fs::copy_options::skip_existing);
     std::vector<std::string> words = {program.string(), "-c", "echo ready; read end"};
     words.insert(words.end(), arguments.begin(), arguments.end());
-    desktops::Program& started = running.emplace_back(desktops::Program::Command{
+    Program& started = running.emplace_back(Program::Command{
         .words = words, .environment = environment, .log = records.path() / "log"});
     EXPECT_EQ(started.nextLine(), "ready") << name;
 }

@@ -23,7 +23,7 @@ public:
 
     // Runs a program with these arguments and this environment until this object is destroyed.
     void start(const std::string& name, const std::vector<std::string>& arguments,
-               const desktops::Environment& environment);
+               const Environment& environment);
 
     // Installs a program that records its name and arguments, and then runs `text` in the shell.
     void install(const std::string& name, const std::string& text = "");
@@ -35,7 +35,7 @@ private:
     TemporaryFolder programs{"/tmp"};
     TemporaryFolder daemons{"/tmp"};
     TemporaryFolder records{"/tmp"};
-    std::list<desktops::Program> running;
+    std::list<Program> running;
 };
 
 } // namespace glidemap::test

@@ -17,7 +17,7 @@ void PrintTo(const WindowIdentity& window, std::ostream* out) {
 
 } // namespace glidemap
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 FakeWindowListener::FakeWindowListener(Word word)
     : asWord(word ? std::move(word) : [](const WindowIdentity& window) { return window.appID; }) {}
@@ -75,4 +75,4 @@ std::vector<WindowIdentity> FakeWindowListener::windows() {
     return current;
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -22,7 +22,7 @@ void PrintTo(const WindowIdentity& window, std::ostream* out);
 
 } // namespace glidemap
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class FakeWindowListener final : public WindowListener {
 public:
@@ -56,4 +56,4 @@ private:
     std::string lastActive;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -8,7 +8,7 @@
 
 #include <chrono>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -128,4 +128,4 @@ bool GnomeShell::isOverviewOpen() const {
     return open;
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

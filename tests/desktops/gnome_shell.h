@@ -12,7 +12,7 @@
 
 #include <optional>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class GnomeShell {
 public:
@@ -59,4 +59,4 @@ private:
     std::optional<Program> program;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -11,7 +11,7 @@ constexpr const char* installed = "/usr/bin/kwin_wayland";
 } // namespace
 
 bool KWin::isInstalled() {
-    return desktops::isInstalled("kwin_wayland");
+    return test::isInstalled("kwin_wayland");
 }
 
 KWin::KWin(Extent wanted) : extent(wanted), settings(plainEnvironment(folder.path())) {
@@ -45,4 +45,4 @@ void KWin::waitUntilReady() {
     EXPECT_EQ(program->nextLine(), "ready");
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -12,7 +12,7 @@
 
 #include <optional>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class KWin {
 public:
@@ -45,4 +45,4 @@ private:
     std::optional<Program> program;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

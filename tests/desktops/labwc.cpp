@@ -1,6 +1,6 @@
 #include "desktops/labwc.h"
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -26,4 +26,4 @@ Labwc::Labwc()
     folder.giveToTest();
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -8,7 +8,7 @@
 #include "desktops/program.h"
 #include "desktops/runtime_folder.h"
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class Labwc {
 public:
@@ -23,4 +23,4 @@ private:
     Program program;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -28,7 +28,7 @@ LaunchReports::~LaunchReports() {
 
 std::string LaunchReports::nextLine() {
     const int patience = static_cast<int>(
-        std::chrono::duration_cast<std::chrono::milliseconds>(desktops::patience).count());
+        std::chrono::duration_cast<std::chrono::milliseconds>(test::patience).count());
     for (;;) {
         if (const std::size_t end = read.find('\n'); end != std::string::npos) {
             const std::string line = read.substr(0, end);

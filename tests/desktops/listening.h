@@ -12,7 +12,7 @@
 #include <optional>
 #include <type_traits>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 template <typename Backend>
 class Listening {
@@ -51,4 +51,4 @@ private:
     std::optional<Backend> backend;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

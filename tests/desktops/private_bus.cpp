@@ -5,7 +5,7 @@
 
 #include <csignal>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -130,4 +130,4 @@ GVariant* PrivateBus::call(const std::string& name, const std::string& path,
     return answer;
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -14,7 +14,7 @@
 using GDBusConnection = struct _GDBusConnection;
 using GVariant = struct _GVariant;
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class PrivateBus {
 public:
@@ -51,4 +51,4 @@ private:
     GDBusConnection* _connection = nullptr;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

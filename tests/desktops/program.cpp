@@ -17,7 +17,7 @@
 #include <fstream>
 #include <sstream>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -203,4 +203,4 @@ void Program::fail(const std::string& what) const {
     ADD_FAILURE() << name << " " << what << "; its standard error:\n" << said.str();
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -6,6 +6,8 @@
 // Errors:  a program that cannot be started, or does not write its output in time, fails the test.
 #pragma once
 
+#include "kit/patience.h"
+
 #include <sys/types.h>
 
 #include <chrono>
@@ -15,10 +17,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::desktops {
-
-// The time limit for expected events. Only a failing test waits this long.
-constexpr std::chrono::seconds patience{120};
+namespace glidemap::test {
 
 using Environment = std::map<std::string, std::string>;
 
@@ -78,4 +77,4 @@ private:
 // Returns the user for programs with User::notRoot.
 uid_t plainUser();
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

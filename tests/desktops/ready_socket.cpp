@@ -13,7 +13,7 @@
 #include <string_view>
 #include <utility>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 ReadySocket::ReadySocket(std::filesystem::path at)
     : path(std::move(at)), descriptor(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
@@ -45,4 +45,4 @@ void ReadySocket::waitUntilReady() const {
     }
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -7,7 +7,7 @@
 
 #include <filesystem>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class ReadySocket {
 public:
@@ -23,4 +23,4 @@ private:
     int descriptor;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

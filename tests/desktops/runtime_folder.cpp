@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 RuntimeFolder::RuntimeFolder(std::optional<uid_t> owner) {
     if (owner) {
@@ -15,4 +15,4 @@ void RuntimeFolder::giveToTest() const {
     EXPECT_EQ(chown(path().c_str(), geteuid(), static_cast<gid_t>(-1)), 0);
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

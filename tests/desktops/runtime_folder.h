@@ -14,7 +14,7 @@
 #include <optional>
 #include <string>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class RuntimeFolder {
 public:
@@ -33,7 +33,7 @@ public:
 
 private:
     // The path must be short, because the length of socket names is limited.
-    test::TemporaryFolder folder{"/tmp"};
+    TemporaryFolder folder{"/tmp"};
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -1,6 +1,6 @@
 #include "desktops/scoped_environment.h"
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 ScopedEnvironment::ScopedEnvironment(const std::map<std::string, std::string>& values) {
     for (const auto& [name, value] : values) {
@@ -8,4 +8,4 @@ ScopedEnvironment::ScopedEnvironment(const std::map<std::string, std::string>& v
     }
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -11,7 +11,7 @@
 #include <map>
 #include <string>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class ScopedEnvironment {
 public:
@@ -19,7 +19,7 @@ public:
     explicit ScopedEnvironment(const std::map<std::string, std::string>& values);
 
 private:
-    std::list<test::InEnvironment> variables;
+    std::list<InEnvironment> variables;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -13,10 +13,8 @@
 #include <string>
 #include <string_view>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 namespace {
-
-using application::waitUntil;
 
 constexpr std::chrono::milliseconds longWait = patience;
 
@@ -55,7 +53,7 @@ protected:
     }
 
     DesktopThread thread;
-    kit::FakeMainQueue queue;
+    FakeMainQueue queue;
     bool refused = false;
 };
 
@@ -104,4 +102,4 @@ INSTANTIATE_TEST_SUITE_P(On, OverviewTest, testing::ValuesIn(allDesktops()), nam
 INSTANTIATE_TEST_SUITE_P(On, LockTest, testing::ValuesIn(allDesktops()), nameOf);
 
 } // namespace
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -16,7 +16,7 @@
 #include <source_location>
 #include <string>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class SeenWorkspace {
 public:
@@ -41,14 +41,14 @@ public:
     expectFrontmost(const std::string& application,
                     const std::source_location& caller = std::source_location::current()) const {
         const testing::ScopedTrace trace(caller.file_name(), static_cast<int>(caller.line()), "");
-        EXPECT_TRUE(application::waitUntil([&] { return frontmost() == application; }))
+        EXPECT_TRUE(waitUntil([&] { return frontmost() == application; }))
             << application << " is not frontmost, but " << frontmost();
     }
 
     void expectRunning(const Names& applications,
                        const std::source_location& caller = std::source_location::current()) const {
         const testing::ScopedTrace trace(caller.file_name(), static_cast<int>(caller.line()), "");
-        EXPECT_TRUE(application::waitUntil([&] { return running() == applications; }))
+        EXPECT_TRUE(waitUntil([&] { return running() == applications; }))
             << testing::PrintToString(running()) << " run, and not "
             << testing::PrintToString(applications);
     }
@@ -60,4 +60,4 @@ private:
     LinuxWorkspace workspace{thread, desktopBackends(thread), {}};
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

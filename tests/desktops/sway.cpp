@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -47,4 +47,4 @@ void Sway::command(const std::string& text) const {
     EXPECT_EQ(messenger.finish(), 0) << text;
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

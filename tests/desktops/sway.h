@@ -10,7 +10,7 @@
 
 #include <string>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class Sway {
 public:
@@ -30,4 +30,4 @@ private:
     Program program;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

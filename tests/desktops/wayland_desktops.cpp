@@ -16,22 +16,16 @@
 #include <fstream>
 #include <string_view>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
-
-using application::Callee;
-using application::childOf;
-using application::property;
-using application::textOf;
-using application::Variant;
 
 class WaylandDesktop : public Desktop {
 public:
     std::string windowProgram() const override { return GLIDEMAP_TEST_WINDOW; }
 };
 
-bool isTrue(const Variant& value) {
+bool isTrue(const OwnedVariant& value) {
     return value != nullptr && g_variant_is_of_type(value.get(), G_VARIANT_TYPE_BOOLEAN) != FALSE &&
            g_variant_get_boolean(value.get()) != FALSE;
 }
@@ -77,7 +71,7 @@ public:
     void showSecondWorkspace() override { compositor.command("workspace 2"); }
 
     bool showsStatusItem() const override {
-        const Variant items =
+        const OwnedVariant items =
             property(bus().connection(), watcher, "RegisteredStatusNotifierItems");
         return items != nullptr && g_variant_n_children(items.get()) > 0;
     }
@@ -144,7 +138,7 @@ private:
     // The shell lists a window before it shows the window. When it shows the window, it also
     // focuses the window, even if another window was activated in between.
     void waitUntilWindowsAreShown() const {
-        EXPECT_TRUE(application::waitUntil([this] {
+        EXPECT_TRUE(waitUntil([this] {
             return shell.evaluate("global.get_window_actors().every(actor => actor.visible || "
                                   "!actor.meta_window.showing_on_its_workspace() || "
                                   "!actor.meta_window.located_on_workspace("
@@ -191,7 +185,7 @@ public:
     }
 
     bool isOverviewOpen() const override {
-        const Variant effects =
+        const OwnedVariant effects =
             property(bus().connection(), {"org.kde.KWin", "/Effects", "org.kde.kwin.Effects"},
                      "activeEffects");
         for (std::size_t at = 0; effects && at < g_variant_n_children(effects.get()); ++at) {
@@ -211,10 +205,10 @@ public:
     }
 
     bool isLocked() const override {
-        const Variant answer = application::call(
-            bus().connection(),
-            {"org.freedesktop.ScreenSaver", "/ScreenSaver", "org.freedesktop.ScreenSaver"},
-            "GetActive");
+        const OwnedVariant answer =
+            call(bus().connection(),
+                 {"org.freedesktop.ScreenSaver", "/ScreenSaver", "org.freedesktop.ScreenSaver"},
+                 "GetActive");
         return answer != nullptr && isTrue(childOf(answer, 0));
     }
 
@@ -232,13 +226,12 @@ private:
         const std::filesystem::path file =
             std::filesystem::path(kwin.environment().at("XDG_RUNTIME_DIR")) / (name + ".js");
         std::ofstream(file) << "const isSix = workspace.windowList !== undefined;\n" << script;
-        const Variant loaded(bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
-                                        "loadScript",
-                                        g_variant_new("(ss)", file.c_str(), name.c_str())));
+        const OwnedVariant loaded(bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
+                                             "loadScript",
+                                             g_variant_new("(ss)", file.c_str(), name.c_str())));
         const std::string number = std::to_string(g_variant_get_int32(childOf(loaded, 0).get()));
         for (const std::string& path : {"/Scripting/Script" + number, "/" + number}) {
-            application::call(bus().connection(),
-                              {"org.kde.KWin", path.c_str(), "org.kde.kwin.Script"}, "run");
+            call(bus().connection(), {"org.kde.KWin", path.c_str(), "org.kde.kwin.Script"}, "run");
         }
     }
 
@@ -265,4 +258,4 @@ std::unique_ptr<Desktop> startLabwc() {
     return std::make_unique<WlrootsDesktop<Labwc>>();
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

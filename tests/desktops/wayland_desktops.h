@@ -8,11 +8,11 @@
 
 #include <memory>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 std::unique_ptr<Desktop> startGnomeShell();
 std::unique_ptr<Desktop> startKWin();
 std::unique_ptr<Desktop> startSway();
 std::unique_ptr<Desktop> startLabwc();
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

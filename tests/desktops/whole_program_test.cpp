@@ -7,7 +7,7 @@
 #include <csignal>
 #include <optional>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 namespace {
 
 constexpr const char* identifier = "org.glidemap.Glidemap";
@@ -24,13 +24,13 @@ public:
     }
 
 private:
-    const test::ServiceDescription watcher{
+    const ServiceDescription watcher{
         "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
         "<interface name='org.kde.StatusNotifierWatcher'>"
         "<method name='RegisterStatusNotifierItem'><arg type='s' direction='in'/></method>"
         "<property name='IsStatusNotifierHostRegistered' type='b' access='read'/></interface>"};
-    test::Journal journal;
-    std::optional<test::FakeService> bar;
+    Journal journal;
+    std::optional<FakeService> bar;
 };
 
 class ProgramTest : public DesktopTest {
@@ -55,16 +55,15 @@ protected:
     }
 
     bool waitForLog(const std::string& text) const {
-        return application::waitUntil(
-            [&] { return test::contentOf(logFile()).find(text) != std::string::npos; });
+        return waitUntil([&] { return contentOf(logFile()).find(text) != std::string::npos; });
     }
 
     void expectEnd(Program& glidemap) const {
         kill(glidemap.process(), SIGTERM);
-        EXPECT_EQ(glidemap.finish(), 0) << test::contentOf(logFile());
+        EXPECT_EQ(glidemap.finish(), 0) << contentOf(logFile());
     }
 
-    test::TemporaryFolder home{"/tmp"};
+    TemporaryFolder home{"/tmp"};
 };
 
 TEST_P(ProgramTest, SettingsWindowOpensInFront) {
@@ -88,7 +87,7 @@ TEST_P(ProgramTest, SecondLaunchExitsAndBringsTheWindowForward) {
     Program::Command again = command();
     again.environment["XDG_ACTIVATION_TOKEN"] = desktop->activationToken();
     Program second(again);
-    EXPECT_EQ(second.finish(), 0) << test::contentOf(logFile());
+    EXPECT_EQ(second.finish(), 0) << contentOf(logFile());
     seen.expectFrontmost(identifier);
     expectEnd(glidemap);
 }
@@ -110,7 +109,7 @@ TEST_P(ProgramTest, AlertAboutAMissingStatusBarDoesNotStealTheKeyboardFocus) {
     seen.expectFrontmost("other");
     logging.environment["XDG_ACTIVATION_TOKEN"] = desktop->activationToken();
     Program again(logging);
-    EXPECT_EQ(again.finish(), 0) << test::contentOf(logFile());
+    EXPECT_EQ(again.finish(), 0) << contentOf(logFile());
     EXPECT_TRUE(waitForLog("the alert is shown"));
     expectEnd(glidemap);
 }
@@ -119,7 +118,7 @@ TEST_P(ProgramTest, StatusItemAppearsIfTheDesktopHasAStatusBar) {
     EXPECT_FALSE(desktop->showsStatusItem());
     Program glidemap(command());
     if (GetParam().statusBar == StatusBar::shown) {
-        EXPECT_TRUE(application::waitUntil([&] { return desktop->showsStatusItem(); }));
+        EXPECT_TRUE(waitUntil([&] { return desktop->showsStatusItem(); }));
     } else {
         const SeenWorkspace seen;
         seen.expectFrontmost(identifier); // by now, the program has looked for a status bar
@@ -131,4 +130,4 @@ TEST_P(ProgramTest, StatusItemAppearsIfTheDesktopHasAStatusBar) {
 INSTANTIATE_TEST_SUITE_P(On, ProgramTest, testing::ValuesIn(allDesktops()), nameOf);
 
 } // namespace
-} // namespace glidemap::desktops
+} // namespace glidemap::test

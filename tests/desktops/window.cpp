@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 Window::Window(const Environment& desktop, const std::string& appID, const std::string& title)
     : program({.words = {GLIDEMAP_TEST_WINDOW, appID, title},
@@ -20,4 +20,4 @@ void Window::close() {
     EXPECT_EQ(program.finish(), 0);
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -9,7 +9,7 @@
 
 #include <string>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class Window {
 public:
@@ -28,4 +28,4 @@ private:
     Program program;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

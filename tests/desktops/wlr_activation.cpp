@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <string_view>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -100,4 +100,4 @@ void minimizeOnWlroots(const Environment& desktop, const std::string& appID) {
     });
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -8,10 +8,10 @@
 
 #include <string>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 void activateOnWlroots(const Environment& desktop, const std::string& appID);
 
 void minimizeOnWlroots(const Environment& desktop, const std::string& appID);
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -15,26 +15,16 @@
 #include <string_view>
 #include <vector>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
-using application::Callee;
-using application::childOf;
-using application::ManagedWindow;
-using application::property;
-using application::textOf;
-using application::Variant;
-using application::waitUntil;
-using application::XDisplay;
-
-bool isTrue(const Variant& value) {
+bool isTrue(const OwnedVariant& value) {
     return value != nullptr && g_variant_get_boolean(value.get()) != FALSE;
 }
 
 bool isActive(const PrivateBus& bus, const char* service, const char* path) {
-    const Variant answer =
-        application::call(bus.connection(), {service, path, service}, "GetActive");
+    const OwnedVariant answer = call(bus.connection(), {service, path, service}, "GetActive");
     return answer != nullptr && isTrue(childOf(answer, 0));
 }
 
@@ -130,11 +120,11 @@ public:
     // An empty panel has only a background and a line; an icon has smooth edges with many shades.
     bool showsStatusItem() const override {
         constexpr std::size_t minColours = 10;
-        return application::Picture(display, panel.area()).countOfColours() >= minColours;
+        return Picture(display, panel.area()).countOfColours() >= minColours;
     }
 
 private:
-    application::XfcePanel panel;
+    XfcePanel panel;
     Program desktop;
     std::optional<Program> screenSaver;
 };
@@ -160,7 +150,7 @@ public:
     bool showsStatusItem() const override { return display.hasEmbeddedWindow(); }
 
 private:
-    Variant overview() const {
+    OwnedVariant overview() const {
         return property(bus().connection(), {"org.Cinnamon", "/org/Cinnamon", "org.Cinnamon"},
                         "OverviewActive");
     }
@@ -193,4 +183,4 @@ std::unique_ptr<Desktop> startCinnamon() {
     return std::make_unique<CinnamonDesktop>();
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

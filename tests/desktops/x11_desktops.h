@@ -8,7 +8,7 @@
 
 #include <memory>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 std::unique_ptr<Desktop> startOpenbox();
 std::unique_ptr<Desktop> startXfce();
@@ -17,4 +17,4 @@ std::unique_ptr<Desktop> startCinnamon();
 // Returns the command in a D-Bus service file; empty if the file does not exist.
 std::string commandOfService(const std::string& name);
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -5,7 +5,7 @@
 
 #include <array>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -76,4 +76,4 @@ void XClient::describe(const std::string& instance, const std::string& name) {
     setNumbers("_NET_WM_PID", std::to_string(process()));
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

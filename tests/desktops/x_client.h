@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <string>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class XClient {
 public:
@@ -51,4 +51,4 @@ private:
     std::uint32_t identifier = 0;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -1,6 +1,6 @@
 #include "desktops/x_server.h"
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -40,4 +40,4 @@ void XServer::killWindowManager() {
     manager->kill();
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class XServer {
 public:
@@ -39,4 +39,4 @@ private:
     std::unique_ptr<Program> manager;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -15,7 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Post = kit::FakeKeyEventPoster::Post;
+using Post = test::FakeKeyEventPoster::Post;
 
 const Post lockShortcut = {{12, true, 0x140000}, {12, false, 0x140000}};
 
@@ -27,11 +27,11 @@ protected:
         EXPECT_EQ(workspace->opened.size(), openings);
     }
 
-    std::shared_ptr<kit::FakeWorkspace> workspace = std::make_shared<kit::FakeWorkspace>();
-    std::shared_ptr<kit::FakeKeyEventPoster> keyEvents =
-        std::make_shared<kit::FakeKeyEventPoster>();
-    std::shared_ptr<kit::FakeScreenLock> lock = std::make_shared<kit::FakeScreenLock>();
-    std::shared_ptr<kit::FakeUserSession> session = std::make_shared<kit::FakeUserSession>();
+    std::shared_ptr<test::FakeWorkspace> workspace = std::make_shared<test::FakeWorkspace>();
+    std::shared_ptr<test::FakeKeyEventPoster> keyEvents =
+        std::make_shared<test::FakeKeyEventPoster>();
+    std::shared_ptr<test::FakeScreenLock> lock = std::make_shared<test::FakeScreenLock>();
+    std::shared_ptr<test::FakeUserSession> session = std::make_shared<test::FakeUserSession>();
     std::unique_ptr<ActionRunner> runner = std::make_unique<ActionRunner>(ActionRunner::Ports{
         .workspace = workspace, .keyEvents = keyEvents, .screenLock = lock, .session = session});
 };

@@ -23,7 +23,7 @@ protected:
     }
 
     DispatchStage stage;
-    std::shared_ptr<kit::FakeClickTap> tap = std::make_shared<kit::FakeClickTap>();
+    std::shared_ptr<FakeClickTap> tap = std::make_shared<FakeClickTap>();
 };
 
 TEST_F(ClickDemandTest, NotifiesImmediatelyOfTheCurrentDemand) {

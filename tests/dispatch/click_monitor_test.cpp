@@ -38,7 +38,7 @@ protected:
     int fingerCount = 2;
     bool isConsumed = true;
     std::vector<GestureType> offered;
-    std::shared_ptr<kit::FakeClickTap> tap = std::make_shared<kit::FakeClickTap>();
+    std::shared_ptr<test::FakeClickTap> tap = std::make_shared<test::FakeClickTap>();
     std::unique_ptr<ClickMonitor> monitor =
         std::make_unique<ClickMonitor>(tap, [this] { return fingerCount; });
 };

@@ -59,9 +59,8 @@ inline GestureBinding disabled(GestureBinding binding) {
 
 class DispatchStage {
 public:
-    explicit DispatchStage(
-        BindingList bindings = {},
-        std::shared_ptr<kit::FakeUserDefaults> settings = std::make_shared<kit::FakeUserDefaults>())
+    explicit DispatchStage(BindingList bindings = {}, std::shared_ptr<FakeUserDefaults> settings =
+                                                          std::make_shared<FakeUserDefaults>())
         : store(std::make_shared<BindingStore>(std::move(bindings))),
           defaults(std::move(settings)) {
         auto runner = std::make_shared<ActionRunner>(ActionRunner::Ports{.workspace = workspace,
@@ -106,13 +105,12 @@ public:
     void bringEditorForward() { workspace->setFrontmost({editorID, editorName}); }
 
     std::shared_ptr<BindingStore> store;
-    std::shared_ptr<kit::FakeUserDefaults> defaults;
-    std::shared_ptr<kit::FakeMainQueue> mainQueue = std::make_shared<kit::FakeMainQueue>();
-    std::shared_ptr<kit::FakeWorkspace> workspace = std::make_shared<kit::FakeWorkspace>();
-    std::shared_ptr<kit::FakeKeyEventPoster> keyEvents =
-        std::make_shared<kit::FakeKeyEventPoster>();
-    std::shared_ptr<kit::FakeScreenLock> lock = std::make_shared<kit::FakeScreenLock>();
-    std::shared_ptr<kit::FakeUserSession> session = std::make_shared<kit::FakeUserSession>();
+    std::shared_ptr<FakeUserDefaults> defaults;
+    std::shared_ptr<FakeMainQueue> mainQueue = std::make_shared<FakeMainQueue>();
+    std::shared_ptr<FakeWorkspace> workspace = std::make_shared<FakeWorkspace>();
+    std::shared_ptr<FakeKeyEventPoster> keyEvents = std::make_shared<FakeKeyEventPoster>();
+    std::shared_ptr<FakeScreenLock> lock = std::make_shared<FakeScreenLock>();
+    std::shared_ptr<FakeUserSession> session = std::make_shared<FakeUserSession>();
     WallTime now{};
     TimelyQueue::Time uptime{};
     Lang lang{nullptr};

@@ -81,7 +81,7 @@ protected:
     }
 
     DispatchStage stage{bindings(0)};
-    std::shared_ptr<kit::FakeClickTap> tap = std::make_shared<kit::FakeClickTap>();
+    std::shared_ptr<FakeClickTap> tap = std::make_shared<FakeClickTap>();
     ClickMonitor monitor{tap, [] {
                              return 2;
                          }};

@@ -419,14 +419,14 @@ TEST(EventLogTest, NotifiesBeforeAndAfterEachEntryOnTheMainQueue) {
 
 TEST(MasterSwitchTest, IsOnIfNoBooleanIsStored) {
     EXPECT_TRUE(DispatchStage().dispatcher->masterEnabled());
-    const auto defaults = std::make_shared<kit::FakeUserDefaults>();
+    const auto defaults = std::make_shared<FakeUserDefaults>();
     defaults->stored["masterEnabled"] = "false"; // text instead of a boolean
     EXPECT_TRUE(DispatchStage({}, defaults).dispatcher->masterEnabled());
 }
 
 TEST(MasterSwitchTest, IsReadFromTheDefaultsAndWrittenOnlyOnAssignment) {
     for (const bool stored : {false, true}) {
-        const auto defaults = std::make_shared<kit::FakeUserDefaults>();
+        const auto defaults = std::make_shared<FakeUserDefaults>();
         defaults->storedBooleans["masterEnabled"] = stored;
         EXPECT_EQ(DispatchStage({}, defaults).dispatcher->masterEnabled(), stored);
         EXPECT_THAT(defaults->booleanWrites, IsEmpty());
@@ -435,7 +435,7 @@ TEST(MasterSwitchTest, IsReadFromTheDefaultsAndWrittenOnlyOnAssignment) {
 }
 
 TEST(MasterSwitchTest, OffStateSurvivesARestart) {
-    const auto defaults = std::make_shared<kit::FakeUserDefaults>();
+    const auto defaults = std::make_shared<FakeUserDefaults>();
     DispatchStage({}, defaults).dispatcher->setMasterEnabled(false);
     EXPECT_FALSE(DispatchStage({}, defaults).dispatcher->masterEnabled());
     DispatchStage({}, defaults).dispatcher->setMasterEnabled(true);

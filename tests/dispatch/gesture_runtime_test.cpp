@@ -17,7 +17,6 @@ namespace glidemap::test {
 namespace {
 
 using enum GestureType;
-using kit::fingers;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -42,10 +41,10 @@ protected:
         return gestures;
     }
 
-    kit::EngineStage pad;
+    EngineStage pad;
     DispatchStage stage;
-    std::shared_ptr<kit::FakeClickTap> tapPort = std::make_shared<kit::FakeClickTap>();
-    std::shared_ptr<kit::FakeUserSession> session = stage.session;
+    std::shared_ptr<FakeClickTap> tapPort = std::make_shared<FakeClickTap>();
+    std::shared_ptr<FakeUserSession> session = stage.session;
     std::optional<GestureRuntime> runtime{
         std::in_place,
         GestureRuntime::Parts{pad.engine, stage.store, stage.dispatcher, tapPort, session}};

@@ -16,7 +16,6 @@ namespace glidemap::test {
 namespace {
 
 using enum GestureType;
-using kit::fingers;
 using std::nullopt;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -26,7 +25,7 @@ class PadToActionTest : public testing::Test {
 protected:
     PadToActionTest() { runtime.start(); }
 
-    void perform(const kit::Script& script) {
+    void perform(const Script& script) {
         pad.play(script);
         pad.finish();
         stage.mainQueue->runAll();
@@ -47,9 +46,9 @@ protected:
         return verdicts;
     }
 
-    kit::EngineStage pad;
+    EngineStage pad;
     DispatchStage stage;
-    std::shared_ptr<kit::FakeClickTap> tap = std::make_shared<kit::FakeClickTap>();
+    std::shared_ptr<FakeClickTap> tap = std::make_shared<FakeClickTap>();
     GestureRuntime runtime{{pad.engine, stage.store, stage.dispatcher, tap}};
     std::vector<Verdict> swallowed = {Verdict::drop, Verdict::drop};
     std::vector<Verdict> untouched = {Verdict::pass, Verdict::pass};
@@ -64,7 +63,7 @@ TEST_F(PadToActionTest, BoundTapTypesItsShortcut) {
 
 TEST_F(PadToActionTest, SingleTapWaitsOnlyWhileItsDoubleTapIsBound) {
     stage.store->setBindings({typing(1, twoFingerTap), typing(2, twoFingerDoubleTap)});
-    const kit::Script taps = fingers(2).down().hold(0.1).up().wait(0.1).down().hold(0.1).up();
+    const Script taps = fingers(2).down().hold(0.1).up().wait(0.1).down().hold(0.1).up();
     perform(taps);
     EXPECT_THAT(stage.typed(), ElementsAre(2));
     stage.store->setBindings({typing(1, twoFingerTap)});

@@ -23,7 +23,7 @@ protected:
     }
 
     TimelyQueue::Time now{1h};
-    std::shared_ptr<kit::FakeMainQueue> mainQueue = std::make_shared<kit::FakeMainQueue>();
+    std::shared_ptr<FakeMainQueue> mainQueue = std::make_shared<FakeMainQueue>();
     TimelyQueue queue{mainQueue, [this] {
                           return now;
                       }};

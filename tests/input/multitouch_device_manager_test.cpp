@@ -258,7 +258,7 @@ TEST_F(MultitouchDeviceManagerTest, DriverReportsReachTheSink) {
     MultitouchDeviceManager manager(testDriver("complete"));
     const TestDriverLibrary driver(manager);
     manager.start();
-    const MTTouch records[] = {kit::record(4, 0.1, 0.1), kit::record(2, 0.2, 0.2)};
+    const MTTouch records[] = {test::record(4, 0.1, 0.1), test::record(2, 0.2, 0.2)};
     EXPECT_EQ(driver.report(records, 2, 12.5), 0);
     manager.stop();
     ASSERT_EQ(forwarded.size(), 1U);
@@ -271,7 +271,7 @@ TEST_F(MultitouchDeviceManagerTest, RecordsAreCopiedCompletely) {
     std::vector<MTTouch> kept;
     MultitouchDeviceManager::setFrameSink(
         [&](driver::Device, std::vector<MTTouch> records, double) { kept = std::move(records); });
-    std::vector<MTTouch> buffer = {kit::record(1, 0.25, 0.5), kit::record(2, 0.5, 0.75)};
+    std::vector<MTTouch> buffer = {test::record(1, 0.25, 0.5), test::record(2, 0.5, 0.75)};
     callBack(buffer.data(), 2);
     buffer.assign(2, MTTouch{});
     ASSERT_EQ(kept.size(), 2U);
@@ -281,7 +281,7 @@ TEST_F(MultitouchDeviceManagerTest, RecordsAreCopiedCompletely) {
 }
 
 TEST_F(MultitouchDeviceManagerTest, ReportWithoutRecordsIsForwardedAsEmpty) {
-    const MTTouch record = kit::record(1, 0, 0);
+    const MTTouch record = test::record(1, 0, 0);
     EXPECT_EQ(callBack(nullptr, 0, 1), 0);
     EXPECT_EQ(callBack(nullptr, 3, 2), 0);
     EXPECT_EQ(callBack(&record, 0, 3), 0);
@@ -297,11 +297,11 @@ TEST_F(MultitouchDeviceManagerTest, ReportWithoutRecordsIsForwardedAsEmpty) {
 }
 
 TEST_F(MultitouchDeviceManagerTest, ReportWithMoreThan65536RecordsIsDropped) {
-    const std::vector<MTTouch> most(65'536, kit::record(1, 0, 0));
+    const std::vector<MTTouch> most(65'536, test::record(1, 0, 0));
     callBack(most.data(), 65'536);
     ASSERT_EQ(forwarded.size(), 1U);
     EXPECT_EQ(forwarded[0].identifiers.size(), 65'536U);
-    const MTTouch record = kit::record(1, 0, 0);
+    const MTTouch record = test::record(1, 0, 0);
     EXPECT_EQ(callBack(&record, 65'537), 0);
     EXPECT_EQ(callBack(&record, std::numeric_limits<std::int32_t>::max()), 0);
     EXPECT_EQ(forwarded.size(), 1U);
@@ -309,7 +309,7 @@ TEST_F(MultitouchDeviceManagerTest, ReportWithMoreThan65536RecordsIsDropped) {
 
 TEST_F(MultitouchDeviceManagerTest, ReportsAreDroppedWithoutASink) {
     MultitouchDeviceManager::setFrameSink({});
-    const MTTouch record = kit::record(1, 0, 0);
+    const MTTouch record = test::record(1, 0, 0);
     EXPECT_EQ(callBack(&record, 1), 0);
     EXPECT_EQ(callBack(nullptr, 0), 0);
     EXPECT_EQ(forwarded, std::vector<Forwarded>());
@@ -323,7 +323,7 @@ TEST_F(MultitouchDeviceManagerTest, SinkMayBeReplacedDuringReports) {
     };
     MultitouchDeviceManager::setFrameSink(count);
     std::thread driver([&] {
-        const MTTouch record = kit::record(1, 0, 0);
+        const MTTouch record = test::record(1, 0, 0);
         while (!done) {
             callBack(&record, 1);
         }

@@ -17,17 +17,17 @@ TouchFrame frameOf(const std::vector<MTTouch>& records) {
 }
 
 MTTouch recordInState(std::int32_t state) {
-    return kit::record(7, 0.5, 0.25, static_cast<MTTouchState>(state));
+    return test::record(7, 0.5, 0.25, static_cast<MTTouchState>(state));
 }
 
 TEST(TouchFrameTest, FingerKeepsItsIdentifierAndItsPositionAsDouble) {
-    const TouchPoint point = touchPoint(kit::record(-12, 0.1, 0.9));
+    const TouchPoint point = touchPoint(test::record(-12, 0.1, 0.9));
     EXPECT_EQ(point, (TouchPoint{-12, static_cast<double>(0.1F), static_cast<double>(0.9F), true}));
     EXPECT_NE(point.x, 0.1); // 0.1F as a double is not 0.1
 }
 
 TEST(TouchFrameTest, PositionsAreNotClamped) {
-    const TouchPoint point = touchPoint(kit::record(1, -3, 42));
+    const TouchPoint point = touchPoint(test::record(1, -3, 42));
     EXPECT_EQ(point.x, -3);
     EXPECT_EQ(point.y, 42);
 }
@@ -47,9 +47,9 @@ TEST(TouchFrameTest, HoveringContactIsPresentButNotTouching) {
 }
 
 TEST(TouchFrameTest, TouchingFingersAreReturnedInReportOrderAndTheFrameIsUnchanged) {
-    const TouchFrame frame = frameOf({kit::record(3, 0.3, 0), recordInState(2),
-                                      kit::record(1, 0.1, 0, MTTouchState::makeTouch),
-                                      recordInState(7), kit::record(2, 0.2, 0)});
+    const TouchFrame frame = frameOf({test::record(3, 0.3, 0), recordInState(2),
+                                      test::record(1, 0.1, 0, MTTouchState::makeTouch),
+                                      recordInState(7), test::record(2, 0.2, 0)});
     std::vector<std::int32_t> ids;
     for (const TouchPoint& touch : frame.touching()) {
         ids.push_back(touch.id);
@@ -60,12 +60,12 @@ TEST(TouchFrameTest, TouchingFingersAreReturnedInReportOrderAndTheFrameIsUnchang
 }
 
 TEST(TouchFrameTest, RecordsWithTheSameIdentifierAreBothKept) {
-    const TouchFrame frame = frameOf({kit::record(7, 0.25, 0.5), kit::record(7, 0.75, 0.5)});
+    const TouchFrame frame = frameOf({test::record(7, 0.25, 0.5), test::record(7, 0.75, 0.5)});
     EXPECT_EQ(frame.touching(), (Touches{{7, 0.25, 0.5, true}, {7, 0.75, 0.5, true}}));
 }
 
 TEST(TouchFrameTest, OnlyTheDocumentedFieldsAreRead) {
-    MTTouch odd = kit::record(7, 0.5, 0.25); // every other field is NaN or negative
+    MTTouch odd = test::record(7, 0.5, 0.25); // every other field is NaN or negative
     MTTouch plain{};
     plain.identifier = 7;
     plain.state = 4;

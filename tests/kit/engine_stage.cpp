@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 EngineStage::EngineStage(std::vector<int> boundDoubleTaps) : manager({"/no/such/driver", {}}) {
     engine = TouchEngine::create({time.clock(), time.queue(), time.delayedWork(), &manager});
@@ -49,4 +49,4 @@ void report(std::vector<MTTouch> records, double timestamp) {
     std::ranges::fill(records, record(-7, -7, -7));
 }
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

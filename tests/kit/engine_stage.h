@@ -14,7 +14,7 @@
 #include <span>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class EngineStage {
 public:
@@ -46,4 +46,4 @@ public:
 void report(const TouchFrame& frame);
 void report(std::vector<MTTouch> records, double timestamp);
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

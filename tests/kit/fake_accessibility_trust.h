@@ -8,7 +8,7 @@
 #include <functional>
 #include <string>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeAccessibilityTrust : public AccessibilityTrust {
 public:
@@ -34,4 +34,4 @@ private:
     }
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeApplicationShell : public ApplicationShell {
 public:
@@ -37,4 +37,4 @@ private:
     }
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeClickTap : public ClickTap {
 public:
@@ -48,4 +48,4 @@ private:
     std::vector<std::string> notes;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeInputNodes : public InputNodes {
 public:
@@ -30,4 +30,4 @@ private:
     const Permissions& permissions;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

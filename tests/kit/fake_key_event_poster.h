@@ -17,7 +17,7 @@ inline void PrintTo(const KeyEvent& event, std::ostream* stream) {
             << std::hex << event.flags << std::dec;
 }
 
-namespace kit {
+namespace test {
 
 class FakeKeyEventPoster : public KeyEventPoster {
 public:
@@ -30,6 +30,6 @@ public:
     std::vector<Post> posts; // one entry per call
 };
 
-} // namespace kit
+} // namespace test
 
 } // namespace glidemap

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeLoginItemService : public LoginItemService {
 public:
@@ -36,4 +36,4 @@ private:
     }
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

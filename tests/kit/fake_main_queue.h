@@ -15,7 +15,7 @@
 #include <optional>
 #include <utility>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeMainQueue : public MainQueue {
 public:
@@ -85,4 +85,4 @@ private:
     std::deque<Task> tasks;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -8,7 +8,7 @@
 #include <functional>
 #include <utility>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeScreenLock : public ScreenLock {
 public:
@@ -28,4 +28,4 @@ public:
     std::function<void()> refuse; // the callback passed to the last lock()
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeStatusBar : public StatusBar {
 public:
@@ -27,4 +27,4 @@ private:
     Observable observers;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

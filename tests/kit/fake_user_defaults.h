@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeUserDefaults : public UserDefaults {
 public:
@@ -42,4 +42,4 @@ public:
     std::vector<Write> writes;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

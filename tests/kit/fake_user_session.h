@@ -7,7 +7,7 @@
 
 #include <atomic>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeUserSession : public UserSession {
 public:
@@ -35,4 +35,4 @@ private:
     std::atomic<bool> asleep = false;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class FakeWorkspace : public Workspace {
 public:
@@ -57,4 +57,4 @@ private:
     Snapshot<Application> frontmost;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

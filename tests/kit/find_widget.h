@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 // Throws if no widget with this name and type exists; the exception fails the test.
 template <class Widget = QWidget>
@@ -32,4 +32,4 @@ std::vector<Widget*> findAll(const QWidget& within) {
     return found;
 }
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 void Hand::require(bool condition, const char* what) const {
     if (!condition) {
@@ -138,4 +138,4 @@ void Hand::emitAt(double moment) {
     reported.push_back(std::move(frame));
 }
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -12,7 +12,7 @@
 #include <functional>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 struct Spot {
     double x = 0;
@@ -67,4 +67,4 @@ private:
     std::vector<TouchFrame> reported;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

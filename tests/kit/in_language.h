@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class InLanguage {
 public:
@@ -21,4 +21,4 @@ private:
     std::string before;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

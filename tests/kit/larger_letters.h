@@ -10,7 +10,7 @@
 #include <QFontInfo>
 #include <QtGlobal>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class LargerLetters {
 public:
@@ -27,4 +27,4 @@ private:
     const QFont usual;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -51,7 +51,7 @@ constexpr std::size_t ordinary = alignof(std::max_align_t);
 
 } // namespace
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 std::size_t liveMemory() {
     return liveBytes;
@@ -69,7 +69,7 @@ std::size_t allocationCount() {
     return allocations;
 }
 
-} // namespace glidemap::kit
+} // namespace glidemap::test
 
 // The array forms are replaced, too, because the sanitizers replace them with versions that do not
 // write the header.

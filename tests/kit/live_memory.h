@@ -9,7 +9,7 @@
 
 #include <cstddef>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 std::size_t liveMemory();
 
@@ -20,4 +20,4 @@ void resetPeakLiveMemory();
 // The number of allocations since the program started.
 std::size_t allocationCount();
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 namespace {
 
@@ -40,13 +40,14 @@ std::vector<ReportedGesture> performThroughEngine(std::span<const TouchFrame> fr
 
 } // namespace
 
-std::vector<ReportedGesture> perform(std::span<const TouchFrame> frames, const Stage& stage) {
+std::vector<ReportedGesture> perform(std::span<const TouchFrame> frames,
+                                     const PerformanceStage& stage) {
     return stage.through == Through::recognizer
                ? performThroughRecognizer(frames, stage.boundDoubleTaps)
                : performThroughEngine(frames, stage.boundDoubleTaps);
 }
 
-std::vector<ReportedGesture> perform(const Script& script, const Stage& stage) {
+std::vector<ReportedGesture> perform(const Script& script, const PerformanceStage& stage) {
     return perform(script.frames(), stage);
 }
 
@@ -72,4 +73,4 @@ std::string written(std::span<const GestureType> gestures) {
     return lines.empty() ? " nothing" : lines;
 }
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 struct ReportedGesture {
     double time = 0;
@@ -32,15 +32,16 @@ enum class Through {
     engine,     // records go to the contact callback, and the cooldown applies
 };
 
-struct Stage {
+struct PerformanceStage {
     Through through = Through::recognizer;
     std::vector<int> boundDoubleTaps = {}; // finger counts whose double tap has a binding
 };
 
 // Plays the frames, and runs delayed work when it is due, between and after the frames. Returns all
 // reported gestures in order.
-std::vector<ReportedGesture> perform(std::span<const TouchFrame> frames, const Stage& stage = {});
-std::vector<ReportedGesture> perform(const Script& script, const Stage& stage = {});
+std::vector<ReportedGesture> perform(std::span<const TouchFrame> frames,
+                                     const PerformanceStage& stage = {});
+std::vector<ReportedGesture> perform(const Script& script, const PerformanceStage& stage = {});
 
 std::vector<GestureType> gesturesOf(std::span<const ReportedGesture> reported);
 
@@ -48,4 +49,4 @@ std::vector<GestureType> gesturesOf(std::span<const ReportedGesture> reported);
 std::string written(std::span<const ReportedGesture> reported);
 std::string written(std::span<const GestureType> gestures);
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 MTTouch record(std::int32_t identifier, double x, double y, MTTouchState state) {
     constexpr float nan = std::numeric_limits<float>::quiet_NaN();
@@ -35,4 +35,4 @@ std::vector<MTTouch> recordsOf(const TouchFrame& frame) {
     return records;
 }
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

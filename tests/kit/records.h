@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 // Fills the fields that the program must not read with conspicuous values.
 MTTouch record(std::int32_t identifier, double x, double y,
@@ -15,4 +15,4 @@ MTTouch record(std::int32_t identifier, double x, double y,
 
 std::vector<MTTouch> recordsOf(const TouchFrame& frame);
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -13,7 +13,7 @@
 #include <map>
 #include <string>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class RepaintCount : public QObject {
 public:
@@ -56,4 +56,4 @@ private:
     }
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -4,11 +4,12 @@
 
 #include <algorithm>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 namespace {
 
-std::vector<GestureType> expectedIn(const Variant& variant, std::vector<GestureType> gestures) {
+std::vector<GestureType> expectedIn(const PerformanceVariant& variant,
+                                    std::vector<GestureType> gestures) {
     if (variant.expect) {
         std::ranges::transform(gestures, gestures.begin(), variant.expect);
     }
@@ -17,7 +18,7 @@ std::vector<GestureType> expectedIn(const Variant& variant, std::vector<GestureT
 
 } // namespace
 
-std::string mismatch(const Row& row, const Variant& variant) {
+std::string mismatch(const Row& row, const PerformanceVariant& variant) {
     auto frames = row.script.frames(variant.framesPerSecond);
     if (variant.change) {
         variant.change(frames);
@@ -39,14 +40,14 @@ void expectRows(std::span<const Row> rows) {
 
 void expectRowsInEveryVariant(std::span<const Row> rows) {
     for (const Row& row : rows) {
-        for (const Variant& variant : allVariants()) {
+        for (const PerformanceVariant& variant : allVariants()) {
             EXPECT_EQ(mismatch(row, variant), "");
         }
     }
 }
 
 void expectReportedGestures(const Script& script, const std::vector<ReportedGesture>& expected,
-                            const Stage& stage) {
+                            const PerformanceStage& stage) {
     const auto reported = perform(script, stage);
     if (reported != expected) {
         ADD_FAILURE() << "script:   " << script.text() << "\n  expected:" << written(expected)
@@ -54,4 +55,4 @@ void expectReportedGestures(const Script& script, const std::vector<ReportedGest
     }
 }
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 struct Row {
     std::string fact;
@@ -29,10 +29,10 @@ void expectRowsInEveryVariant(std::span<const Row> rows);
 
 // Like expectRows(), but also compares the times.
 void expectReportedGestures(const Script& script, const std::vector<ReportedGesture>& expected,
-                            const Stage& stage = {});
+                            const PerformanceStage& stage = {});
 
 // Returns an error message for the row, or an empty text if the variant reported the expected
 // gestures.
-std::string mismatch(const Row& row, const Variant& variant);
+std::string mismatch(const Row& row, const PerformanceVariant& variant);
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

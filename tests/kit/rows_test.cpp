@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 namespace {
 
 using enum GestureType;
@@ -11,7 +11,7 @@ const auto tap = fingers(2).down().hold(0.1).up();
 
 TEST(RowsTest, RowWithTheExpectedGesturesHasNoError) {
     const Row row = {"a tap", tap, {twoFingerTap}};
-    for (const Variant& variant : allVariants()) {
+    for (const PerformanceVariant& variant : allVariants()) {
         EXPECT_EQ(mismatch(row, variant), "");
     }
 }
@@ -35,7 +35,7 @@ TEST(RowsTest, MissingGestureIsAnError) {
 }
 
 TEST(RowsTest, DelayedWorkRunsBetweenFramesAndAfterTheLastFrame) {
-    const Stage bound = {Through::recognizer, {2}};
+    const PerformanceStage bound = {Through::recognizer, {2}};
     expectReportedGestures(tap, {{0.1 + 0.45, twoFingerTap}}, bound);
     expectReportedGestures(tap.wait(0.5).then(fingers(3).down().hold(0.1).up()),
                            {{0.1 + 0.45, twoFingerTap}, {0.1 + 0.5 + 0.1, threeFingerTap}}, bound);
@@ -48,4 +48,4 @@ TEST(RowsTest, EngineDropsGesturesWithinTheCooldown) {
 }
 
 } // namespace
-} // namespace glidemap::kit
+} // namespace glidemap::test

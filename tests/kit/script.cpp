@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 namespace {
 
@@ -221,4 +221,4 @@ double justAbove(double limit) {
     return std::nextafter(limit, std::numeric_limits<double>::infinity());
 }
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

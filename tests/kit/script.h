@@ -34,7 +34,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 class Script {
 public:
@@ -102,4 +102,4 @@ std::string written(double number);
 double justBelow(double limit);
 double justAbove(double limit);
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 namespace {
 
 using Touches = std::vector<TouchPoint>;
@@ -140,4 +140,4 @@ TEST(ScriptTest, ImpossibleVerbsThrowImmediately) {
 }
 
 } // namespace
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <QWindow>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 namespace {
 
@@ -39,4 +39,4 @@ void Typist::send(const Key& key, bool down, bool isRepetition) {
     QCoreApplication::sendEvent(window.windowHandle(), &stroke);
 }
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

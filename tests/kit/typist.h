@@ -13,7 +13,7 @@
 
 class QWidget;
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 // A key and its meaning to programs.
 struct Key {
@@ -41,4 +41,4 @@ private:
     QWidget& window;
 };
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <utility>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
 namespace {
 
@@ -45,9 +45,9 @@ double between(std::mt19937& random, double low, double high) {
     return low + (high - low) * (static_cast<double>(random()) / 4294967295.0);
 }
 
-std::vector<Variant> makeVariants() {
+std::vector<PerformanceVariant> makeVariants() {
     constexpr double handJitter = 0.001;
-    std::vector<Variant> variants = {{"as written"}};
+    std::vector<PerformanceVariant> variants = {{"as written"}};
     for (const double rate : {60, 90, 250}) {
         variants.push_back({written(rate) + " Hz", rate});
     }
@@ -70,8 +70,8 @@ std::vector<Variant> makeVariants() {
 
 } // namespace
 
-const std::vector<Variant>& allVariants() {
-    static const std::vector<Variant> variants = makeVariants();
+const std::vector<PerformanceVariant>& allVariants() {
+    static const std::vector<PerformanceVariant> variants = makeVariants();
     return variants;
 }
 
@@ -137,4 +137,4 @@ void mirrorUpDown(std::vector<TouchFrame>& frames) {
     }
 }
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

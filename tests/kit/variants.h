@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 
-struct Variant {
+struct PerformanceVariant {
     std::string name;
     double framesPerSecond = Script::usualRate;
     std::function<void(std::vector<TouchFrame>&)> change = {}; // modifies the rendered frames
@@ -25,7 +25,7 @@ struct Variant {
 };
 
 // Returns all variants; the first one is the performance as written.
-const std::vector<Variant>& allVariants();
+const std::vector<PerformanceVariant>& allVariants();
 
 // These functions return the gesture that results from mirroring `gesture`.
 GestureType mirroredSideways(GestureType gesture);
@@ -37,4 +37,4 @@ void shuffleContacts(std::vector<TouchFrame>& frames, unsigned seed);
 void mirrorSideways(std::vector<TouchFrame>& frames);
 void mirrorUpDown(std::vector<TouchFrame>& frames);
 
-} // namespace glidemap::kit
+} // namespace glidemap::test

@@ -8,7 +8,7 @@
 #include <map>
 #include <set>
 
-namespace glidemap::kit {
+namespace glidemap::test {
 namespace {
 
 using enum GestureType;
@@ -107,4 +107,4 @@ TEST(VariantsTest, MirroringMovesAFrameToTheOppositeSide) {
 }
 
 } // namespace
-} // namespace glidemap::kit
+} // namespace glidemap::test

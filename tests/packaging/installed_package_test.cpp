@@ -20,7 +20,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -203,4 +203,4 @@ TEST(InstalledPackage, PurgeRevokesManuallyGrantedAccess) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

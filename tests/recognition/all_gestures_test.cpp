@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-using namespace kit;
+using namespace test;
 using enum GestureType;
 
 Script tapOf(int count) {

@@ -17,9 +17,9 @@ namespace glidemap {
 namespace {
 
 using enum GestureType;
-using kit::justAbove;
-using kit::justBelow;
 using std::numbers::pi;
+using test::justAbove;
+using test::justBelow;
 using Path = std::vector<PadPoint>;
 
 constexpr double second = 1;

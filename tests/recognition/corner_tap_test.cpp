@@ -11,8 +11,8 @@ namespace glidemap {
 namespace {
 
 using enum GestureType;
-using kit::justAbove;
-using kit::justBelow;
+using test::justAbove;
+using test::justBelow;
 
 constexpr double high = 1 - 0.18;
 static_assert(high == 0.8200000000000001);

@@ -20,7 +20,7 @@
 namespace glidemap {
 namespace {
 
-using namespace kit;
+using namespace test;
 using enum GestureType;
 
 // A queue that sleeps whenever possible: it runs deferred tasks together with the next submitted

@@ -13,9 +13,9 @@ namespace glidemap {
 namespace {
 
 using enum GestureType;
-using kit::justAbove;
-using kit::justBelow;
 using std::numbers::pi;
+using test::justAbove;
+using test::justBelow;
 
 // One finger stays at the origin, so the distance between the fingers is that of the other finger
 // from the origin.

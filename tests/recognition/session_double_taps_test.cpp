@@ -7,10 +7,10 @@
 namespace glidemap {
 namespace {
 
-using namespace kit;
+using namespace test;
 using enum GestureType;
 
-const Stage bound = {Through::recognizer, {2, 3, 4}};
+const PerformanceStage bound = {Through::recognizer, {2, 3, 4}};
 
 Script tapOf(int count) {
     return fingers(count).down().hold(0.1).up();

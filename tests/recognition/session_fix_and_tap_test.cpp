@@ -5,7 +5,7 @@
 namespace glidemap {
 namespace {
 
-using namespace kit;
+using namespace test;
 using enum GestureType;
 
 // Returns a script in which a finger lands at `start` and stays down.

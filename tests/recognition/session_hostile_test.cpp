@@ -15,7 +15,7 @@
 namespace glidemap {
 namespace {
 
-using namespace kit;
+using namespace test;
 using enum GestureType;
 using Gestures = std::vector<GestureType>;
 

@@ -7,7 +7,7 @@
 namespace glidemap {
 namespace {
 
-using namespace kit;
+using namespace test;
 using enum GestureType;
 
 TEST(SessionLongPressTest, RestingFingersMakeALongPress) {

@@ -8,7 +8,7 @@
 namespace glidemap {
 namespace {
 
-using namespace kit;
+using namespace test;
 using enum GestureType;
 using std::numbers::pi;
 

@@ -5,7 +5,7 @@
 namespace glidemap {
 namespace {
 
-using namespace kit;
+using namespace test;
 using enum GestureType;
 
 TEST(SessionTapsTest, FingersThatLandAndLiftTogetherMakeATap) {

@@ -5,7 +5,7 @@
 namespace glidemap {
 namespace {
 
-using namespace kit;
+using namespace test;
 using enum GestureType;
 using Frames = std::vector<TouchFrame>;
 using Gestures = std::vector<GestureType>;

@@ -11,8 +11,8 @@ namespace glidemap {
 namespace {
 
 using enum GestureType;
-using kit::justAbove;
-using kit::justBelow;
+using test::justAbove;
+using test::justBelow;
 using Tracks = std::vector<Track>;
 
 constexpr double quick = 0.3;

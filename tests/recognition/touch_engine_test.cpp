@@ -11,7 +11,7 @@
 namespace glidemap {
 namespace {
 
-using namespace kit;
+using namespace test;
 using enum GestureType;
 using ReportedGestures = std::vector<ReportedGesture>;
 

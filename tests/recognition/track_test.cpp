@@ -6,8 +6,8 @@
 namespace glidemap {
 namespace {
 
-using kit::justAbove;
-using kit::justBelow;
+using test::justAbove;
+using test::justBelow;
 using Path = std::vector<PadPoint>;
 
 Track trackFrom(PadPoint place) {

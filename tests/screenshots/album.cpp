@@ -7,7 +7,7 @@
 #include <iostream>
 #include <utility>
 
-namespace glidemap::screenshots {
+namespace glidemap::test {
 
 namespace {
 
@@ -41,7 +41,7 @@ std::string anchorOf(const std::string& group) {
     return QString::fromStdString(group).toLower().replace(' ', '-').toStdString();
 }
 
-std::string inWords(const Variant& variant) {
+std::string inWords(const PictureVariant& variant) {
     return std::string(variant.language == "zh" ? "Chinese" : "English") + ", " +
            (variant.scheme == ColorScheme::light ? "light" : "dark");
 }
@@ -51,7 +51,7 @@ std::string inWords(const Variant& variant) {
 Album::Album(std::filesystem::path where, double pixelsForAPoint)
     : folder(std::move(where)), ending(pixelsForAPoint > 1 ? scale2Suffix : ".png") {}
 
-void Album::add(const Scene& scene, const Variant& variant) {
+void Album::add(const Scene& scene, const PictureVariant& variant) {
     const std::string path = anchorOf(scene.group) + "/" + scene.name + "-" + variant.suffix();
     const QImage picture = scene.paint();
     keep(picture, path);
@@ -122,4 +122,4 @@ void Album::writePage() {
     }
 }
 
-} // namespace glidemap::screenshots
+} // namespace glidemap::test

@@ -13,14 +13,14 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::screenshots {
+namespace glidemap::test {
 
 class Album {
 public:
     // File names include the scale if it is above 1.
     Album(std::filesystem::path folder, double pixelsForAPoint);
 
-    void add(const Scene& scene, const Variant& variant);
+    void add(const Scene& scene, const PictureVariant& variant);
 
     // Writes the page, which shows each picture at scales 1 and 2.
     void writePage();
@@ -47,4 +47,4 @@ private:
     int failed = 0;
 };
 
-} // namespace glidemap::screenshots
+} // namespace glidemap::test

@@ -14,7 +14,7 @@
 #include <array>
 #include <vector>
 
-namespace glidemap::screenshots {
+namespace glidemap::test {
 
 namespace {
 
@@ -153,4 +153,4 @@ std::vector<Scene> drawingScenes() {
     };
 }
 
-} // namespace glidemap::screenshots
+} // namespace glidemap::test

@@ -14,12 +14,9 @@
 #include <optional>
 #include <string>
 
-namespace glidemap::screenshots {
+namespace glidemap::test {
 
 namespace {
-
-using test::bound;
-using test::SettingsStage;
 
 using Arrangement = std::function<void(SettingsStage&)>;
 
@@ -170,7 +167,7 @@ void warnOfClick(SettingsStage& stage) {
 QImage pictureOfSystemGesture() {
     SettingsStage stage(BindingList{bound(GestureType::fourFingerSwipeUp, LockScreen{})});
     giveApplications(stage);
-    stage.notes = std::make_shared<test::FakeNotes>();
+    stage.notes = std::make_shared<FakeNotes>();
     stage.notes->swipe =
         "KDE Plasma opens a desktop effect with this swipe: Overview, Desktop Grid "
         "or Present Windows. Effects are turned off in System Settings → Desktop "
@@ -209,7 +206,7 @@ std::vector<Scene> editorScenes() {
         editor("new", "A new binding", leaveIt, {}, true),
         {"Binding editor", "new-large", "A new binding in large letters",
          [] {
-             const kit::LargerLetters letters(1.5);
+             const LargerLetters letters(1.5);
              return pictureOfEditor(leaveIt);
          }},
         editor("shortcut", "A shortcut in one application", leaveIt, shortcutInFirefox()),
@@ -240,4 +237,4 @@ std::vector<Scene> editorScenes() {
     };
 }
 
-} // namespace glidemap::screenshots
+} // namespace glidemap::test

@@ -25,11 +25,11 @@
 namespace {
 
 using namespace glidemap;
-using namespace glidemap::screenshots;
+using namespace glidemap::test;
 
 constexpr const char* scaleVariable = "QT_SCALE_FACTOR";
 
-std::vector<Variant> variants(bool brief) {
+std::vector<PictureVariant> variants(bool brief) {
     if (brief) {
         return {{"en", ColorScheme::light}, {"zh", ColorScheme::dark}};
     }
@@ -88,7 +88,7 @@ void settleAppearance(QApplication& application) {
 
 void photographAll(Album& album, const Choice& choice) {
     for (const Scene& scene : scenes(choice)) {
-        for (const Variant& variant : variants(choice.brief)) {
+        for (const PictureVariant& variant : variants(choice.brief)) {
             Lang::shared().setCode(variant.language);
             Theme::shared().pin(variant.scheme);
             album.add(scene, variant);

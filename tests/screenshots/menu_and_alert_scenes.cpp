@@ -8,11 +8,9 @@
 
 #include <QMenu>
 
-namespace glidemap::screenshots {
+namespace glidemap::test {
 
 namespace {
-
-using test::SettingsStage;
 
 struct MenuState {
     std::string published = "1.0.0";
@@ -21,7 +19,7 @@ struct MenuState {
 };
 
 QImage pictureOfMenu(const MenuState& state) {
-    test::DelegateStage stage;
+    DelegateStage stage;
     stage.lang.setCode(Lang::shared().code());
     stage.runningVersion = "1.0.0";
     stage.delegate = AppDelegate::create(stage.ports());
@@ -91,4 +89,4 @@ std::vector<Scene> menuAndAlertScenes() {
     };
 }
 
-} // namespace glidemap::screenshots
+} // namespace glidemap::test

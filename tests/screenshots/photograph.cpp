@@ -8,7 +8,7 @@
 #include <QWidget>
 #include <algorithm>
 
-namespace glidemap::screenshots {
+namespace glidemap::test {
 
 namespace {
 
@@ -99,4 +99,4 @@ bool isBlank(const QImage& picture) {
     return different < qsizetype{pixels.width()} * pixels.height() / minShareDivisor;
 }
 
-} // namespace glidemap::screenshots
+} // namespace glidemap::test

@@ -11,7 +11,7 @@
 
 class QWidget;
 
-namespace glidemap::screenshots {
+namespace glidemap::test {
 
 // Returns an empty picture of this size in points.
 QImage canvas(const QSize& points);
@@ -30,4 +30,4 @@ QImage photographWithAllAbove(QWidget& window);
 // Whether all pixels of the picture, or almost all, have the same colour.
 bool isBlank(const QImage& picture);
 
-} // namespace glidemap::screenshots
+} // namespace glidemap::test

@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::screenshots {
+namespace glidemap::test {
 
-struct Variant {
+struct PictureVariant {
     std::string language; // "en" or "zh"
     ColorScheme scheme = ColorScheme::light;
 
@@ -36,4 +36,4 @@ std::vector<Scene> editorScenes();
 std::vector<Scene> menuAndAlertScenes();
 std::vector<Scene> drawingScenes(); // demonstrations, symbols and icons
 
-} // namespace glidemap::screenshots
+} // namespace glidemap::test

@@ -9,13 +9,9 @@
 #include <QHoverEvent>
 #include <QTest>
 
-namespace glidemap::screenshots {
+namespace glidemap::test {
 
 namespace {
-
-using test::bound;
-using test::manyBindings;
-using test::SettingsStage;
 
 using Arrangement = std::function<void(SettingsStage&)>;
 
@@ -103,7 +99,7 @@ void refuseLogin(SettingsStage& stage) {
 }
 
 void removeHelper(SettingsStage& stage) {
-    stage.helper->become(test::FakeDesktopHelper::State::missing);
+    stage.helper->become(FakeDesktopHelper::State::missing);
 }
 
 void publish(SettingsStage& stage) {
@@ -174,7 +170,7 @@ QImage pictureOfLanguages() {
 // Shows the note for a system without a password dialog.
 void failToAsk(SettingsStage& stage) {
     revokeTrust(stage);
-    stage.notes = std::make_shared<test::FakeNotes>();
+    stage.notes = std::make_shared<FakeNotes>();
     stage.notes->missing =
         isChinese() ? "Glidemap 没有访问触控板和虚拟键盘的权限。\n权限请求失败或被拒绝。"
                       "请在终端中运行：sudo /usr/libexec/glidemap/glidemap-grant-access"
@@ -232,17 +228,17 @@ std::vector<Scene> windowScenes() {
         settings("languages", "The languages", pictureOfLanguages),
         settings("languages-large", "The languages, with a large font",
                  [] {
-                     const kit::LargerLetters letters(largeLetters);
+                     const LargerLetters letters(largeLetters);
                      return pictureOfLanguages();
                  }),
         settings("usual-large", "A few bindings in large letters",
                  [] {
-                     const kit::LargerLetters letters(largeLetters);
+                     const LargerLetters letters(largeLetters);
                      return picture(usualBindings(), circleBound);
                  }),
         settings("smallest-large", "As small as it gets, in large letters",
                  [] {
-                     const kit::LargerLetters letters(largeLetters);
+                     const LargerLetters letters(largeLetters);
                      return picture(longBindings(), longFooter, SettingsWindow::minimumContentSize);
                  }),
         settings("deleted", "A deleted binding, which can be restored",
@@ -296,4 +292,4 @@ std::vector<Scene> settingsScenes() {
     return scenes;
 }
 
-} // namespace glidemap::screenshots
+} // namespace glidemap::test

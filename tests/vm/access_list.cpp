@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <cstring>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -42,4 +42,4 @@ void withdraw(const std::filesystem::path& node) {
     EXPECT_EQ(removexattr(node.c_str(), attribute), 0) << std::strerror(errno);
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

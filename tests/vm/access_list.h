@@ -9,9 +9,9 @@
 
 #include <filesystem>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 void allow(const std::filesystem::path& node, uid_t user);
 void withdraw(const std::filesystem::path& node);
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

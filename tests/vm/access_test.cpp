@@ -25,7 +25,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -343,4 +343,4 @@ TEST_F(GrantAccessTest, FailsIfTheRulesFileIsAFolder) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 std::string bindingJson(const std::string& gesture, const std::string& action,
                         const std::string& scope) {
@@ -77,4 +77,4 @@ Agent::Agent(Process::User user, Asks asks) {
     EXPECT_TRUE(process->waitForOutput("ready")) << process->errors();
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

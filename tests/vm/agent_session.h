@@ -15,7 +15,7 @@
 #include <optional>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 // Formats one binding as in the bindings file. `action` and `scope` are JSON.
 std::string bindingJson(const std::string& gesture, const std::string& action,
@@ -78,4 +78,4 @@ private:
     std::unique_ptr<Process> process;
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

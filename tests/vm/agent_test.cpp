@@ -27,10 +27,9 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
-using test::InEnvironment;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::HasSubstr;
@@ -386,4 +385,4 @@ TEST_F(AgentTest, DefaultBindingsWorkOnAFullDisk) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -9,7 +9,7 @@
 #include <ostream>
 #include <utility>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 std::ostream& operator<<(std::ostream& output, const AskedClick& click) {
     return output << "event " << click.event << ", button " << click.button << ", " << click.fingers
@@ -94,4 +94,4 @@ std::vector<AskedClick> ClickFilterSession::waitForAsked(std::size_t count) cons
     return clicks;
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 struct AskedClick {
     std::int32_t event = 0;
@@ -70,4 +70,4 @@ private:
     std::vector<std::int32_t> swallowed; // the buttons whose release must be dropped
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -9,7 +9,7 @@
 #include <csignal>
 #include <iostream>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 constexpr const char* holding = "holds the touchpad";
@@ -48,4 +48,4 @@ TEST(CloneEndTest, KillingTheProgramDuringATouchUngrabsTheTouchpad) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -16,7 +16,7 @@
 #include <ostream>
 #include <utility>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 const char* const recordings[] = {
@@ -223,4 +223,4 @@ INSTANTIATE_TEST_SUITE_P(Recordings, CloneMotionTest, testing::ValuesIn(recordin
                          [](const auto& instance) { return testName(instance.param); });
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

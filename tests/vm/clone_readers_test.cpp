@@ -20,7 +20,7 @@
 #include <filesystem>
 #include <memory>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 class CloneReadersTest : public testing::Test {
@@ -123,4 +123,4 @@ TEST_F(UnwatchedCloneTest, TouchpadWithAMissedReaderKeepsWorkingAndIsGrabbedOnAR
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 using testing::ElementsAre;
@@ -196,4 +196,4 @@ TEST(ClonePalmTest, CloneForwardsTheTouchpadsPalmsAroundADroppedPress) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -22,7 +22,7 @@
 #include <map>
 #include <memory>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 constexpr std::int32_t down = driver::clickFilterButtonDown;
@@ -488,4 +488,4 @@ TEST(CloneTest, DriverSleepsWhileItForwardsAnUntouchedTouchpad) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -11,7 +11,7 @@
 
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 using testing::ElementsAre;
@@ -177,4 +177,4 @@ TEST(ContactsTest, ReportsAnErrorWithoutATouchpad) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <chrono>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 class Deadline {
 public:
@@ -28,4 +28,4 @@ private:
     Clock::time_point end;
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

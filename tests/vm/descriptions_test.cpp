@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 struct Row {
@@ -142,4 +142,4 @@ TEST(DescriptionsTest, EachTouchpadDescriptionHasATestRow) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

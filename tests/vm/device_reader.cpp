@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -93,4 +93,4 @@ bool DeviceReader::isGrabbedByAnother() const {
     return false;
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

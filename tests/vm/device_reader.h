@@ -13,7 +13,7 @@
 #include <functional>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 class DeviceReader {
 public:
@@ -47,4 +47,4 @@ private:
     std::vector<PadEvent> seen;
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

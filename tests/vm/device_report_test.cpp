@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 using testing::AllOf;
@@ -91,4 +91,4 @@ TEST(DeviceReportTest, ListsTheCloneOfAGrabbedTouchpad) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -14,7 +14,7 @@
 #include <ostream>
 #include <utility>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -210,4 +210,4 @@ bool DriverSession::releaseReports() {
     return waitUntilAsleep();
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

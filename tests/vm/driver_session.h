@@ -22,7 +22,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 struct SeenContact {
     std::int32_t identifier = 0;
@@ -128,4 +128,4 @@ private:
     bool hold = false;
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -16,7 +16,7 @@
 #include <ostream>
 #include <utility>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 EventReader::EventReader(const std::filesystem::path& node)
     : file(::open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {
@@ -109,4 +109,4 @@ void EventReader::ungrab() const {
     ioctl(file, EVIOCGRAB, 0);
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

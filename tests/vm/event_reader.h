@@ -14,7 +14,7 @@
 #include <iosfwd>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 struct ReadFrame {
     EventFrame events; // does not include the SYN_REPORT
@@ -58,4 +58,4 @@ private:
     ReadFrame open;
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -8,7 +8,7 @@
 
 #include <cstdint>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 bool waitForChanges(const std::vector<std::filesystem::path>& watched,
                     const std::function<bool()>& condition) {
@@ -33,4 +33,4 @@ bool waitForChanges(const std::vector<std::filesystem::path>& watched,
     return holds;
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -8,11 +8,11 @@
 #include <functional>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 // Checks the condition now, and again whenever a watched file or folder changes, until the
 // condition holds.
 bool waitForChanges(const std::vector<std::filesystem::path>& watched,
                     const std::function<bool()>& condition);
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 bool contains(const std::vector<ReadFrame>& frames, const PadEvent& event) {
     return std::ranges::any_of(frames, [&event](const ReadFrame& frame) {
@@ -48,4 +48,4 @@ std::vector<ReadFrame> ForwardedPad::readClone() {
     return clone->readUntil(markerUp);
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

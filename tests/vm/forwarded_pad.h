@@ -19,7 +19,7 @@
 #include <memory>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 inline constexpr PadEvent leftDown{EV_KEY, BTN_LEFT, 1};
 inline constexpr PadEvent leftUp{EV_KEY, BTN_LEFT, 0};
@@ -51,4 +51,4 @@ public:
     std::unique_ptr<EventReader> clone; // set by readNewClone()
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -14,7 +14,7 @@
 #include <cerrno>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -208,4 +208,4 @@ TEST_F(BindingsOnDisk, ReplacesAnUnreadableFileWithTheDefaultBindings) {
 
 } // namespace
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -20,7 +20,7 @@
 #include <utility>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 constexpr std::uint64_t control = 0x40000;
@@ -182,4 +182,4 @@ TEST_F(HeldModifiersTest, NoModifierIsStuckAfterItsReleaseDuringAShortcut) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -14,7 +14,7 @@
 #include <array>
 #include <map>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 // Describes a touchscreen, which the driver ignores.
@@ -102,4 +102,4 @@ TEST(IdleTest, DriverSleepsWhileATouchpadIsMissing) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

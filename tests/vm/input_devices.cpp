@@ -18,7 +18,7 @@
 #include <set>
 #include <utility>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -208,4 +208,4 @@ std::optional<std::string> udevProperty(const std::filesystem::path& node, const
     return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 // Returns the event nodes of all devices with this name that udev has initialised.
 std::vector<std::filesystem::path> nodesNamed(const std::string& name);
@@ -42,4 +42,4 @@ std::string physicalPathOf(const std::filesystem::path& node);
 // Returns udev's property of the device.
 std::optional<std::string> udevProperty(const std::filesystem::path& node, const char* name);
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -22,7 +22,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 constexpr std::uint64_t shift = 0x20000;
@@ -203,4 +203,4 @@ TEST(KeyboardTest, CreatesTheDeviceOncePermissionIsGranted) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

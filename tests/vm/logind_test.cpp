@@ -25,14 +25,10 @@
 #include <memory>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-using test::FakeService;
-using test::InEnvironment;
-using test::Journal;
 
 constexpr const char* logindName = "org.freedesktop.login1";
 constexpr const char* logindProgram = "/lib/systemd/systemd-logind";
@@ -41,7 +37,7 @@ constexpr const char* systemBus = "unix:path=/run/dbus/system_bus_socket";
 constexpr const char* keyboardName = "Glidemap Keyboard";
 constexpr const char* job = "/org/freedesktop/systemd1/job/1";
 
-const test::ServiceDescription serviceManager{
+const ServiceDescription serviceManager{
     "org.freedesktop.systemd1", "/org/freedesktop/systemd1",
     "<interface name='org.freedesktop.systemd1.Manager'><method name='StartUnit'>"
     "<arg type='s' direction='in'/><arg type='s' direction='in'/>"
@@ -217,4 +213,4 @@ TEST_F(LogindTest, ProgramUsesTheTouchpadOnlyWhileItsSessionIsActive) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 constexpr std::size_t padCount = 64;
@@ -71,4 +71,4 @@ TEST(ManyPadsTest, EveryTouchpadIsGrabbedOnceAndStaysGrabbed) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

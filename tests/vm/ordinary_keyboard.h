@@ -8,7 +8,7 @@
 
 #include <linux/input.h>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 inline PadShape ordinaryKeyboard() {
     PadShape shape;
@@ -20,4 +20,4 @@ inline PadShape ordinaryKeyboard() {
     return shape;
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

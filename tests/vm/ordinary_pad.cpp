@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 PadShape ordinaryPad() {
     constexpr std::int32_t resolution = 40;
@@ -75,4 +75,4 @@ float seenY(std::int32_t y) {
     return 1 - static_cast<float>(y) / ordinaryHeight;
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

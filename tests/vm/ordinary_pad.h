@@ -10,7 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 inline constexpr std::int32_t ordinaryWidth = 4000;
 inline constexpr std::int32_t ordinaryHeight = 2000;
@@ -36,4 +36,4 @@ EventFrame together(std::initializer_list<EventFrame> frames);
 float seenX(std::int32_t x);
 float seenY(std::int32_t y);
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -11,7 +11,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 // Many times the number of frames that the kernel buffers for a reader of this touchpad.
@@ -117,4 +117,4 @@ TEST_F(OverflowTest, TouchEndsIfAllFingersLiftDuringTheOverflow) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

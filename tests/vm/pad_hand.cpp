@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <linux/input.h>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -111,4 +111,4 @@ PadHand& PadHand::pause(double seconds) {
     return *this;
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 class PadHand {
 public:
@@ -48,4 +48,4 @@ private:
     std::int32_t nextTrackingId = 100;
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

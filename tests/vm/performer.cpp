@@ -10,7 +10,7 @@
 #include <cmath>
 #include <map>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -106,4 +106,4 @@ void performOn(VirtualPad& pad, GestureType gesture, std::uint64_t seed) {
     }
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

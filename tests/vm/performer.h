@@ -9,10 +9,10 @@
 
 #include <cstdint>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 // Performs the gesture on `pad`, which must have the axes and slots of ordinaryPad(). `seed` varies
 // the movements.
 void performOn(VirtualPad& pad, GestureType gesture, std::uint64_t seed = 1);
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -12,7 +12,7 @@
 
 #include <memory>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 constexpr mode_t readable = 0666;
@@ -64,4 +64,4 @@ TEST(PermissionTest, ReconnectedTouchpadResumesWhenAccessIsGrantedLater) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

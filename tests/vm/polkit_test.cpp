@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -113,4 +113,4 @@ TEST_F(PolkitTest, RequestWithoutAnAdministratorGetsNoAccess) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

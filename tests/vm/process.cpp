@@ -17,7 +17,7 @@
 #include <csignal>
 #include <cstring>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -219,4 +219,4 @@ bool hasOpen(const std::string& process, const std::filesystem::path& file) {
     return false;
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

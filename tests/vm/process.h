@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 class Process {
 public:
@@ -75,4 +75,4 @@ private:
 // Returns whether a process has the file open. "self" means this process.
 bool hasOpen(const std::string& process, const std::filesystem::path& file);
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

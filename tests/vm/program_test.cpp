@@ -14,7 +14,7 @@
 #include <fstream>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -126,4 +126,4 @@ TEST_F(ProgramTest, DoesNotPromptIfAccessWasGrantedBeforeTheStart) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <ctime>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -39,4 +39,4 @@ Punctual::~Punctual() {
     EXPECT_EQ(sched_setscheduler(thisThread, SCHED_OTHER, &none), 0);
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -6,7 +6,7 @@
 // Errors:  if the thread's priority cannot be raised, the test fails.
 #pragma once
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 double monotonicNow();
 void letTimePassUntil(double moment);
@@ -21,4 +21,4 @@ public:
     ~Punctual();
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

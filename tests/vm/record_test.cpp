@@ -19,7 +19,7 @@
 #include <variant>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 using testing::HasSubstr;
@@ -241,4 +241,4 @@ TEST_F(RecordTest, FullDiskEndsTheRecordingWithAMessage) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

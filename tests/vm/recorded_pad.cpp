@@ -8,7 +8,7 @@
 #include <ostream>
 #include <sstream>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -143,4 +143,4 @@ RecordedPad readRecordedPad(const std::filesystem::path& recording) {
     return pad;
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

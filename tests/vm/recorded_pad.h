@@ -19,7 +19,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 struct PadAxis {
     std::int32_t minimum = 0;
@@ -74,4 +74,4 @@ std::filesystem::path descriptionOf(const std::filesystem::path& recording);
 // Reads a recording with its description.
 RecordedPad readRecordedPad(const std::filesystem::path& recording);
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cctype>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 std::filesystem::path recordingsFolder() {
     return GLIDEMAP_RECORDINGS_DIR;
@@ -38,4 +38,4 @@ std::string testName(const std::filesystem::path& file) {
     return name;
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 // The tests' tables contain paths relative to this folder.
 std::filesystem::path recordingsFolder();
@@ -26,13 +26,13 @@ PadShape shapeToday(const RecordedPad& recorded);
 // Returns the file's name without its extension, in characters that a test's name may contain.
 std::string testName(const std::filesystem::path& file);
 
-} // namespace glidemap::vm
+} // namespace glidemap::test
 
 // Skips the test if the folder does not exist.
 #define GLIDEMAP_NEEDS_RECORDINGS()                                                                \
     do {                                                                                           \
-        if (!std::filesystem::is_directory(::glidemap::vm::recordingsFolder())) {                  \
-            GTEST_SKIP() << "no recordings in " << ::glidemap::vm::recordingsFolder()              \
+        if (!std::filesystem::is_directory(::glidemap::test::recordingsFolder())) {                \
+            GTEST_SKIP() << "no recordings in " << ::glidemap::test::recordingsFolder()            \
                          << " (GLIDEMAP_RECORDINGS_DIR)";                                          \
         }                                                                                          \
     } while (false)

@@ -17,7 +17,7 @@
 #include <variant>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 struct Row {
@@ -168,4 +168,4 @@ TEST(RecordingsTest, EachRecordingHasATestRow) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

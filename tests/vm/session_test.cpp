@@ -28,13 +28,9 @@
 #include <memory>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
-using desktops::PrivateBus;
-using test::FakeService;
-using test::InEnvironment;
-using test::Journal;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -52,7 +48,7 @@ long countOf(const DeviceReader& reader, std::uint16_t code, std::int32_t value)
     return std::ranges::count(reader.events(), PadEvent{EV_KEY, code, value});
 }
 
-test::ServiceDescription logind(bool isActive) {
+ServiceDescription logind(bool isActive) {
     return {"org.freedesktop.login1",
             "/org/freedesktop/login1/session/auto",
             "<interface name='org.freedesktop.login1.Session'>"
@@ -378,4 +374,4 @@ INSTANTIATE_TEST_SUITE_P(By, SessionAccessTest, testing::ValuesIn(waysOfGranting
                          [](const auto& granting) { return granting.param.name; });
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

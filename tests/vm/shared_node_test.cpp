@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 void expectThatItIsNotOpened(const PadShape& shape, const char* property) {
@@ -44,4 +44,4 @@ TEST(SharedNodeTest, TouchpadWithoutKeysIsOpened) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

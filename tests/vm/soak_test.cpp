@@ -43,13 +43,9 @@
 #include <random>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
-using desktops::PrivateBus;
-using test::FakeService;
-using test::InEnvironment;
-using test::Journal;
 using testing::IsEmpty;
 
 constexpr const char* keyboardName = "Glidemap Keyboard";
@@ -93,7 +89,7 @@ Holdings holdingsOf(pid_t process) {
     return held;
 }
 
-const test::ServiceDescription logind{
+const ServiceDescription logind{
     "org.freedesktop.login1",
     "/org/freedesktop/login1/session/auto",
     "<interface name='org.freedesktop.login1.Session'>"
@@ -374,4 +370,4 @@ TEST_F(SoakTest, LeaksNothingAndLeavesNothingGrabbedOrPressed) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

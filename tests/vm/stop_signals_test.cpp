@@ -18,7 +18,7 @@
 #include <iostream>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 constexpr const char* holding = "holds the touchpad";
@@ -110,4 +110,4 @@ TEST_F(StopSignalsTest, StopSignalUngrabsTheTouchpadAndContinueSignalGrabsAgain)
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

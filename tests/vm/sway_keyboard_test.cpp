@@ -24,7 +24,7 @@
 #include <utility>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -223,4 +223,4 @@ TEST_F(SwayKeyboardTest, HeldShiftDoesNotJoinANewKeyboardsShortcutAfterAReload) 
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -20,7 +20,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 class GrabLimitsTest : public testing::Test {
@@ -127,4 +127,4 @@ TEST_F(GrabLimitsTest, DoesNotGrabWithoutAnEventNodeForTheClone) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

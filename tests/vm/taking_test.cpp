@@ -26,7 +26,7 @@
 #include <string>
 #include <thread>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 // The interval between two reports of a touchpad, in seconds.
@@ -191,4 +191,4 @@ TEST_F(GrabTest, NoEventIsLostOrDuplicatedWhileTheFilterIsSwitchedOnAndOff) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

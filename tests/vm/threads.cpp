@@ -5,7 +5,7 @@
 #include <fstream>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -65,4 +65,4 @@ bool isProcessAsleep(const std::string& process) {
                                [](const auto& entry) { return sleeps(entry.path()); });
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 // Returns the thread ids of this process, ascending.
 std::vector<int> threadsOfProcess();
@@ -23,4 +23,4 @@ bool areAsleep(const std::vector<int>& threads);
 // events of its devices.
 bool isProcessAsleep(const std::string& process);
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -10,7 +10,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 bool waitForEmptyReport(DriverSession& session, driver::Device device, std::size_t after) {
@@ -126,4 +126,4 @@ TEST(UnplugTest, UnpluggingATouchpadDoesNotAffectAnotherTouchpad) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

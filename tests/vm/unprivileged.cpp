@@ -5,7 +5,7 @@
 #include <sys/types.h>
 #include <unistd.h>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -27,4 +27,4 @@ Unprivileged::~Unprivileged() {
     become(0);
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

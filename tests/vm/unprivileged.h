@@ -7,7 +7,7 @@
 
 #include <sys/types.h>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 constexpr uid_t unprivilegedUser = 65534; // the user `nobody`
 
@@ -19,4 +19,4 @@ public:
     ~Unprivileged();
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

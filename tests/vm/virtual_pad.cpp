@@ -14,7 +14,7 @@
 #include <cstring>
 #include <memory>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -182,4 +182,4 @@ void VirtualPad::write(const EventFrame& frame, std::int64_t time) {
     }
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

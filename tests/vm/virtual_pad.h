@@ -13,7 +13,7 @@
 #include <filesystem>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 class VirtualPad {
 public:
@@ -48,4 +48,4 @@ private:
     std::filesystem::path _node;
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

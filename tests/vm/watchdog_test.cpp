@@ -14,7 +14,7 @@
 #include <memory>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 constexpr std::int32_t down = driver::clickFilterButtonDown;
@@ -189,4 +189,4 @@ TEST_F(WatchdogTest, UngrabsAllTouchpadsAndNotifiesTheFilterOnce) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <iterator>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -60,4 +60,4 @@ bool XDesktop::waitForDevice(const std::string& node) const {
     return waitForChanges({logFile}, [&] { return hasOpen(process, node); });
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 class XDesktop {
 public:
@@ -40,4 +40,4 @@ private:
     bool running = false;
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

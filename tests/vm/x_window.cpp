@@ -11,7 +11,7 @@
 #include <memory>
 #include <optional>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 namespace {
 
@@ -152,4 +152,4 @@ std::pair<int, int> XWindow::pointer() const {
                             : std::pair<int, int>{-1, -1};
 }
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

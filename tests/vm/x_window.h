@@ -16,7 +16,7 @@
 
 struct xcb_connection_t;
 
-namespace glidemap::vm {
+namespace glidemap::test {
 
 struct XInput {
     enum class Kind { keyDown, keyUp, buttonDown, buttonUp };
@@ -63,4 +63,4 @@ private:
     std::vector<XInput> seen;
 };
 
-} // namespace glidemap::vm
+} // namespace glidemap::test

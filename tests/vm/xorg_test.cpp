@@ -26,7 +26,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::vm {
+namespace glidemap::test {
 namespace {
 
 using testing::ElementsAre;
@@ -233,4 +233,4 @@ TEST_F(XorgTest, HeldModifierDoesNotJoinTheShortcutAndDoesNotGetStuck) {
 }
 
 } // namespace
-} // namespace glidemap::vm
+} // namespace glidemap::test

@@ -15,7 +15,7 @@ protected:
     // The fake fails the test if no pool surrounds the call.
     static void leaveAnObjectBehind() { [[[NSObject alloc] init] autorelease]; }
 
-    static std::size_t left() { return doubles::livingInstances("NSObject"); }
+    static std::size_t left() { return test::livingInstances("NSObject"); }
 };
 
 TEST_F(AutoreleasePoolTest, KeepsAutoreleasedObjectsUntilTheWrappedFunctionReturns) {

@@ -18,24 +18,24 @@ namespace glidemap {
 class CocoaTest : public MacosTest {
 protected:
     CocoaTest() {
-        doubles::mainAppService() = {};
-        doubles::workspace() = {};
-        doubles::resetAppearance();
-        forGood = doubles::livingCocoaObjects();
+        test::mainAppService() = {};
+        test::workspace() = {};
+        test::resetAppearance();
+        forGood = test::livingCocoaObjects();
         pool.emplace();
     }
 
     ~CocoaTest() override {
-        doubles::closeMainAppService();
-        doubles::closeWorkspace();
+        test::closeMainAppService();
+        test::closeWorkspace();
         pool.reset();
-        EXPECT_EQ(doubles::forgetObservations(), 0U) << "observers that were not removed";
-        EXPECT_EQ(doubles::livingCocoaObjects(), forGood) << "not released";
+        EXPECT_EQ(test::forgetObservations(), 0U) << "observers that were not removed";
+        EXPECT_EQ(test::livingCocoaObjects(), forGood) << "not released";
     }
 
 private:
     std::multiset<std::string> forGood; // objects that live until the program exits
-    std::optional<doubles::Pool> pool;
+    std::optional<test::Pool> pool;
 };
 
 } // namespace glidemap

@@ -21,18 +21,18 @@ using Lines = std::vector<std::string>;
 class MacosTest : public testing::Test {
 protected:
     MacosTest() {
-        doubles::takeJournal();
-        doubles::appKit() = {};
-        doubles::coreFoundation() = {};
-        doubles::quartz() = {};
+        test::takeJournal();
+        test::appKit() = {};
+        test::coreFoundation() = {};
+        test::quartz() = {};
     }
 
     ~MacosTest() override {
-        EXPECT_EQ(doubles::livingObjects(), std::multiset<std::string>()) << "not released";
-        EXPECT_EQ(doubles::installedMonitors(), 0U) << "not removed";
+        EXPECT_EQ(test::livingObjects(), std::multiset<std::string>()) << "not released";
+        EXPECT_EQ(test::installedMonitors(), 0U) << "not removed";
     }
 
-    static Lines journal() { return doubles::takeJournal(); }
+    static Lines journal() { return test::takeJournal(); }
 };
 
 } // namespace glidemap

@@ -308,7 +308,7 @@ void paintWindow() {
     detail->setFixedWidth(230);
     detail->setText(QStringLiteral("Draw a circle with one finger, in either direction."));
     inner->addWidget(detail);
-    Popover popover(kit::findAll<SymbolButton>(*first).front(), content);
+    Popover popover(test::findAll<SymbolButton>(*first).front(), content);
     settle();
     save(pictureOf(window), QStringLiteral("window"));
 }

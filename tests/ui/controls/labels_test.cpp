@@ -17,7 +17,7 @@
 namespace glidemap {
 namespace {
 
-using test::Stage;
+using test::ControlsStage;
 
 const QString longText = QStringLiteral("A name that is much longer than there is room for it");
 
@@ -101,7 +101,7 @@ TEST(ElidedLabelTest, ShrinksToAFewLettersButKeepsItsFullAccessibleText) {
 }
 
 TEST(ElidedLabelTest, ShowsItsTooltipOnlyWhileElided) {
-    Stage stage;
+    ControlsStage stage;
     auto* label = stage.add(new ElidedLabel(TextStyle::body, Role::primary));
     label->setText(longText);
     stage.open();
@@ -149,7 +149,7 @@ TEST(NoticeTest, BackgroundHasTheGivenOpacity) {
 }
 
 TEST(NoticeTest, UsesOneLineIfWideEnoughAndWrapsIfNarrow) {
-    Stage stage;
+    ControlsStage stage;
     auto* notice = stage.add(new Notice({"", Role::red, Role::red}));
     notice->setText(longText + longText);
     const int oneLine = notice->sizeHint().height();
@@ -158,7 +158,7 @@ TEST(NoticeTest, UsesOneLineIfWideEnoughAndWrapsIfNarrow) {
 }
 
 TEST(NoticeTest, ButtonReportsClicksAndCanBeProminent) {
-    Stage stage;
+    ControlsStage stage;
     auto* notice = stage.add(new Notice({"sparkles", Role::blue, Role::primary, Role::blue, 0.1,
                                          Notice::Button::prominent, false}));
     notice->setButtonText(QStringLiteral("Download"));
@@ -217,7 +217,7 @@ TEST(FormSectionTest, LabelIsTheBuddyOfItsControl) {
 }
 
 TEST(FormSectionTest, HiddenRowTakesNoSpaceAndHasNoLine) {
-    Stage stage;
+    ControlsStage stage;
     auto* section = stage.add(new FormSection);
     section->addWidget(new QWidget);
     QWidget* row = section->addRow(new QLabel(QStringLiteral("App")), new QComboBox);
@@ -231,7 +231,7 @@ TEST(FormSectionTest, HiddenRowTakesNoSpaceAndHasNoLine) {
 }
 
 TEST(FormSectionTest, HeadingIsVisibleOnlyWithATitle) {
-    Stage stage;
+    ControlsStage stage;
     auto* section = stage.add(new FormSection);
     section->addWidget(new QLabel(QStringLiteral("One")));
     stage.open();

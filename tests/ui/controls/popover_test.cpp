@@ -14,7 +14,7 @@
 namespace glidemap {
 namespace {
 
-using test::Stage;
+using test::ControlsStage;
 
 class PopoverTest : public testing::Test {
 protected:
@@ -37,7 +37,7 @@ protected:
         return test::waitFor([&popover] { return popover == nullptr; });
     }
 
-    Stage stage;
+    ControlsStage stage;
     QPushButton* anchor = stage.add(new QPushButton(QStringLiteral("Anchor")));
     QPushButton* other = stage.add(new QPushButton(QStringLiteral("Other")));
     int closings = 0;

@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-using test::Stage;
+using test::ControlsStage;
 
 class SegmentedControlTest : public testing::Test {
 protected:
@@ -26,7 +26,7 @@ protected:
     QList<QRadioButton*> segments() const { return control->findChildren<QRadioButton*>(); }
 
     test::InStillness still;
-    Stage stage;
+    ControlsStage stage;
     SegmentedControl* control = stage.add(new SegmentedControl(3));
     std::vector<int> reported;
 };

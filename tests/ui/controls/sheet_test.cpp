@@ -16,7 +16,7 @@
 namespace glidemap {
 namespace {
 
-using test::Stage;
+using test::ControlsStage;
 
 // The screen of the offscreen platform is 800 × 800.
 class SheetTest : public testing::Test {
@@ -56,7 +56,7 @@ protected:
     }
 
     test::InStillness still;
-    Stage stage;
+    ControlsStage stage;
     QPointer<QWidget> content = new QWidget;
     QVBoxLayout* column = new QVBoxLayout(content);
     QPushButton* first = new QPushButton(QStringLiteral("First"));

@@ -13,9 +13,9 @@
 
 namespace glidemap::test {
 
-class Stage : public QWidget {
+class ControlsStage : public QWidget {
 public:
-    Stage() {
+    ControlsStage() {
         resize(700, 500);
         new QVBoxLayout(this);
     }
@@ -30,7 +30,7 @@ public:
         show();
         activateWindow();
         setFocus();
-        EXPECT_TRUE(test::waitForWindowActive(this));
+        EXPECT_TRUE(waitForWindowActive(this));
     }
 };
 

@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-using test::Stage;
+using test::ControlsStage;
 
 class SwitchTest : public testing::Test {
 protected:
@@ -20,7 +20,7 @@ protected:
                          [this](bool on) { reported.push_back(on); });
     }
 
-    Stage stage;
+    ControlsStage stage;
     Switch* knob = stage.add(new Switch);
     std::vector<bool> reported;
 };

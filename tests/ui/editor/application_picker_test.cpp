@@ -50,7 +50,7 @@ protected:
 
     std::string current() const { return picker.currentText().toStdString(); }
 
-    kit::FakeWorkspace workspace;
+    test::FakeWorkspace workspace;
     Lang lang{nullptr};
     ApplicationPicker picker{workspace, runningApps, lang};
     std::vector<std::string> picked;

@@ -100,7 +100,7 @@ TEST_F(BindingEditorKeysTest, RecordedKeysDoNotReachTheSheet) {
     open();
     choose(ActionKind::lockScreen);
     choose(ActionKind::keyboardShortcut);
-    const kit::Key returnKey{KEY_ENTER, Qt::Key_Return, "\r"};
+    const test::Key returnKey{KEY_ENTER, Qt::Key_Return, "\r"};
     QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
     typist.press(returnKey);
     typist.repeat(returnKey);
@@ -115,7 +115,7 @@ TEST_F(BindingEditorKeysTest, RecordedKeysDoNotReachTheSheet) {
 
 TEST_F(BindingEditorKeysTest, EscapeEndsARecordingBeforeItCancelsTheEditor) {
     open();
-    const kit::Key escape{KEY_ESC, Qt::Key_Escape};
+    const test::Key escape{KEY_ESC, Qt::Key_Escape};
     QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
     typist.type(escape);
     EXPECT_EQ(dismissals, 0);
@@ -241,7 +241,7 @@ TEST_F(BindingEditorKeysTest, ReturnInTheSheetSavesOneBindingAndClosesTheSheetOn
     EXPECT_EQ(sheet->focusWidget()->objectName(), "gesturePicker");
     QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(closed, 0);
-    kit::find<QComboBox>(*content, "actionPicker").setCurrentIndex(1);
+    test::find<QComboBox>(*content, "actionPicker").setCurrentIndex(1);
     QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
     EXPECT_TRUE(test::waitFor([&] { return closed == 1; }));
     EXPECT_EQ(bindings().size(), 1U);

@@ -456,9 +456,9 @@ TEST_F(BindingEditorTest, FormFitsTheWidthOfTheSheetEvenWithLargeFonts) {
     sheet->present();
     ASSERT_TRUE(test::waitForWindowActive(sheet));
     const QScrollArea& scroll = *content->findChild<QScrollArea*>();
-    auto& actions = kit::find<QComboBox>(*content, "actionPicker");
+    auto& actions = test::find<QComboBox>(*content, "actionPicker");
     for (const double factor : {1.0, 1.5}) {
-        const kit::LargerLetters letters(factor);
+        const test::LargerLetters letters(factor);
         for (const char* const code : {"en", "zh"}) {
             Lang::shared().setCode(code);
             for (const ActionKind kind : allActionKinds) {

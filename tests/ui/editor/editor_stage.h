@@ -39,7 +39,7 @@ protected:
 
 class EditorStage : public testing::Test {
 protected:
-    static inline const kit::Key right{KEY_RIGHT, Qt::Key_Right};
+    static inline const test::Key right{KEY_RIGHT, Qt::Key_Right};
     static inline const KeyShortcut optionCommandRight{
         .keyCode = 124, .modifiers = modifier::option | modifier::command};
 
@@ -81,7 +81,7 @@ protected:
 
     template <class Widget = QWidget>
     Widget& part(const char* name) const {
-        return kit::find<Widget>(window, name);
+        return test::find<Widget>(window, name);
     }
     QComboBox& picker(const char* name) const { return part<QComboBox>(name); }
     QPushButton& saveButton() const { return part<QPushButton>("save"); }
@@ -111,14 +111,14 @@ protected:
         }
     }
 
-    kit::InLanguage language{"en"};
+    test::InLanguage language{"en"};
     BindingStore store{BindingList{}};
-    kit::FakeWorkspace workspace;
+    test::FakeWorkspace workspace;
     const std::shared_ptr<KeyPresses> keys =
         std::make_shared<ToolkitKeyPresses>(std::make_unique<EvdevHardwareKeys>());
     EditorWindow window;
     BindingEditor* editor = nullptr;
-    kit::Typist typist{window};
+    test::Typist typist{window};
     int dismissals = 0;
 };
 

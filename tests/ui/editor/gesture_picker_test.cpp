@@ -52,8 +52,8 @@ protected:
         EXPECT_TRUE(test::waitForWindowActive(&sheet));
     }
 
-    QLineEdit& search() const { return kit::find<QLineEdit>(sheet, "gestureSearch"); }
-    QListView& list() const { return kit::find<QListView>(sheet, "gestureList"); }
+    QLineEdit& search() const { return test::find<QLineEdit>(sheet, "gestureSearch"); }
+    QListView& list() const { return test::find<QListView>(sheet, "gestureList"); }
     void key(Qt::Key code) const { QTest::keyClick(sheet.focusWidget(), code); }
     void type(const std::string& text) const {
         for (const char letter : text) {
@@ -81,7 +81,7 @@ protected:
         EXPECT_EQ(sheet.focusWidget(), picker);
     }
 
-    kit::InLanguage language{"en"};
+    test::InLanguage language{"en"};
     Sheet sheet;
     GesturePicker* picker;
     std::vector<GestureType> picked;
@@ -185,7 +185,7 @@ TEST_F(GesturePickerTest, EscapeClosesOnlyTheList) {
 TEST_F(GesturePickerTest, HighlightedGestureIsDemonstratedWhileBrowsing) {
     picker->setGesture(GestureType::pinchIn);
     picker->showPopup();
-    auto& demo = kit::find<GestureDemoView>(sheet, "browsedGesture");
+    auto& demo = test::find<GestureDemoView>(sheet, "browsedGesture");
     EXPECT_EQ(demo.shownGesture(), GestureType::pinchIn);
     EXPECT_TRUE(demo.isVisible());
     type("five sw");
@@ -242,8 +242,8 @@ TEST_F(GesturePickerTest, ReturnPicksNothingWithoutAMatch) {
     type("six");
     EXPECT_THAT(entries(), IsEmpty());
     EXPECT_FALSE(list().isVisible());
-    EXPECT_TRUE(kit::find<QLabel>(sheet, "nothingFound").isVisible());
-    EXPECT_EQ(kit::find<QLabel>(sheet, "nothingFound").text(), "No matching gestures");
+    EXPECT_TRUE(test::find<QLabel>(sheet, "nothingFound").isVisible());
+    EXPECT_EQ(test::find<QLabel>(sheet, "nothingFound").text(), "No matching gestures");
     key(Qt::Key_Return);
     key(Qt::Key_Down);
     EXPECT_TRUE(picker->isOpen());
@@ -339,7 +339,7 @@ TEST_F(GesturePickerTest, AllTextsFollowTheLanguageIncludingThoseOfTheOpenList) 
     EXPECT_EQ(search().placeholderText(), "搜索手势");
     EXPECT_EQ(search().accessibleName(), "搜索手势");
     EXPECT_EQ(list().accessibleName(), "触控板手势");
-    EXPECT_EQ(kit::find<QLabel>(sheet, "nothingFound").text(), "没有匹配的手势");
+    EXPECT_EQ(test::find<QLabel>(sheet, "nothingFound").text(), "没有匹配的手势");
     Lang::shared().setCode("en");
     EXPECT_EQ(picker->currentText(), "Draw Circle (any direction)");
     EXPECT_EQ(search().placeholderText(), "Search gestures");

@@ -76,14 +76,14 @@ TEST(GestureSearchTest, FindsByNameAndCategoryInBothLanguages) {
 }
 
 TEST(GestureSearchTest, ResultsDoNotDependOnTheInterfaceLanguage) {
-    const kit::InLanguage chinese("zh");
+    const test::InLanguage chinese("zh");
     EXPECT_EQ(found("five tap"), Lines{"tap: fiveFingerTap"});
     EXPECT_EQ(found("五指轻点"), Lines{"tap: fiveFingerTap"});
 }
 
 TEST(GestureSearchTest, EveryGestureIsFoundByEachOfItsNames) {
     for (const char* const code : {"en", "zh"}) {
-        const kit::InLanguage language(code);
+        const test::InLanguage language(code);
         for (const GestureType gesture : allGestureTypes) {
             bool isThere = false;
             for (const FoundGestures& group : findGestures(displayName(gesture))) {

@@ -15,7 +15,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::vector<std::string> listed(std::vector<Application> running) {
-    kit::FakeWorkspace workspace;
+    test::FakeWorkspace workspace;
     workspace.running = std::move(running);
     std::vector<std::string> lines;
     for (const RunningApp& app : runningApps(workspace)) {
@@ -63,7 +63,7 @@ TEST(RunningAppsTest, DuplicatesAreKept) {
 }
 
 TEST(RunningAppsTest, OnlyInstalledRunningAppsAreLaunchable) {
-    kit::FakeWorkspace workspace;
+    test::FakeWorkspace workspace;
     workspace.running = {{"mail", "Mail"}, {"XClock", "xclock"}, {"files", "Files"}};
     workspace.urls = {{"mail", "file:///mail"}, {"files", "file:///files"}};
     const auto offered = launchableApps(workspace);

@@ -16,7 +16,7 @@ namespace glidemap {
 
 namespace {
 
-using kit::Key;
+using test::Key;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -34,7 +34,7 @@ protected:
     }
 
     KeyLog window;
-    kit::Typist typist{window};
+    test::Typist typist{window};
     std::vector<int> taken;
     std::unique_ptr<KeyMonitor> monitor = std::make_unique<KeyMonitor>();
 };

@@ -15,9 +15,9 @@ namespace glidemap {
 
 namespace {
 
-using desktops::Program;
-using desktops::TypingSway;
-using desktops::TypingXServer;
+using test::Program;
+using test::TypingSway;
+using test::TypingXServer;
 
 template <class Desktop>
 class RealKeysTest : public testing::Test {
@@ -55,8 +55,8 @@ protected:
         expect("released 81");
     }
 
-    desktops::RuntimeFolder folder;
-    std::unique_ptr<desktops::TypingDesktop> desktop;
+    test::RuntimeFolder folder;
+    std::unique_ptr<test::TypingDesktop> desktop;
     std::unique_ptr<Program> window;
 };
 

@@ -50,15 +50,15 @@ protected:
     }
     ~ShortcutChooserTest() override { setUsualKeyboard(KeyboardKind::apple); }
 
-    QToolButton& opener() const { return kit::find<QToolButton>(window, "chooseShortcut"); }
+    QToolButton& opener() const { return test::find<QToolButton>(window, "chooseShortcut"); }
     void open() const { QTest::mouseClick(&opener(), Qt::LeftButton); }
     bool isOpen() const {
         const auto* const popover = window.findChild<QWidget*>("shortcutChooser");
         return popover != nullptr && popover->isVisible();
     }
-    QPushButton& toggle(const char* name) const { return kit::find<QPushButton>(window, name); }
-    QLineEdit& field() const { return kit::find<QLineEdit>(window, "keySearch"); }
-    QListView& list() const { return kit::find<QListView>(window, "keyList"); }
+    QPushButton& toggle(const char* name) const { return test::find<QPushButton>(window, name); }
+    QLineEdit& field() const { return test::find<QLineEdit>(window, "keySearch"); }
+    QListView& list() const { return test::find<QListView>(window, "keyList"); }
     std::string marked() const { return list().currentIndex().data().toString().toStdString(); }
     void key(Qt::Key code) const { QTest::keyClick(window.focusWidget(), code); }
     void type(const char* text) const { QTest::keyClicks(window.focusWidget(), text); }
@@ -84,7 +84,7 @@ TEST_F(ShortcutChooserTest, ComposesAShortcutFromKeysThatCannotBePressed) {
     key(Qt::Key_Return);
     EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 105, .modifiers = ctrlSuper}));
     EXPECT_FALSE(isOpen());
-    EXPECT_EQ(kit::find<QPushButton>(window, "recordShortcut").text(), "⌃⌘F13");
+    EXPECT_EQ(test::find<QPushButton>(window, "recordShortcut").text(), "⌃⌘F13");
     EXPECT_EQ(window.focusWidget(), &opener());
     EXPECT_THAT(window.presses(), IsEmpty()) << "Return does not save the sheet";
 }
@@ -141,11 +141,11 @@ TEST_F(ShortcutChooserTest, ExactNameIsHighlightedBeforePartialMatches) {
 
 TEST_F(ShortcutChooserTest, SearchFieldDoesNotMoveWhileTheListShrinks) {
     open();
-    const int height = kit::find<QWidget>(window, "shortcutChooser").height();
+    const int height = test::find<QWidget>(window, "shortcutChooser").height();
     const int listHeight = list().height();
     type("keypad enter");
     EXPECT_TRUE(test::waitFor([&] { return list().height() < listHeight; }));
-    EXPECT_EQ(kit::find<QWidget>(window, "shortcutChooser").minimumHeight(), height);
+    EXPECT_EQ(test::find<QWidget>(window, "shortcutChooser").minimumHeight(), height);
 }
 
 TEST_F(ShortcutChooserTest, TabVisitsTheTogglesAndClosesTheChooserAtEitherEnd) {
@@ -218,8 +218,8 @@ TEST_F(ShortcutChooserTest, TextsExistInBothLanguages) {
     EXPECT_EQ(field().accessibleName(), "搜索按键");
     EXPECT_EQ(list().accessibleName(), "按键");
     type("xiao");
-    EXPECT_EQ(kit::find<QLabel>(window, "nothingFound").text(), "没有匹配的按键");
-    EXPECT_TRUE(kit::find<QLabel>(window, "nothingFound").isVisible());
+    EXPECT_EQ(test::find<QLabel>(window, "nothingFound").text(), "没有匹配的按键");
+    EXPECT_TRUE(test::find<QLabel>(window, "nothingFound").isVisible());
     field().setText("小键盘 7");
     EXPECT_EQ(marked(), "小键盘 7");
     field().setText("keypad 7");

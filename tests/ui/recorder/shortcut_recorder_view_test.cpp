@@ -34,7 +34,7 @@ void PrintTo(const KeyShortcut& shortcut, std::ostream* stream) {
 
 namespace {
 
-using kit::Key;
+using test::Key;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -69,7 +69,7 @@ protected:
         EXPECT_TRUE(test::waitForWindowActive(&window));
     }
 
-    QPushButton& button() const { return kit::find<QPushButton>(window, "recordShortcut"); }
+    QPushButton& button() const { return test::find<QPushButton>(window, "recordShortcut"); }
     void click() const { QTest::mouseClick(&button(), Qt::LeftButton); }
 
     // Checks that the key is recorded with the modifiers' stored bits, and does not reach the
@@ -93,7 +93,7 @@ protected:
     Lang lang{nullptr};
     KeyLog window;
     ShortcutRecorderView* recorder;
-    kit::Typist typist{window};
+    test::Typist typist{window};
     std::vector<KeyShortcut> recorded;
 };
 
@@ -362,7 +362,7 @@ TEST_F(ShortcutRecorderViewTest, CapturesAKeyPressInAnyWindowOfTheProgram) {
     KeyLog other;
     other.show();
     click();
-    kit::Typist(other).type(a);
+    test::Typist(other).type(a);
     EXPECT_EQ(recorded.size(), 1U);
     EXPECT_THAT(other.keys(), IsEmpty());
 }
@@ -412,7 +412,7 @@ TEST_F(ShortcutRecorderViewTest, ButtonLabelIsAtLeast160PointsWide) {
 
 TEST_F(ShortcutRecorderViewTest, ButtonKeepsItsWidthWithEveryText) {
     for (const double factor : {1.0, 1.5}) {
-        const kit::LargerLetters letters(factor);
+        const test::LargerLetters letters(factor);
         for (const char* const code : {"en", "zh"}) {
             lang.setCode(code);
             const int width = button().minimumWidth();
@@ -524,7 +524,7 @@ protected:
     Lang lang{nullptr};
     KeyLog window;
     ShortcutRecorderView* recorder;
-    kit::Typist typist{window};
+    test::Typist typist{window};
 };
 
 TEST_F(DesktopKeysTest, AreGrabbedForTheWindowWhileRecording) {

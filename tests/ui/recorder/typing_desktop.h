@@ -11,7 +11,7 @@
 
 #include <cstdint>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class TypingDesktop {
 public:
@@ -26,4 +26,4 @@ public:
     virtual void key(std::uint16_t kernelCode, bool down) = 0;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

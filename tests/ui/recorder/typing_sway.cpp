@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -129,4 +129,4 @@ void TypingSway::key(std::uint16_t kernelCode, bool down) {
     keyboard->key(kernelCode, down);
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

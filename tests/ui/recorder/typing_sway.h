@@ -12,7 +12,7 @@
 
 #include <memory>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class TypingSway : public TypingDesktop {
 public:
@@ -32,4 +32,4 @@ private:
     std::unique_ptr<Keyboard> keyboard;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -4,7 +4,7 @@
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 namespace {
 
@@ -34,4 +34,4 @@ void TypingXServer::key(std::uint16_t kernelCode, bool down) {
     xcb_flush(connection);
 }
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -10,7 +10,7 @@
 
 struct xcb_connection_t;
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class TypingXServer : public TypingDesktop {
 public:
@@ -28,4 +28,4 @@ private:
     xcb_connection_t* connection;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test

@@ -434,8 +434,8 @@ TEST_F(BindingListViewTest, SeparatorsAppearOnlyBetweenRows) {
 TEST_F(BindingListViewTest, RowButtonsAreFaintUnlessSelectedOrHovered) {
     open(defaultBindings());
     const auto areFaint = [&](std::size_t index) {
-        const auto& edit = kit::find<SymbolButton>(*stage->row(index), "edit");
-        const auto& trash = kit::find<SymbolButton>(*stage->row(index), "delete");
+        const auto& edit = test::find<SymbolButton>(*stage->row(index), "edit");
+        const auto& trash = test::find<SymbolButton>(*stage->row(index), "delete");
         EXPECT_EQ(edit.isFaint(), trash.isFaint());
         return edit.isFaint();
     };

@@ -186,7 +186,7 @@ TEST_F(BindingRowTest, PreviewSymbolOpensAndClosesTheDemonstration) {
     EXPECT_EQ(part("preview").toolTip(), "Show gesture demo");
     click("preview");
     ASSERT_TRUE(row->showsPreview());
-    const auto* popover = &kit::find<Popover>(window, "gesturePreview");
+    const auto* popover = &test::find<Popover>(window, "gesturePreview");
     EXPECT_TRUE(popover->isVisible());
     EXPECT_EQ(popover->findChild<QLabel*>("previewName")->text(), "Three-Finger Tap");
     EXPECT_EQ(popover->findChild<QWidget*>("previewDemo")->size(), QSize(230, 150));

@@ -30,7 +30,7 @@ protected:
     }
 
     static void expectNothingAtRest() {
-        kit::RepaintCount count;
+        test::RepaintCount count;
         count.countAtRest();
         EXPECT_THAT(count.paints, IsEmpty());
         EXPECT_THAT(count.layoutRequests, IsEmpty());
@@ -89,7 +89,7 @@ TEST_F(RepaintTest, RunningDemonstrationRepaintsNoOtherControl) {
     Theme::shared().pinReducedMotion(false);
     stage.open();
     stage.clickInRow(0, "preview");
-    kit::RepaintCount count;
+    test::RepaintCount count;
     count.countAtRest();
     EXPECT_TRUE(test::waitFor([&] { return count.paints["previewDemo"] > 2; }));
     EXPECT_THAT(count.layoutRequests, IsEmpty());
@@ -103,7 +103,7 @@ TEST_F(RepaintTest, DemonstrationBehindTheGestureListStops) {
     Theme::shared().pinReducedMotion(false);
     expectNothingAtRest();
     stage.pressKey(Qt::Key_Escape);
-    kit::RepaintCount count;
+    test::RepaintCount count;
     EXPECT_TRUE(test::waitFor([&] { return count.paints["gestureDemo"] > 2; }));
 }
 

@@ -203,7 +203,7 @@ TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheLayoutAtEveryWidth) {
 TEST_F(SettingsHeaderTest, NoControlIsClippedOrOverlapsAnother) {
     stage.open();
     for (const double factor : {1.0, 1.25, 1.5, 1.75, 2.0}) {
-        const kit::LargerLetters letters(factor);
+        const test::LargerLetters letters(factor);
         for (int width = 680; width <= 1400; width += 40) {
             stage.window().resize(width, 520);
             for (const char* const code : {"en", "zh"}) {

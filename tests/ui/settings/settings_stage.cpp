@@ -70,7 +70,7 @@ SettingsWindow& SettingsStage::open(QSize size) {
     opened->resize(size);
     opened->show();
     opened->activateWindow();
-    EXPECT_TRUE(test::waitForWindowActive(opened.get()));
+    EXPECT_TRUE(waitForWindowActive(opened.get()));
     return *opened;
 }
 

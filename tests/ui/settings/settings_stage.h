@@ -130,13 +130,11 @@ public:
     // Returns the colour of a pixel as shown in the window.
     QColor pixel(const QWidget& of, QPoint at) const;
 
-    std::shared_ptr<kit::FakeUserDefaults> defaults = std::make_shared<kit::FakeUserDefaults>();
-    std::shared_ptr<kit::FakeMainQueue> mainQueue = std::make_shared<kit::FakeMainQueue>();
-    std::shared_ptr<kit::FakeWorkspace> workspace = std::make_shared<kit::FakeWorkspace>();
-    std::shared_ptr<kit::FakeAccessibilityTrust> trust =
-        std::make_shared<kit::FakeAccessibilityTrust>();
-    std::shared_ptr<kit::FakeLoginItemService> loginItems =
-        std::make_shared<kit::FakeLoginItemService>();
+    std::shared_ptr<FakeUserDefaults> defaults = std::make_shared<FakeUserDefaults>();
+    std::shared_ptr<FakeMainQueue> mainQueue = std::make_shared<FakeMainQueue>();
+    std::shared_ptr<FakeWorkspace> workspace = std::make_shared<FakeWorkspace>();
+    std::shared_ptr<FakeAccessibilityTrust> trust = std::make_shared<FakeAccessibilityTrust>();
+    std::shared_ptr<FakeLoginItemService> loginItems = std::make_shared<FakeLoginItemService>();
     std::shared_ptr<FakeDesktopHelper> helper = std::make_shared<FakeDesktopHelper>();
     std::shared_ptr<FakeNotes> notes; // null unless a test creates them
     std::shared_ptr<FakeKeys> keys = std::make_shared<FakeKeys>();

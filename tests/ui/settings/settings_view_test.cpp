@@ -20,14 +20,14 @@ class SettingsViewTest : public testing::Test {
 protected:
     SettingsView& open() { return stage.open().view(); }
     BindingEditor* editor() const {
-        const std::vector<BindingEditor*> found = kit::findAll<BindingEditor>(stage.window());
+        const std::vector<BindingEditor*> found = test::findAll<BindingEditor>(stage.window());
         return found.empty() ? nullptr : found.front();
     }
     BindingList stored() const { return *stage.store->bindings(); }
     void closeEditor() {
         ASSERT_NE(editor(), nullptr);
         editor()->dismiss();
-        EXPECT_TRUE(test::waitFor([&] { return kit::findAll<Sheet>(stage.window()).empty(); }));
+        EXPECT_TRUE(test::waitFor([&] { return test::findAll<Sheet>(stage.window()).empty(); }));
     }
 
     std::vector<std::string> textsThatAreCut() const {
@@ -116,7 +116,7 @@ TEST_F(SettingsViewTest, AddBindingDoesNothingWhileTheEditorIsOpen) {
     stage.clickInRow(1, "edit");
     view.addBinding();
     EXPECT_EQ(view.editedBinding(), stored()[1]);
-    EXPECT_EQ(kit::findAll<Sheet>(stage.window()).size(), 1U);
+    EXPECT_EQ(test::findAll<Sheet>(stage.window()).size(), 1U);
 }
 
 TEST_F(SettingsViewTest, EditButtonOpensTheEditorForTheBindingOfTheRow) {

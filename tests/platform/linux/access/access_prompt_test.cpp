@@ -37,7 +37,7 @@ protected:
     test::TemporaryFolder folder;
     const std::filesystem::path asked = folder.path() / "asked";
     const std::filesystem::path answers = folder.path() / "answers";
-    std::shared_ptr<kit::FakeMainQueue> queue = std::make_shared<kit::FakeMainQueue>();
+    std::shared_ptr<test::FakeMainQueue> queue = std::make_shared<test::FakeMainQueue>();
     int received = 0;
 };
 

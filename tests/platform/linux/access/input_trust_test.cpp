@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-using kit::FakeInputNodes;
+using test::FakeInputNodes;
 using Machine = FakeInputNodes::Permissions;
 
 struct Row {

@@ -22,7 +22,7 @@
 namespace glidemap {
 namespace {
 
-using desktops::ScopedEnvironment;
+using test::ScopedEnvironment;
 
 class ApplicationLauncherTest : public testing::Test {
 protected:
@@ -46,7 +46,7 @@ protected:
 
     // GIO notices new entries with a delay.
     static void waitForHandler(const char* scheme, const std::string& identifier) {
-        const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
+        const auto deadline = std::chrono::steady_clock::now() + test::patience;
         std::string handler;
         while (handler != identifier && std::chrono::steady_clock::now() < deadline) {
             if (GAppInfo* const info = g_app_info_get_default_for_uri_scheme(scheme)) {

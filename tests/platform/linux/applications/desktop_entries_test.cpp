@@ -112,7 +112,7 @@ TEST_F(DesktopEntriesTest, UserEntryOverridesSystemEntry) {
 // Sets the language before the other base class and the members are constructed, because their
 // threads must not read the environment while it changes.
 struct InChinese {
-    const desktops::ScopedEnvironment language{
+    const test::ScopedEnvironment language{
         {{"LANGUAGE", "zh_CN"}, {"LC_ALL", "zh_CN.UTF-8"}, {"LANG", "zh_CN.UTF-8"}}};
 };
 

@@ -13,7 +13,7 @@
 namespace glidemap {
 namespace {
 
-using desktops::ScopedEnvironment;
+using test::ScopedEnvironment;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-using namespace desktops;
+using namespace test;
 
 const PrivateBus& sessionBus() {
     static const PrivateBus bus;

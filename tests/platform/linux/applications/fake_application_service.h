@@ -17,7 +17,7 @@ using GDBusMessage = struct _GDBusMessage;
 namespace glidemap {
 
 // Returns the bus. The first call makes it the program's session bus.
-const desktops::PrivateBus& sessionBus();
+const test::PrivateBus& sessionBus();
 
 // Owns a name during its lifetime, records calls, and sends the same reply to each call.
 class FakeApplicationService {

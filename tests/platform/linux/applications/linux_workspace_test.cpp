@@ -67,7 +67,7 @@ protected:
     // GIO notices new entries with a delay.
     static void expectURL(const Workspace& workspace, const std::string& bundleID,
                           const std::string& expected) {
-        const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
+        const auto deadline = std::chrono::steady_clock::now() + test::patience;
         while (workspace.urlForApplication(bundleID) != expected &&
                std::chrono::steady_clock::now() < deadline)
             std::this_thread::yield();

@@ -11,7 +11,7 @@
 namespace glidemap {
 namespace {
 
-using namespace desktops;
+using namespace test;
 
 // A shell that writes "ready" and runs until the test ends it.
 class Shell {

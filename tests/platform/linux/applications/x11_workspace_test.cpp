@@ -26,7 +26,7 @@
 namespace glidemap {
 namespace {
 
-using namespace desktops;
+using namespace test;
 using testing::ElementsAre;
 
 std::string text(const Application& application) {

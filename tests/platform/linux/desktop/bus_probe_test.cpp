@@ -15,7 +15,7 @@ namespace {
 constexpr std::chrono::milliseconds briefly{100};
 
 TEST(BusProbeTest, WorkingBusResponds) {
-    const desktops::PrivateBus bus;
+    const test::PrivateBus bus;
     EXPECT_TRUE(busResponds(bus.address(), test::patience)) << bus.address();
     EXPECT_TRUE(busResponds(bus.address() + ";unix:path=/nowhere", test::patience));
 }

@@ -50,7 +50,7 @@ TEST(BusReplyTest, ReadsVariantsAndWordListsOnlyFromRepliesOfThatType) {
 }
 
 TEST(DesktopBusTest, WaitReturnsTheReplyOrTheError) {
-    const desktops::PrivateBus daemon;
+    const test::PrivateBus daemon;
     const auto bus = DesktopBus::open(daemon.address());
     ASSERT_NE(bus, nullptr);
     const auto reply = bus->wait({busDaemon, "ListNames"}, nullptr);
@@ -64,7 +64,7 @@ TEST(DesktopBusTest, WaitReturnsTheReplyOrTheError) {
 }
 
 TEST(DesktopBusTest, OpenReportsNullIfCancelledOrIfTheBusIsUnreachable) {
-    const desktops::PrivateBus daemon;
+    const test::PrivateBus daemon;
     DesktopThread thread;
     const GlibOwner<GCancellable> cancelled(g_cancellable_new());
     g_cancellable_cancel(cancelled.get());
@@ -88,7 +88,7 @@ TEST(DesktopBusTest, OpenReportsNullIfCancelledOrIfTheBusIsUnreachable) {
 
 // One connection serves an object, and another calls it.
 TEST(DesktopBusTest, ServedObjectReceivesTheSenderAndTheArguments) {
-    const desktops::PrivateBus daemon;
+    const test::PrivateBus daemon;
     DesktopThread thread;
     std::unique_ptr<DesktopBus> server;
     std::promise<std::string> received;
@@ -114,7 +114,7 @@ TEST(DesktopBusTest, ServedObjectReceivesTheSenderAndTheArguments) {
 }
 
 TEST(DesktopBusTest, PendingCallMakesNoCallbackAfterTheBusIsDestroyed) {
-    const desktops::PrivateBus daemon;
+    const test::PrivateBus daemon;
     DesktopThread thread;
     const auto called = std::make_shared<bool>(false);
     std::promise<void> released;

@@ -25,7 +25,7 @@
 namespace glidemap {
 namespace {
 
-using desktops::ScopedEnvironment;
+using test::ScopedEnvironment;
 
 class DetachedProcessTest : public testing::Test {
 protected:

@@ -30,11 +30,11 @@ TEST(DisplayTest, DisplayIsMissingIfTheVariablesAreUnsetOrNoServerIsReachable) {
 }
 
 TEST(DisplayTest, X11DisplayIsAvailableUntilItsServerExits) {
-    if (const std::string reason = desktops::XServer::whyNot(); !reason.empty()) {
+    if (const std::string reason = test::XServer::whyNot(); !reason.empty()) {
         GTEST_SKIP() << reason;
     }
     const test::InEnvironment wayland("WAYLAND_DISPLAY", nullptr);
-    std::optional<desktops::XServer> server(std::in_place);
+    std::optional<test::XServer> server(std::in_place);
     const test::InEnvironment x11("DISPLAY", server->display().c_str());
     EXPECT_TRUE(hasDisplay());
     server.reset();
@@ -42,10 +42,10 @@ TEST(DisplayTest, X11DisplayIsAvailableUntilItsServerExits) {
 }
 
 TEST(DisplayTest, WaylandDisplayIsAvailableUntilItsCompositorExits) {
-    if (!desktops::isInstalled("sway")) {
+    if (!test::isInstalled("sway")) {
         GTEST_SKIP() << "sway is not installed";
     }
-    std::optional<desktops::Sway> sway(std::in_place);
+    std::optional<test::Sway> sway(std::in_place);
     const test::InEnvironment folder("XDG_RUNTIME_DIR",
                                      sway->environment().at("XDG_RUNTIME_DIR").c_str());
     const test::InEnvironment wayland("WAYLAND_DISPLAY",

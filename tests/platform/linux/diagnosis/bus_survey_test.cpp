@@ -14,7 +14,7 @@ namespace {
 constexpr const char* variable = "DBUS_SESSION_BUS_ADDRESS";
 
 TEST(BusSurveyTest, ListsRunningAndStartableServices) {
-    const desktops::PrivateBus bus;
+    const test::PrivateBus bus;
     bus.makeStartable("org.glidemap.Startable", "/bin/false");
     const test::InEnvironment address(variable, bus.address().c_str());
     const BusSurvey survey = surveyBus(Bus::session, test::patience);

@@ -70,7 +70,7 @@ TEST_F(DiagnosisTest, HasAllSectionsWithoutDisplayOrBus) {
 TEST_F(DiagnosisTest, ReportsActionsThatNoServiceCanPerform) {
     const std::string silent = diagnosisPage(facts());
     EXPECT_THAT(silent, Not(HasSubstr("locking the screen")));
-    const desktops::PrivateBus bus;
+    const test::PrivateBus bus;
     const test::InEnvironment here("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str());
     const test::InEnvironment too("DBUS_SYSTEM_BUS_ADDRESS", bus.address().c_str());
     DiagnosisFacts patient = facts();

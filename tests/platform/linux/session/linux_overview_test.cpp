@@ -17,10 +17,10 @@ namespace glidemap {
 namespace {
 
 using namespace std::chrono_literals;
-using desktops::PrivateBus;
 using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
+using test::PrivateBus;
 using test::ServiceDescription;
 using Lines = Journal::Lines;
 

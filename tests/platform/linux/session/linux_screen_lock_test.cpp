@@ -22,10 +22,10 @@ namespace glidemap {
 namespace {
 
 using namespace std::chrono_literals;
-using desktops::PrivateBus;
 using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
+using test::PrivateBus;
 using test::ServiceDescription;
 using test::SilentSocket;
 using Lines = Journal::Lines;
@@ -130,7 +130,7 @@ protected:
     InEnvironment wayland{"WAYLAND_DISPLAY", nullptr};
     InEnvironment desktopName{"XDG_CURRENT_DESKTOP", nullptr};
     InEnvironment configuration{"XDG_CONFIG_HOME", programs.folder().c_str()};
-    kit::FakeMainQueue queue{[this] {
+    test::FakeMainQueue queue{[this] {
         journal.add("to the main thread");
     }};
     DesktopThread desktop;
@@ -354,7 +354,7 @@ protected:
     std::string untilTheTestEnds() const { return "read end <" + leash.path.string(); }
 
     std::optional<InEnvironment> ownDisplay;
-    desktops::Environment environment;
+    test::Environment environment;
     const test::TemporaryFolder pipes;
     const test::Leash leash{pipes.path() / "leash"};
 };

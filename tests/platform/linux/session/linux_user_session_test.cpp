@@ -19,10 +19,10 @@
 namespace glidemap {
 namespace {
 
-using desktops::PrivateBus;
 using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
+using test::PrivateBus;
 using test::ServiceDescription;
 using test::SilentSocket;
 
@@ -128,8 +128,8 @@ protected:
     InEnvironment sessionAddress{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
     std::deque<FakeService> services;
     std::deque<FakeSaver> savers;
-    std::shared_ptr<kit::FakeMainQueue> queue =
-        std::make_shared<kit::FakeMainQueue>([this] { journal.add("changed"); });
+    std::shared_ptr<test::FakeMainQueue> queue =
+        std::make_shared<test::FakeMainQueue>([this] { journal.add("changed"); });
     DesktopThread desktop;
 };
 

@@ -10,8 +10,8 @@
 namespace glidemap {
 namespace {
 
-using desktops::ScopedEnvironment;
-using desktops::XServer;
+using test::ScopedEnvironment;
+using test::XServer;
 
 // Owns the selection of a compositing manager, but does not composite.
 void composeScreen(xcb_connection_t* server) {

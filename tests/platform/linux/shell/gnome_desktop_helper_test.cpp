@@ -38,7 +38,7 @@ protected:
         }
     }
 
-    std::shared_ptr<kit::FakeMainQueue> queue = std::make_shared<kit::FakeMainQueue>();
+    std::shared_ptr<test::FakeMainQueue> queue = std::make_shared<test::FakeMainQueue>();
     GnomeExtension::Status status;
     std::optional<std::string> failure;
     std::vector<std::thread::id> threads;
@@ -135,7 +135,7 @@ TEST(GnomeDesktopHelperDetection, HelperExistsOnlyForGNOMEOnWayland) {
     for (const Row& row : rows) {
         const test::InEnvironment names("XDG_CURRENT_DESKTOP", row.names);
         const test::InEnvironment wayland("WAYLAND_DISPLAY", row.wayland);
-        const auto queue = std::make_shared<kit::FakeMainQueue>();
+        const auto queue = std::make_shared<test::FakeMainQueue>();
         EXPECT_EQ(GnomeDesktopHelper::ofThisSession(queue) != nullptr, row.isThere);
     }
 }

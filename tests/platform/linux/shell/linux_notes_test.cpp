@@ -47,16 +47,16 @@ protected:
     static std::string noteOf(Access access, const AccessPrompt& prompt, const char* code) {
         Lang lang{nullptr};
         lang.setCode(code);
-        const kit::FakeInputNodes::Permissions permissions{
+        const test::FakeInputNodes::Permissions permissions{
             {"/dev/input/event7"},
             access.toTouchpad ? std::set<std::string>{"/dev/input/event7"}
                               : std::set<std::string>(),
             access.toKeyboard};
-        return LinuxNotes(std::make_unique<kit::FakeInputNodes>(permissions), prompt)
+        return LinuxNotes(std::make_unique<test::FakeInputNodes>(permissions), prompt)
             .missingAccess(lang);
     }
 
-    std::shared_ptr<kit::FakeMainQueue> queue = std::make_shared<kit::FakeMainQueue>();
+    std::shared_ptr<test::FakeMainQueue> queue = std::make_shared<test::FakeMainQueue>();
 };
 
 TEST_F(LinuxNotesTest, NamesMissingDeviceNodesInEnglishAndChinese) {

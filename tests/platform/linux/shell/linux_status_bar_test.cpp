@@ -19,11 +19,11 @@
 namespace glidemap {
 namespace {
 
-using desktops::PrivateBus;
-using desktops::XServer;
 using test::FakeService;
 using test::Journal;
+using test::PrivateBus;
 using test::ServiceDescription;
+using test::XServer;
 using Kind = StatusBar::Kind;
 
 constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";

@@ -16,10 +16,10 @@
 namespace glidemap {
 namespace {
 
-using desktops::PrivateBus;
 using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
+using test::PrivateBus;
 using test::ServiceDescription;
 using Lines = Journal::Lines;
 
@@ -82,7 +82,7 @@ protected:
     InEnvironment address{"DBUS_SESSION_BUS_ADDRESS", bus.address().c_str()};
     std::unique_ptr<FakeService> service;
     DesktopThread desktop;
-    kit::FakeMainQueue queue;
+    test::FakeMainQueue queue;
 };
 
 TEST_F(PortalAppearanceTest, QueriesARunningPortalOnce) {

@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-using desktops::XServer;
+using test::XServer;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -39,16 +39,15 @@ TEST(DesktopBackends, StartsOnlyTheBackendOfTheRunningDesktop) {
     if (const std::string reason = XServer::whyNot(); !reason.empty())
         GTEST_SKIP() << reason;
     const XServer server;
-    desktops::XClient window(server);
+    test::XClient window(server);
     window.describe("one", "One");
     window.map();
     window.useRoot();
     window.setNumbers("_NET_ACTIVE_WINDOW", std::to_string(window.window()));
-    const desktops::ScopedEnvironment environment(
-        {{"DISPLAY", server.display()},
-         {"WAYLAND_DISPLAY", "no-such-compositor"},
-         {"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"},
-         {"XDG_CURRENT_DESKTOP", ""}});
+    const test::ScopedEnvironment environment({{"DISPLAY", server.display()},
+                                               {"WAYLAND_DISPLAY", "no-such-compositor"},
+                                               {"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere"},
+                                               {"XDG_CURRENT_DESKTOP", ""}});
 
     FirstActive listener;
     DesktopThread thread;

@@ -15,7 +15,7 @@ protected:
 
 TEST_F(ProcessTrustTest, ReturnsWhetherTheSystemTrustsTheProcess) {
     for (const bool permits : {true, false}) {
-        doubles::quartz().permits = permits;
+        test::quartz().permits = permits;
         EXPECT_EQ(trust.isTrusted(), permits);
         EXPECT_THAT(journal(), ElementsAre("AXIsProcessTrusted"));
         EXPECT_EQ(ProcessTrust().isTrustedWithPrompt(), permits);

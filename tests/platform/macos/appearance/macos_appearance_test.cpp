@@ -6,7 +6,7 @@
 namespace glidemap {
 namespace {
 
-using doubles::changeAppearance;
+using test::changeAppearance;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -59,19 +59,19 @@ TEST_F(MacosAppearanceTest, ColorSchemeMatchesTheApplicationsAppearance) {
         {std::nullopt, std::nullopt},
     };
     for (const Row& row : rows) {
-        doubles::startWithAppearance(row.bestMatch);
+        test::startWithAppearance(row.bestMatch);
         EXPECT_EQ(MacosAppearance().colorScheme(), row.scheme);
     }
 }
 
 TEST_F(MacosAppearanceTest, ReducedMotionFollowsTheSystem) {
     EXPECT_FALSE(MacosAppearance().reducesMotion());
-    doubles::workspace().reducesMotion = true;
+    test::workspace().reducesMotion = true;
     EXPECT_TRUE(MacosAppearance().reducesMotion());
 }
 
 TEST_F(MacosAppearanceTest, FollowsTheApplicationsAppearance) {
-    doubles::startWithAppearance(light);
+    test::startWithAppearance(light);
     MacosAppearance appearance;
     const Subscription following = follow(appearance);
     changeAppearance(dark);
@@ -83,22 +83,22 @@ TEST_F(MacosAppearanceTest, FollowsTheApplicationsAppearance) {
 }
 
 TEST_F(MacosAppearanceTest, FollowsTheDisplayOptions) {
-    doubles::startWithAppearance(dark);
+    test::startWithAppearance(dark);
     MacosAppearance appearance;
     const Subscription following = follow(appearance);
-    doubles::setReducesMotion(true);
-    doubles::setReducesMotion(false);
+    test::setReducesMotion(true);
+    test::setReducesMotion(false);
     EXPECT_THAT(announced, ElementsAre("before dark moving", "after dark still",
                                        "before dark still", "after dark moving"));
 }
 
 TEST_F(MacosAppearanceTest, NotifiesOnlyForChangedValues) {
-    doubles::startWithAppearance(dark);
+    test::startWithAppearance(dark);
     MacosAppearance appearance;
     const Subscription following = follow(appearance);
     changeAppearance(dark);
-    doubles::setReducesMotion(false);
-    doubles::activate(std::nullopt);
+    test::setReducesMotion(false);
+    test::activate(std::nullopt);
     EXPECT_THAT(announced, IsEmpty());
 }
 
@@ -107,14 +107,14 @@ TEST_F(MacosAppearanceTest, IgnoresNotificationsAfterDestruction) {
     journal();
     appearance.reset();
     changeAppearance(dark);
-    doubles::setReducesMotion(true);
+    test::setReducesMotion(true);
     EXPECT_THAT(journal(), ElementsAre("removeObserver"));
-    EXPECT_EQ(doubles::forgetObservations(), 0U);
+    EXPECT_EQ(test::forgetObservations(), 0U);
 }
 
 TEST_F(MacosAppearanceTest, MotionIsUnknownWithoutAWorkspace) {
-    doubles::workspace().exists = false;
-    doubles::startWithAppearance(dark);
+    test::workspace().exists = false;
+    test::startWithAppearance(dark);
     MacosAppearance appearance;
     EXPECT_FALSE(appearance.reducesMotion());
     changeAppearance(light);

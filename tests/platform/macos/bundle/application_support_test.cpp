@@ -6,7 +6,7 @@
 namespace glidemap {
 namespace {
 
-using doubles::files;
+using test::files;
 using testing::ElementsAre;
 
 class ApplicationSupportTest : public FilesTest {};

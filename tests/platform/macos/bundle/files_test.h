@@ -8,8 +8,8 @@ namespace glidemap {
 
 class FilesTest : public CocoaTest {
 protected:
-    FilesTest() { doubles::files() = {}; }
-    ~FilesTest() override { doubles::closeFiles(); }
+    FilesTest() { test::files() = {}; }
+    ~FilesTest() override { test::closeFiles(); }
 };
 
 } // namespace glidemap

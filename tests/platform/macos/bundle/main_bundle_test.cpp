@@ -6,8 +6,8 @@
 namespace glidemap {
 namespace {
 
-using doubles::files;
-using Information = doubles::Files::Information;
+using test::files;
+using Information = test::Files::Information;
 
 class MainBundleTest : public FilesTest {};
 

@@ -8,10 +8,10 @@
 namespace glidemap {
 namespace {
 
-using doubles::Passage;
-using doubles::play;
-using doubles::playNotice;
-using doubles::playTo;
+using test::Passage;
+using test::play;
+using test::playNotice;
+using test::playTo;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -46,7 +46,7 @@ TEST_F(QuartzClickTapTest, InstallsTheTapAheadOfOtherSessionTapsOnTheMainRunLoop
 }
 
 TEST_F(QuartzClickTapTest, CreatesNoTapWithoutPermission) {
-    doubles::quartz().permits = false;
+    test::quartz().permits = false;
     QuartzClickTap tap;
     EXPECT_FALSE(tap.create([](const ClickEvent&) { return ClickTap::Verdict::pass; }));
     tap.setEnabled(true);
@@ -55,10 +55,10 @@ TEST_F(QuartzClickTapTest, CreatesNoTapWithoutPermission) {
 }
 
 TEST_F(QuartzClickTapTest, ReleasesATapWithoutARunLoopSource) {
-    doubles::coreFoundation().makesRunLoopSources = false;
+    test::coreFoundation().makesRunLoopSources = false;
     QuartzClickTap tap;
     EXPECT_FALSE(tap.create([](const ClickEvent&) { return ClickTap::Verdict::pass; }));
-    EXPECT_THAT(doubles::livingObjects(), IsEmpty());
+    EXPECT_THAT(test::livingObjects(), IsEmpty());
 }
 
 TEST_F(QuartzClickTapTest, ReportsEachEventWithItsButton) {
@@ -104,7 +104,7 @@ TEST_F(QuartzClickTapTest, RemoveTakesTheTapFromTheRunLoopAndReleasesTheTap) {
                 ElementsAre("CGEventTapEnable CFMachPort false",
                             "CFRunLoopRemoveSource main run loop CFRunLoopSource common modes",
                             "CFMachPortInvalidate CFMachPort"));
-    EXPECT_THAT(doubles::livingObjects(), IsEmpty());
+    EXPECT_THAT(test::livingObjects(), IsEmpty());
     tap->remove();
     EXPECT_THAT(journal(), IsEmpty());
 }

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <type_traits>
 
-namespace glidemap::contract {
+namespace glidemap::test {
 namespace {
 
 static_assert(NSEventMaskKeyDown == 1U << 10);
@@ -90,4 +90,4 @@ TEST(AppKitContract, DeclaresInterfacesForTheStatusItem) {
 }
 
 } // namespace
-} // namespace glidemap::contract
+} // namespace glidemap::test

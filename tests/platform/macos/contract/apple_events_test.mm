@@ -6,7 +6,7 @@
 
 #include <type_traits>
 
-namespace glidemap::contract {
+namespace glidemap::test {
 namespace {
 
 static_assert(kCoreEventClass == 0x61657674);      // 'aevt'
@@ -42,4 +42,4 @@ TEST(AppleEventsContract, DeclaresInterfacesForReopenAndQuit) {
 }
 
 } // namespace
-} // namespace glidemap::contract
+} // namespace glidemap::test

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <type_traits>
 
-namespace glidemap::contract {
+namespace glidemap::test {
 namespace {
 
 static_assert(std::is_same_v<CGKeyCode, std::uint16_t>);
@@ -68,4 +68,4 @@ TEST(ApplicationServicesContract, DeclaresInterfacesForPermission) {
 }
 
 } // namespace
-} // namespace glidemap::contract
+} // namespace glidemap::test

@@ -3,7 +3,7 @@
 // null.
 #pragma once
 
-namespace glidemap::contract {
+namespace glidemap::test {
 
 // The signature must match exactly: no conversion takes place.
 template <typename Signature>
@@ -11,4 +11,4 @@ bool isThere(Signature* function) {
     return function != nullptr;
 }
 
-} // namespace glidemap::contract
+} // namespace glidemap::test

@@ -5,7 +5,7 @@
 
 #include <type_traits>
 
-namespace glidemap::contract {
+namespace glidemap::test {
 namespace {
 
 static_assert(std::is_same_v<CFTypeRef, const void*>);
@@ -68,4 +68,4 @@ TEST(CoreFoundationContract, DeclaresInterfacesForStoringSettings) {
 }
 
 } // namespace
-} // namespace glidemap::contract
+} // namespace glidemap::test

@@ -6,7 +6,7 @@
 
 #include <type_traits>
 
-namespace glidemap::contract {
+namespace glidemap::test {
 namespace {
 
 constexpr NSString* noText = nullptr;
@@ -162,4 +162,4 @@ TEST(FoundationContract, DeclaresInterfacesForNotificationsAndObservation) {
 }
 
 } // namespace
-} // namespace glidemap::contract
+} // namespace glidemap::test

@@ -4,7 +4,7 @@
 
 #include <type_traits>
 
-namespace glidemap::contract {
+namespace glidemap::test {
 namespace {
 
 static_assert(SMAppServiceStatusNotRegistered == 0);
@@ -32,4 +32,4 @@ TEST(LoginItemContract, DeclaresInterfacesForTheLoginItem) {
 }
 
 } // namespace
-} // namespace glidemap::contract
+} // namespace glidemap::test

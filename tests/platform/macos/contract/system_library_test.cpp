@@ -5,7 +5,7 @@
 #include <pthread.h>
 #include <pthread/qos.h>
 
-namespace glidemap::contract {
+namespace glidemap::test {
 namespace {
 
 static_assert(QOS_CLASS_USER_INTERACTIVE == 0x21);
@@ -22,4 +22,4 @@ TEST(SystemLibraryContract, DeclaresInterfacesForLoadingPrivateFrameworks) {
 }
 
 } // namespace
-} // namespace glidemap::contract
+} // namespace glidemap::test

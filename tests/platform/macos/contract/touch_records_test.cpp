@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <cstring>
 
-namespace glidemap::contract {
+namespace glidemap::test {
 namespace {
 
 constexpr std::size_t recordSize = 96;
@@ -44,4 +44,4 @@ TEST(TouchRecordsContract, RecordFieldsHaveTheFrameworksOffsets) {
 }
 
 } // namespace
-} // namespace glidemap::contract
+} // namespace glidemap::test

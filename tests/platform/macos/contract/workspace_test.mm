@@ -4,7 +4,7 @@
 
 #include <type_traits>
 
-namespace glidemap::contract {
+namespace glidemap::test {
 namespace {
 
 constexpr NSWorkspace* noWorkspace = nullptr;
@@ -84,4 +84,4 @@ TEST(WorkspaceContract, DeclaresNotificationNames) {
 }
 
 } // namespace
-} // namespace glidemap::contract
+} // namespace glidemap::test

@@ -10,9 +10,9 @@ using testing::IsEmpty;
 
 class PreferencesTest : public MacosTest {
 protected:
-    PreferencesTest() { doubles::preferences() = {}; }
+    PreferencesTest() { test::preferences() = {}; }
 
-    std::map<std::string, doubles::Preference>& stored = doubles::preferences().stored;
+    std::map<std::string, test::Preference>& stored = test::preferences().stored;
     Preferences preferences;
 };
 
@@ -48,14 +48,14 @@ TEST_F(PreferencesTest, WritesValuesImmediatelyWithTheirType) {
                                        "CFPreferencesAppSynchronize this application"));
     preferences.setBoolean("masterEnabled", false);
     preferences.setBoolean("other", true);
-    EXPECT_EQ(stored, (std::map<std::string, doubles::Preference>{
+    EXPECT_EQ(stored, (std::map<std::string, test::Preference>{
                           {"appLanguage", "zh"}, {"masterEnabled", false}, {"other", true}}));
     EXPECT_EQ(journal().size(), 4U);
 }
 
 TEST_F(PreferencesTest, ReadsAndWritesNothingIfStringsCannotBeCreated) {
     stored["appLanguage"] = "zh";
-    doubles::preferences().makesTexts = false;
+    test::preferences().makesTexts = false;
     EXPECT_EQ(preferences.string("appLanguage"), std::nullopt);
     preferences.setString("appLanguage", "en");
     preferences.setBoolean("masterEnabled", true);

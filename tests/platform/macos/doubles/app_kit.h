@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 struct AppKit {
     bool givesEventMonitors = true;
@@ -25,4 +25,4 @@ Receiver play(const KeyDown& press);
 
 std::size_t installedMonitors();
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

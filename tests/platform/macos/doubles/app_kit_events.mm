@@ -9,7 +9,7 @@
 #include <sstream>
 #include <vector>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 namespace {
 
@@ -87,9 +87,9 @@ bool isTaken(NSEvent* event) {
 
 } // namespace
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
-using namespace glidemap::doubles;
+using namespace glidemap::test;
 
 @interface NSEvent (Making)
 - (id)initWith:(const KeyDown&)press;
@@ -123,7 +123,7 @@ using namespace glidemap::doubles;
 }
 @end
 
-Receiver glidemap::doubles::play(const KeyDown& press) {
+Receiver glidemap::test::play(const KeyDown& press) {
     NSEvent* event = [[NSEvent alloc] initWith:press];
     const bool taken = isTaken(event);
     [event release];

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 // The fixture's set-up calls this function.
 void resetAppearance();
@@ -16,4 +16,4 @@ void startWithAppearance(std::optional<std::string> bestMatch);
 // Changes that name while the program runs, and notifies observers.
 void changeAppearance(std::optional<std::string> bestMatch);
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 namespace {
 
@@ -30,9 +30,9 @@ void changeAppearance(std::optional<std::string> bestMatch) {
     [application didChangeValueForKey:@"effectiveAppearance"];
 }
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
-using namespace glidemap::doubles;
+using namespace glidemap::test;
 
 NSAppearanceName const NSAppearanceNameAqua = @"NSAppearanceNameAqua";
 NSAppearanceName const NSAppearanceNameDarkAqua = @"NSAppearanceNameDarkAqua";

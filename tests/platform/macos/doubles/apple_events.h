@@ -1,7 +1,7 @@
 // Sends Apple events to the program.
 #pragma once
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 // Sends the reopen event. Returns whether a handler exists.
 bool sendReopen();
@@ -9,4 +9,4 @@ bool sendReopen();
 // Sends the quit event of a logout. Returns whether a handler exists.
 bool sendQuit();
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

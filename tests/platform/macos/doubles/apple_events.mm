@@ -30,7 +30,7 @@ std::string lettersOf(FourCharCode code) {
 }
 
 void noteEvent(const std::string& what, AEEventClass eventClass, AEEventID eventID) {
-    glidemap::doubles::note(what + " " + lettersOf(eventClass) + " " + lettersOf(eventID));
+    glidemap::test::note(what + " " + lettersOf(eventClass) + " " + lettersOf(eventID));
 }
 
 } // namespace
@@ -78,10 +78,10 @@ bool send(AEEventID eventID) {
 
 } // namespace
 
-bool glidemap::doubles::sendReopen() {
+bool glidemap::test::sendReopen() {
     return send(kAEReopenApplication);
 }
 
-bool glidemap::doubles::sendQuit() {
+bool glidemap::test::sendQuit() {
     return send(kAEQuitApplication);
 }

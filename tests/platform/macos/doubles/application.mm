@@ -4,7 +4,7 @@
 
 #include <string>
 
-using glidemap::doubles::note;
+using glidemap::test::note;
 
 @implementation NSApplication
 + (NSApplication*)sharedApplication {

@@ -7,7 +7,7 @@
 #include <array>
 #include <sstream>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 Quartz& quartz() {
     static Quartz settings;
@@ -72,9 +72,9 @@ Passage playNotice(CGEventType type) {
                                                                                : Passage::replaced;
 }
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
-using namespace glidemap::doubles;
+using namespace glidemap::test;
 
 CGEventSourceRef CGEventSourceCreate(CGEventSourceStateID stateID) {
     note("CGEventSourceCreate " + std::to_string(stateID));

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <mutex>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 namespace {
 
@@ -103,9 +103,9 @@ const Constant mainRunLoop("main run loop");
 
 } // namespace
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
-using namespace glidemap::doubles;
+using namespace glidemap::test;
 
 CFTypeRef CFRetain(CFTypeRef reference) {
     if (Object* object = objectOf(reference)) {

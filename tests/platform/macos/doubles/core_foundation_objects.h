@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 class Object {
 public:
@@ -61,4 +61,4 @@ std::multiset<std::string> livingObjects();
 // Releases every object of this kind until it has no owner.
 void releaseAll(const std::string& kind);
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

@@ -1,7 +1,7 @@
 // Posts notifications from other processes to a program that is not frontmost.
 #pragma once
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 // Creates the shared center, which lives until the program exits.
 void makeDistributedCenter();
@@ -9,4 +9,4 @@ void makeDistributedCenter();
 // Like the system, delivers only to observers that do not wait until the program is frontmost.
 void postDistributed(const char* name);
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 struct Files {
     enum class Information { none, empty, version, manifestWithoutTextVersion };
@@ -22,4 +22,4 @@ Files& files();
 // Releases the fake main bundle and the fake default file manager.
 void closeFiles();
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

@@ -17,7 +17,7 @@ thread_local std::vector<std::vector<NSObject*>> pools;
 
 } // namespace
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 Pool::Pool() : pool([[NSAutoreleasePool alloc] init]) {}
 
@@ -36,7 +36,7 @@ std::multiset<std::string> livingCocoaObjects() {
     return classes;
 }
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
 @implementation NSObject
 + (void)initialize {
@@ -133,7 +133,7 @@ std::multiset<std::string> livingCocoaObjects() {
 }
 @end
 
-std::size_t glidemap::doubles::livingInstances(const std::string& className) {
+std::size_t glidemap::test::livingInstances(const std::string& className) {
     const std::lock_guard lock(guard);
     return static_cast<std::size_t>(
         std::count_if(owners.begin(), owners.end(), [&className](const auto& entry) {

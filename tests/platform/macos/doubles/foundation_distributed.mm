@@ -33,13 +33,13 @@ std::vector<Registration> observers;
                 object:(NSString*)object
     suspensionBehavior:(NSNotificationSuspensionBehavior)suspensionBehavior {
     EXPECT_EQ(object, nil);
-    glidemap::doubles::note(std::string("addDistributedObserver ") + [name UTF8String]);
+    glidemap::test::note(std::string("addDistributedObserver ") + [name UTF8String]);
     observers.push_back({observer, selector, [name UTF8String],
                          suspensionBehavior == NSNotificationSuspensionBehaviorDeliverImmediately});
 }
 - (void)removeObserver:(id)observer name:(NSNotificationName)aName object:(NSString*)anObject {
     EXPECT_EQ(anObject, nil);
-    glidemap::doubles::note(std::string("removeDistributedObserver ") + [aName UTF8String]);
+    glidemap::test::note(std::string("removeDistributedObserver ") + [aName UTF8String]);
     const std::string name = [aName UTF8String];
     EXPECT_EQ(std::erase_if(observers,
                             [&](const Registration& one) {
@@ -50,11 +50,11 @@ std::vector<Registration> observers;
 }
 @end
 
-void glidemap::doubles::makeDistributedCenter() {
+void glidemap::test::makeDistributedCenter() {
     [NSDistributedNotificationCenter defaultCenter];
 }
 
-void glidemap::doubles::postDistributed(const char* name) {
+void glidemap::test::postDistributed(const char* name) {
     NSNotification* const notice =
         [NSNotification notificationWithName:[NSString stringWithUTF8String:name]
                                       object:nil

@@ -3,7 +3,7 @@
 
 #import <Foundation/Foundation.h>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 Files& files() {
     static Files settings;
@@ -28,9 +28,9 @@ void closeFiles() {
     theManager = nil;
 }
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
-using namespace glidemap::doubles;
+using namespace glidemap::test;
 
 @implementation NSBundle
 + (NSBundle*)mainBundle {

@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 // Provides an autorelease pool until it is destroyed, as the main loop does.
 class Pool {
@@ -25,4 +25,4 @@ std::size_t livingInstances(const std::string& className);
 // Returns the sorted classes of all objects that still have an owner.
 std::multiset<std::string> livingCocoaObjects();
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

@@ -123,7 +123,7 @@ NSString* ownKey(NSString* key) {
 
 } // namespace
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 std::size_t forgetObservations() {
     for (const Observation& one : observations) {
@@ -132,7 +132,7 @@ std::size_t forgetObservations() {
     return std::exchange(observations, {}).size();
 }
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
 @implementation NSObject (NSKeyValueObserving)
 - (void)observeValueForKeyPath:(NSString*)keyPath

@@ -6,7 +6,7 @@
 #include <set>
 #include <sstream>
 
-using glidemap::doubles::note;
+using glidemap::test::note;
 
 namespace {
 

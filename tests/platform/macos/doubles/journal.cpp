@@ -3,7 +3,7 @@
 #include <mutex>
 #include <utility>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 namespace {
 
@@ -22,10 +22,10 @@ std::vector<std::string> takeJournal() {
     return std::exchange(lines, {});
 }
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
 void noteInJournal(const char* line) {
-    glidemap::doubles::note(line);
+    glidemap::test::note(line);
 }
 
 // The Objective-C runtime keeps its allocations until the process exits. They are not leaks.

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 struct MainAppService {
     long status = 0; // the system's constant
@@ -18,4 +18,4 @@ MainAppService& mainAppService();
 // Destroys the service object.
 void closeMainAppService();
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

@@ -4,7 +4,7 @@
 
 #import <ServiceManagement/ServiceManagement.h>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 MainAppService& mainAppService() {
     static MainAppService settings;
@@ -39,9 +39,9 @@ void closeMainAppService() {
     theService = nil;
 }
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
-using namespace glidemap::doubles;
+using namespace glidemap::test;
 
 @implementation SMAppService
 + (SMAppService*)mainAppService {

@@ -3,10 +3,10 @@
 
 #include <cstddef>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 // Returns how many observers were not removed, as far as the system reports them, and removes them
 // from the fakes.
 std::size_t forgetObservations();
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

@@ -7,7 +7,7 @@
 
 #include <cstring>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 Preferences& preferences() {
     static Preferences notified;
@@ -52,9 +52,9 @@ struct Truth : Object {
 
 } // namespace
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
-using namespace glidemap::doubles;
+using namespace glidemap::test;
 
 const CFStringRef kCFPreferencesCurrentApplication = constantText("this application");
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <variant>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 // A number represents all types other than text and boolean.
 using Preference = std::variant<std::string, bool, double>;
@@ -17,4 +17,4 @@ struct Preferences {
 };
 Preferences& preferences();
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

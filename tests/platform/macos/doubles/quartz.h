@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 struct Quartz {
     bool makesEventSources = true;
@@ -30,4 +30,4 @@ Passage playNotice(CGEventType type);
 // Calls the event tap's callback with the given user data.
 Passage playTo(void* userInfo, CGEventType type, std::int64_t button);
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

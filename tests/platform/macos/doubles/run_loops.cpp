@@ -5,7 +5,7 @@
 
 #include <map>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 CoreFoundation& coreFoundation() {
     static CoreFoundation settings;
@@ -26,9 +26,9 @@ CFRunLoopSourceRef tied(CFMachPortRef port, CFRunLoopSourceRef source) {
 
 } // namespace
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
-using namespace glidemap::doubles;
+using namespace glidemap::test;
 
 CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef /*allocator*/, CFMachPortRef port,
                                                  CFIndex order) {

@@ -4,7 +4,7 @@
 #include <set>
 #include <string>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 struct StatusItemScene {
     std::set<std::string> symbols; // the symbols that the system has
@@ -14,4 +14,4 @@ struct StatusItemScene {
 // Returns the state of the fake. The fixture's set-up resets it.
 StatusItemScene& statusItemScene();
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

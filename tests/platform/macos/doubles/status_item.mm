@@ -4,9 +4,9 @@
 
 #import <AppKit/AppKit.h>
 
-using namespace glidemap::doubles;
+using namespace glidemap::test;
 
-StatusItemScene& glidemap::doubles::statusItemScene() {
+StatusItemScene& glidemap::test::statusItemScene() {
     static StatusItemScene scene;
     return scene;
 }

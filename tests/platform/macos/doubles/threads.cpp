@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-using glidemap::doubles::note;
+using glidemap::test::note;
 
 int pthread_setname_np(const char* name) {
     note("pthread_setname_np " + std::string(name));

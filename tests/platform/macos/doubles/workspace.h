@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 enum class Policy { regular, accessory, prohibited };
 
@@ -48,4 +48,4 @@ void postNotice(const char* name);
 
 void setReducesMotion(bool reduces);
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

@@ -7,7 +7,7 @@
 
 #include <utility>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 Workspace& workspace() {
     static Workspace settings;
@@ -28,9 +28,9 @@ std::string textOf(NSString* string) {
 
 } // namespace
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
 
-using namespace glidemap::doubles;
+using namespace glidemap::test;
 
 NSNotificationName NSWorkspaceDidActivateApplicationNotification =
     @"NSWorkspaceDidActivateApplicationNotification";
@@ -66,11 +66,11 @@ NSString* const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 @end
 
 @interface NSRunningApplication (DoubleOfApplication)
-+ (NSRunningApplication*)doubleOf:(const glidemap::doubles::RunningApplication&)application;
++ (NSRunningApplication*)doubleOf:(const glidemap::test::RunningApplication&)application;
 @end
 
 @implementation NSRunningApplication
-+ (NSRunningApplication*)doubleOf:(const glidemap::doubles::RunningApplication&)application {
++ (NSRunningApplication*)doubleOf:(const glidemap::test::RunningApplication&)application {
     NSRunningApplication* made = [[[NSRunningApplication alloc] init] autorelease];
     made->identifier = [stringOf(application.bundleID) retain];
     made->name = [stringOf(application.name) retain];
@@ -159,7 +159,7 @@ NSString* const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 }
 @end
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 void closeWorkspace() {
     [theWorkspace release];
@@ -170,7 +170,7 @@ void activate(std::optional<RunningApplication> application) {
     workspace().frontmost = std::move(application);
     const auto& now = workspace().frontmost;
     NSRunningApplication* const notified =
-        [NSRunningApplication doubleOf:now ? *now : glidemap::doubles::RunningApplication{}];
+        [NSRunningApplication doubleOf:now ? *now : glidemap::test::RunningApplication{}];
     [[[NSWorkspace sharedWorkspace] notificationCenter]
         postNotificationName:NSWorkspaceDidActivateApplicationNotification
                       object:[NSWorkspace sharedWorkspace]
@@ -206,4 +206,4 @@ void setReducesMotion(bool reduces) {
     postNotice("NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification");
 }
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

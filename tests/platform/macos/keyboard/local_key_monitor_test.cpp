@@ -6,9 +6,9 @@
 namespace glidemap {
 namespace {
 
-using doubles::installedMonitors;
-using doubles::play;
-using doubles::Receiver;
+using test::installedMonitors;
+using test::play;
+using test::Receiver;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -152,7 +152,7 @@ TEST_F(LocalKeyMonitorTest, CallbackMayDestroyTheMonitor) {
 }
 
 TEST_F(LocalKeyMonitorTest, PassesEventsIfTheSystemCreatesNoMonitor) {
-    doubles::appKit().givesEventMonitors = false;
+    test::appKit().givesEventMonitors = false;
     start();
     EXPECT_EQ(play({letterA}), Receiver::windows);
     monitor->stop();

@@ -27,14 +27,14 @@ TEST_F(QuartzKeyEventPosterTest, PostsPressAndReleaseWithExactlyTheGivenFlags) {
 }
 
 TEST_F(QuartzKeyEventPosterTest, PostsNothingWithoutASource) {
-    doubles::quartz().makesEventSources = false;
+    test::quartz().makesEventSources = false;
     poster.post(lockShortcut);
     EXPECT_THAT(journal(), ElementsAre("CGEventSourceCreate 1"));
 }
 
 TEST_F(QuartzKeyEventPosterTest, PostsNothingIfEitherEventIsMissing) {
     for (const int made : {0, 1}) {
-        doubles::quartz().eventsThatCanBeMade = made;
+        test::quartz().eventsThatCanBeMade = made;
         poster.post(lockShortcut);
         EXPECT_THAT(journal(), ElementsAre("CGEventSourceCreate 1",
                                            "CGEventCreateKeyboardEvent source 12 down",

@@ -9,8 +9,8 @@
 namespace glidemap {
 namespace {
 
-using doubles::postDistributed;
-using doubles::postNotice;
+using test::postDistributed;
+using test::postNotice;
 using testing::AllOf;
 using testing::Each;
 using testing::HasSubstr;
@@ -30,12 +30,12 @@ State stateOf(const MacosUserSession& session) {
 
 // The center must exist before the fixture counts living objects.
 struct SharedCenter {
-    SharedCenter() { doubles::makeDistributedCenter(); }
+    SharedCenter() { test::makeDistributedCenter(); }
 };
 
 class MacosUserSessionStartTest : private SharedCenter, public CocoaTest {
 protected:
-    MacosUserSessionStartTest() { doubles::preferences() = {}; } // resets makesTexts, too
+    MacosUserSessionStartTest() { test::preferences() = {}; } // resets makesTexts, too
 };
 
 class MacosUserSessionTest : public MacosUserSessionStartTest {
@@ -106,17 +106,17 @@ TEST_F(MacosUserSessionTest, ScreenSaverAndDisplaySleepChangeNothing) {
 }
 
 TEST_F(MacosUserSessionStartTest, ReadsTheInitialStateFromTheWindowServer) {
-    doubles::quartz().isOnConsole = false;
+    test::quartz().isOnConsole = false;
     EXPECT_EQ(stateOf(MacosUserSession()), (State{.isActive = false}));
-    doubles::quartz() = {};
-    doubles::quartz().isLocked = true;
+    test::quartz() = {};
+    test::quartz().isLocked = true;
     EXPECT_EQ(stateOf(MacosUserSession()), (State{.isLocked = true}));
 }
 
 TEST_F(MacosUserSessionStartTest, SessionIsActiveAndUnlockedWithoutAWindowServer) {
-    doubles::quartz().isOnConsole = false;
-    doubles::quartz().isLocked = true;
-    doubles::quartz().hasSession = false;
+    test::quartz().isOnConsole = false;
+    test::quartz().isLocked = true;
+    test::quartz().hasSession = false;
     EXPECT_EQ(stateOf(MacosUserSession()), State());
 }
 

@@ -4,7 +4,7 @@
 namespace glidemap {
 namespace {
 
-using doubles::mainAppService;
+using test::mainAppService;
 using testing::ElementsAre;
 
 using Status = LoginItemService::Status;

@@ -4,17 +4,17 @@
 
 namespace glidemap {
 
-std::vector<std::string>& doubles::asked() {
+std::vector<std::string>& test::asked() {
     static std::vector<std::string> lines;
     return lines;
 }
 
 void becomeAccessory() {
-    doubles::asked().push_back("becomeAccessory");
+    test::asked().push_back("becomeAccessory");
 }
 
 void comeForward() {
-    doubles::asked().push_back("comeForward");
+    test::asked().push_back("comeForward");
 }
 
 } // namespace glidemap

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 std::vector<std::string>& asked();
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

@@ -8,9 +8,9 @@
 namespace glidemap {
 namespace {
 
-using doubles::livingInstances;
-using doubles::sendQuit;
-using doubles::sendReopen;
+using test::livingInstances;
+using test::sendQuit;
+using test::sendReopen;
 using testing::ElementsAre;
 using Kind = AppleEvent::Kind;
 

@@ -17,7 +17,7 @@ using testing::ElementsAre;
 class MacosApplicationShellTest : public testing::Test {
 protected:
     MacosApplicationShellTest() {
-        doubles::asked().clear();
+        test::asked().clear();
         QGuiApplication::setQuitOnLastWindowClosed(true); // Qt's default
     }
 
@@ -28,7 +28,7 @@ protected:
 
 TEST_F(MacosApplicationShellTest, KeepsRunningAsAccessoryWithoutAWindow) {
     shell.becomeAccessory();
-    EXPECT_THAT(doubles::asked(), ElementsAre("becomeAccessory"));
+    EXPECT_THAT(test::asked(), ElementsAre("becomeAccessory"));
     EXPECT_FALSE(QGuiApplication::quitOnLastWindowClosed());
 }
 
@@ -36,20 +36,20 @@ TEST_F(MacosApplicationShellTest, ShowingTheWindowActivatesTheProgram) {
     QWidget window;
     window.show();
     shell.activate(window);
-    EXPECT_THAT(doubles::asked(), ElementsAre("comeForward"));
+    EXPECT_THAT(test::asked(), ElementsAre("comeForward"));
 }
 
 TEST_F(MacosApplicationShellTest, ActivityLastsWhileGesturesAreOn) {
     shell.setGesturesOn(false);
-    EXPECT_THAT(doubles::asked(), testing::IsEmpty());
+    EXPECT_THAT(test::asked(), testing::IsEmpty());
     shell.setGesturesOn(true);
     shell.setGesturesOn(true);
-    EXPECT_THAT(doubles::asked(), ElementsAre("begin: Trackpad gestures are on"));
+    EXPECT_THAT(test::asked(), ElementsAre("begin: Trackpad gestures are on"));
     shell.setGesturesOn(false);
     shell.setGesturesOn(false);
     shell.setGesturesOn(true);
-    EXPECT_THAT(doubles::asked(), ElementsAre("begin: Trackpad gestures are on", "end",
-                                              "begin: Trackpad gestures are on"));
+    EXPECT_THAT(test::asked(), ElementsAre("begin: Trackpad gestures are on", "end",
+                                           "begin: Trackpad gestures are on"));
 }
 
 // QCoreApplication::quit() sends the program a quit request, as the system does.

@@ -8,7 +8,7 @@
 namespace glidemap {
 namespace {
 
-using doubles::statusItemScene;
+using test::statusItemScene;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -6,11 +6,11 @@ namespace glidemap {
 struct UserActivity::Token {};
 
 UserActivity::UserActivity(const char* reason) {
-    doubles::asked().push_back(std::string("begin: ") + reason);
+    test::asked().push_back(std::string("begin: ") + reason);
 }
 
 UserActivity::~UserActivity() {
-    doubles::asked().push_back("end");
+    test::asked().push_back("end");
 }
 
 } // namespace glidemap

@@ -13,7 +13,7 @@ std::optional<std::vector<const void*>> trackpads;
 // Returns the fake framework's device list, an array that the caller owns, or null.
 extern "C" __attribute__((visibility("default"))) const void* trackpadList();
 const void* trackpadList() {
-    return trackpads ? glidemap::doubles::handOutArray(*trackpads) : nullptr;
+    return trackpads ? glidemap::test::handOutArray(*trackpads) : nullptr;
 }
 
 namespace glidemap {
@@ -38,7 +38,7 @@ protected:
 
     ~TouchDriverPlatformTest() override {
         // The manager keeps its list until the program exits.
-        doubles::releaseAll("CFArray");
+        test::releaseAll("CFArray");
     }
 
     static TouchDriverPlatform platformAt(const char* library) {
@@ -72,7 +72,7 @@ TEST_F(TouchDriverPlatformTest, KeepsTheDeviceArrayUntilTheProgramExits) {
         manager.start();
         manager.stop();
     }
-    EXPECT_THAT(doubles::livingObjects(), ElementsAre("CFArray"));
+    EXPECT_THAT(test::livingObjects(), ElementsAre("CFArray"));
 }
 
 TEST_F(TouchDriverPlatformTest, FindsNoDeviceWithoutADeviceArray) {

@@ -8,8 +8,8 @@
 namespace glidemap {
 namespace {
 
-using doubles::activate;
-using doubles::RunningApplication;
+using test::activate;
+using test::RunningApplication;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -19,7 +19,7 @@ const RunningApplication draw{"com.example.draw", "画图"};
 class FrontmostApplicationTest : public CocoaTest {};
 
 TEST_F(FrontmostApplicationTest, AddsObserversBeforeReadingTheApplicationOnce) {
-    doubles::workspace().frontmost = notes;
+    test::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
     EXPECT_THAT(journal(),
@@ -52,33 +52,33 @@ TEST_F(FrontmostApplicationTest, ReturnsAnApplicationWithoutANameOrAnIdentifier)
 }
 
 TEST_F(FrontmostApplicationTest, ActivationWithoutAnApplicationClearsTheApplication) {
-    doubles::workspace().frontmost = notes;
+    test::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
-    doubles::noticeAnActivationOnly();
+    test::noticeAnActivationOnly();
     EXPECT_EQ(frontmost.current(), Application());
 }
 
 TEST_F(FrontmostApplicationTest, TerminationWithoutAnotherActivationClearsTheApplication) {
     const FrontmostApplication frontmost;
     activate(notes);
-    doubles::workspace().frontmost.reset();
-    doubles::end(notes);
+    test::workspace().frontmost.reset();
+    test::end(notes);
     EXPECT_EQ(frontmost.current(), Application());
 }
 
 TEST_F(FrontmostApplicationTest, DropsATerminatedApplicationThatTheWorkspaceStillReports) {
     const FrontmostApplication frontmost;
     activate(notes);
-    doubles::workspace().frontmost->hasEnded = true;
-    doubles::end(notes);
+    test::workspace().frontmost->hasEnded = true;
+    test::end(notes);
     EXPECT_EQ(frontmost.current(), Application());
 }
 
 TEST_F(FrontmostApplicationTest, TerminationMakesTheNextApplicationFrontmost) {
     const FrontmostApplication frontmost;
     activate(notes);
-    doubles::workspace().frontmost = draw;
-    doubles::end(notes);
+    test::workspace().frontmost = draw;
+    test::end(notes);
     EXPECT_EQ(frontmost.current(), (Application{"com.example.draw", "画图"}));
 }
 
@@ -86,7 +86,7 @@ TEST_F(FrontmostApplicationTest, TerminationOfAnotherApplicationChangesNothing) 
     const FrontmostApplication frontmost;
     activate(notes);
     journal();
-    doubles::end(draw);
+    test::end(draw);
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
     EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not queried";
 }
@@ -95,15 +95,15 @@ TEST_F(FrontmostApplicationTest, TerminationOfTheApplicationsSecondProcessChange
     const FrontmostApplication frontmost;
     activate(notes);
     // A second process of the application ends. The first one still runs, so it stays frontmost.
-    doubles::end(notes);
+    test::end(notes);
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
 }
 
 TEST_F(FrontmostApplicationTest, IgnoresNotificationsAboutDisplayOptions) {
-    doubles::workspace().frontmost = notes;
+    test::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
-    doubles::workspace().frontmost = draw;
-    doubles::setReducesMotion(true);
+    test::workspace().frontmost = draw;
+    test::setReducesMotion(true);
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
 }
 
@@ -112,7 +112,7 @@ TEST_F(FrontmostApplicationTest, IgnoresNotificationsAfterDestruction) {
     journal();
     frontmost.reset();
     activate(notes);
-    doubles::end(notes);
+    test::end(notes);
     EXPECT_THAT(journal(), ElementsAre("removeObserver", "removeObserver"));
 }
 
@@ -120,7 +120,7 @@ TEST_F(FrontmostApplicationTest, HandlesANotificationDuringDestruction) {
     auto frontmost = std::make_unique<FrontmostApplication>();
     Application last;
     FrontmostApplication* const going = frontmost.get();
-    doubles::workspace().atRemoval = [&] {
+    test::workspace().atRemoval = [&] {
         activate(notes);
         last = going->current();
     };
@@ -129,7 +129,7 @@ TEST_F(FrontmostApplicationTest, HandlesANotificationDuringDestruction) {
 }
 
 TEST_F(FrontmostApplicationTest, OtherThreadsReadCompleteApplicationsDuringNotifications) {
-    doubles::workspace().frontmost = notes;
+    test::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     std::atomic<int> readings = 0;
     std::atomic<bool> done = false;

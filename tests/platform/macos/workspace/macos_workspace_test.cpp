@@ -6,7 +6,7 @@
 namespace glidemap {
 namespace {
 
-using doubles::Policy;
+using test::Policy;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -23,7 +23,7 @@ constexpr const char* notUTF8 = "com.example.\xff";
 constexpr const char* noURL = "https://["; // the bracketed address is not closed
 
 TEST_F(MacosWorkspaceTest, ListsDockApplicationsInSystemOrder) {
-    doubles::workspace().running = {
+    test::workspace().running = {
         {"com.example.notes", "Notes"},
         {"com.example.agent", "Agent", Policy::accessory},
         {"com.example.daemon", "Daemon", Policy::prohibited},
@@ -38,7 +38,7 @@ TEST_F(MacosWorkspaceTest, ListsDockApplicationsInSystemOrder) {
 }
 
 TEST_F(MacosWorkspaceTest, ListsOnlyApplicationsWithAnIdentifierAndAName) {
-    doubles::workspace().running = {
+    test::workspace().running = {
         {std::nullopt, "Script"},
         {"com.example.nameless", std::nullopt},
         {std::nullopt, std::nullopt},
@@ -49,7 +49,7 @@ TEST_F(MacosWorkspaceTest, ListsOnlyApplicationsWithAnIdentifierAndAName) {
 }
 
 TEST_F(MacosWorkspaceTest, FindsAnApplicationByItsIdentifier) {
-    doubles::workspace().installed["com.example.notes"] = "file:///Applications/My%20Notes.app/";
+    test::workspace().installed["com.example.notes"] = "file:///Applications/My%20Notes.app/";
     EXPECT_EQ(workspace->urlForApplication("com.example.notes"),
               "file:///Applications/My%20Notes.app/");
     EXPECT_EQ(workspace->urlForApplication("com.example.gone"), std::nullopt);
@@ -96,13 +96,13 @@ TEST_F(MacosWorkspaceTest, DoesNotOpenAnInvalidURL) {
 }
 
 TEST_F(MacosWorkspaceTest, ReturnsTheFrontmostApplication) {
-    doubles::activate(doubles::RunningApplication{"com.example.notes", "Notes"});
+    test::activate(test::RunningApplication{"com.example.notes", "Notes"});
     EXPECT_EQ(workspace->frontmostApplication(), (Application{"com.example.notes", "Notes"}));
 }
 
 class MissingWorkspaceTest : public CocoaTest {
 protected:
-    MissingWorkspaceTest() { doubles::workspace().exists = false; }
+    MissingWorkspaceTest() { test::workspace().exists = false; }
 };
 
 TEST_F(MissingWorkspaceTest, ReturnsEmptyResultsAndOpensNothing) {

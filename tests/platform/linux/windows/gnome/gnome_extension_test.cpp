@@ -25,7 +25,7 @@ namespace {
 
 using State = GnomeExtension::State;
 using Status = GnomeExtension::Status;
-using desktops::ScopedEnvironment;
+using test::ScopedEnvironment;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -86,8 +86,8 @@ protected:
         return folder.path() / "data/gnome-shell/extensions" / GnomeExtension::uuid / name;
     }
 
-    desktops::RuntimeFolder folder;
-    desktops::PrivateBus bus;
+    test::RuntimeFolder folder;
+    test::PrivateBus bus;
     ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_DATA_HOME", folder.path() / "data"}}};
     ShellSettings settings;

@@ -21,11 +21,11 @@ void PrintTo(const GnomeExtension::Status& status, std::ostream* out) {
 
 namespace {
 
-using Listening = desktops::Listening<GnomeWindowBackend>;
-using desktops::FakeWindowListener;
-using desktops::GnomeShell;
-using desktops::ScopedEnvironment;
-using desktops::Window;
+using Listening = test::Listening<GnomeWindowBackend>;
+using test::FakeWindowListener;
+using test::GnomeShell;
+using test::ScopedEnvironment;
+using test::Window;
 using State = GnomeExtension::State;
 
 // Queries the extension as another program on the session bus, and expects that access is denied.

@@ -22,9 +22,9 @@ namespace glidemap {
 
 namespace {
 
-using Listening = desktops::Listening<GnomeWindowBackend>;
-using desktops::FakeWindowListener;
-using desktops::ScopedEnvironment;
+using Listening = test::Listening<GnomeWindowBackend>;
+using test::FakeWindowListener;
+using test::ScopedEnvironment;
 
 constexpr const char* editor =
     "('org.gnome.TextEditor.desktop', 'editor', 'instance', 'T', uint32 42)";
@@ -56,8 +56,8 @@ private:
 
 class GnomeWindows : public testing::Test {
 protected:
-    desktops::PrivateBus bus;
-    desktops::RuntimeFolder folder;
+    test::PrivateBus bus;
+    test::RuntimeFolder folder;
     DisplaySocket display{folder.path() / "wayland-test"};
     ScopedEnvironment here{{{"DBUS_SESSION_BUS_ADDRESS", bus.address()},
                             {"XDG_CURRENT_DESKTOP", "GNOME"},

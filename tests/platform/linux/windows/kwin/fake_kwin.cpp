@@ -143,7 +143,7 @@ void FakeKWin::report(const std::string& text) {
 
 void FakeKWin::expectCalls(const std::vector<std::string>& expected) {
     std::unique_lock lock(mutex);
-    asked.wait_for(lock, desktops::patience, [&] { return calls.size() >= expected.size(); });
+    asked.wait_for(lock, test::patience, [&] { return calls.size() >= expected.size(); });
     EXPECT_THAT(calls, testing::ElementsAreArray(expected));
     calls.clear();
 }

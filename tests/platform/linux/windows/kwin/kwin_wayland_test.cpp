@@ -21,13 +21,13 @@ namespace glidemap {
 
 namespace {
 
-using Listening = desktops::Listening<KWinWindowBackend>;
-using desktops::Environment;
-using desktops::FakeWindowListener;
-using desktops::KWin;
-using desktops::RuntimeFolder;
-using desktops::ScopedEnvironment;
-using desktops::Window;
+using Listening = test::Listening<KWinWindowBackend>;
+using test::Environment;
+using test::FakeWindowListener;
+using test::KWin;
+using test::RuntimeFolder;
+using test::ScopedEnvironment;
+using test::Window;
 
 class KWinWaylandTest : public testing::Test {
 protected:
@@ -66,7 +66,7 @@ protected:
 
     // KWin deletes a script some time after it has replied.
     void waitUntilScriptsAre(long count) {
-        const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
+        const auto deadline = std::chrono::steady_clock::now() + test::patience;
         while (countOfScripts() != count) {
             ASSERT_LT(std::chrono::steady_clock::now(), deadline) << countOfScripts();
         }

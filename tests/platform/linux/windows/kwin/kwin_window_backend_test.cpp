@@ -15,9 +15,9 @@ namespace glidemap {
 
 namespace {
 
-using Listening = desktops::Listening<KWinWindowBackend>;
-using desktops::FakeWindowListener;
-using desktops::ScopedEnvironment;
+using Listening = test::Listening<KWinWindowBackend>;
+using test::FakeWindowListener;
+using test::ScopedEnvironment;
 using testing::HasSubstr;
 
 constexpr const char* oneWindow =
@@ -28,8 +28,8 @@ const std::vector<std::string> loading = {"unloadScript /Scripting", "loadScript
 
 class KWinWindows : public testing::Test {
 protected:
-    desktops::RuntimeFolder folder;
-    desktops::PrivateBus bus;
+    test::RuntimeFolder folder;
+    test::PrivateBus bus;
     ScopedEnvironment here{{{"DBUS_SESSION_BUS_ADDRESS", bus.address()},
                             {"XDG_CURRENT_DESKTOP", "KDE"},
                             {"XDG_RUNTIME_DIR", folder.path()}}};
@@ -122,7 +122,7 @@ TEST_F(KWinWindows, InvalidReportsAreIgnored) {
 }
 
 TEST(KWinWindowBackend, DoesNotStartIfKWinIsNeitherRunningNorExpected) {
-    const desktops::PrivateBus bus;
+    const test::PrivateBus bus;
     FakeWindowListener reported;
     for (const char* desktop : {"", "GNOME", "XKDE", "ubuntu:GNOME"}) {
         const ScopedEnvironment here{
@@ -133,7 +133,7 @@ TEST(KWinWindowBackend, DoesNotStartIfKWinIsNeitherRunningNorExpected) {
 }
 
 TEST(KWinWindowBackend, StartsInAPlasmaSession) {
-    const desktops::PrivateBus bus;
+    const test::PrivateBus bus;
     const ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", "other:KDE"}}};
     FakeWindowListener reported;
@@ -143,7 +143,7 @@ TEST(KWinWindowBackend, StartsInAPlasmaSession) {
 }
 
 TEST(KWinWindowBackend, DoesNotStartWithoutABus) {
-    const desktops::RuntimeFolder folder;
+    const test::RuntimeFolder folder;
     const ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (folder.path() / "none").string()},
          {"XDG_CURRENT_DESKTOP", "KDE"}}};

@@ -14,11 +14,11 @@ namespace glidemap {
 
 namespace {
 
-using Listening = desktops::Listening<WlrWindowBackend>;
-using desktops::FakeWindowListener;
-using desktops::ScopedEnvironment;
-using desktops::Sway;
-using desktops::Window;
+using Listening = test::Listening<WlrWindowBackend>;
+using test::FakeWindowListener;
+using test::ScopedEnvironment;
+using test::Sway;
+using test::Window;
 
 class SwayWindowsTest : public testing::Test {
 protected:

@@ -20,9 +20,9 @@ namespace glidemap {
 
 namespace {
 
-using Listening = desktops::Listening<WlrWindowBackend>;
-using desktops::FakeWindowListener;
-using desktops::ScopedEnvironment;
+using Listening = test::Listening<WlrWindowBackend>;
+using test::FakeWindowListener;
+using test::ScopedEnvironment;
 
 constexpr std::uint32_t maximized = 0;
 constexpr std::uint32_t minimized = 1;
@@ -37,7 +37,7 @@ protected:
         compositor.done(opened++);
     }
 
-    desktops::RuntimeFolder folder;
+    test::RuntimeFolder folder;
     ScopedEnvironment here{
         {{"XDG_RUNTIME_DIR", folder.path()}, {"WAYLAND_DISPLAY", FakeCompositor::socketName}}};
     FakeWindowListener reported;
@@ -144,7 +144,7 @@ TEST_F(WlrWindows, DestroysAClosedWindowsHandle) {
         compositor.closed(0);
     });
     reported.expectReported({"windows: two", "active: two"});
-    const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
+    const auto deadline = std::chrono::steady_clock::now() + test::patience;
     while (compositor.handles() != 1) {
         ASSERT_LT(std::chrono::steady_clock::now(), deadline);
     }

@@ -18,7 +18,7 @@
 namespace glidemap {
 namespace {
 
-using namespace desktops;
+using namespace test;
 using namespace std::chrono_literals;
 
 std::string describe(const WindowIdentity& window) {

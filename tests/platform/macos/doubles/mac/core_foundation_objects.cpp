@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <mutex>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 namespace {
 
@@ -133,4 +133,4 @@ void releaseAll(const std::string& kind) {
     }
 }
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test

@@ -6,7 +6,7 @@
 
 #import <AppKit/AppKit.h>
 
-namespace glidemap::doubles {
+namespace glidemap::test {
 
 Pool::Pool() : pool([[NSAutoreleasePool alloc] init]) {}
 
@@ -23,4 +23,4 @@ std::size_t forgetObservations() {
     return [[NSApplication sharedApplication] observationInfo] != nullptr ? 1 : 0;
 }
 
-} // namespace glidemap::doubles
+} // namespace glidemap::test
