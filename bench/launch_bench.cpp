@@ -1,15 +1,17 @@
-// launch_bench [--launches N]: measures the time from the request to launch an application until
+// launch_bench [--desktop] [--launches N]: measures the time from the request to launch an application until
 // the program's first instructions. Compares it with a bare process that starts the same program
 // with posix_spawn. The two kinds of launches alternate.
 //
 // This process allocates as much memory as Glidemap uses with its window open, because forking a
-// process costs time for each page. Windows are not tracked, so the figures exclude the search for
-// a window to bring forward.
+// process costs time for each page. Without --desktop, windows are not tracked, so the figures
+// exclude the search for a window to bring forward and the request for a launch token. --desktop
+// includes both, on the desktop that the environment names.
 #include "bench/samples.h"
 #include "desktops/private_bus.h"
 #include "kit/temporary_folder.h"
 #include "platform/linux/applications/linux_workspace.h"
 #include "platform/linux/desktop/desktop_thread.h"
+#include "platform/linux/windows/desktop_backends.h"
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -25,6 +27,7 @@
 #include <fstream>
 #include <iomanip>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,6 +39,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* identifier = "launch-stamp";
 constexpr std::size_t memoryOfTheProgram = std::size_t{42} << 20U;
+constexpr int notMeasured = 10; // launches at the beginning, while the desktop is still connecting
 constexpr useconds_t pauseBetween = 30'000; // until all threads sleep again, as before a gesture
 
 std::int64_t nanosecondsNow() {
@@ -53,10 +57,15 @@ public:
     StampPipe& operator=(const StampPipe&) = delete;
     ~StampPipe() { close(descriptor); }
 
-    std::int64_t next() const {
+    struct Report {
         std::int64_t stamp = 0;
-        [[maybe_unused]] const auto size = read(descriptor, &stamp, sizeof(stamp));
-        return stamp;
+        std::int64_t hasToken = 0;
+    };
+
+    Report next() const {
+        Report report;
+        [[maybe_unused]] const auto size = read(descriptor, &report, sizeof(report));
+        return report;
     }
 
     const fs::path path;
@@ -127,8 +136,8 @@ private:
 void installEntry(const fs::path& folder, const StampPipe& pipe) {
     fs::create_directories(folder / "applications");
     std::ofstream(folder / "applications" / (std::string(identifier) + ".desktop"))
-        << "[Desktop Entry]\nType=Application\nName=Stamp\nExec=" << LAUNCH_STAMP << " "
-        << pipe.path.string() << "\n";
+        << "[Desktop Entry]\nType=Application\nName=Stamp\nStartupNotify=true\nExec="
+        << LAUNCH_STAMP << " " << pipe.path.string() << "\n";
     setenv("XDG_DATA_HOME", folder.c_str(), 1);
 }
 
@@ -141,35 +150,75 @@ void print(const char* what, const Samples& samples) {
     std::cout << "\n";
 }
 
-int measure(const char* self, int launches) {
+enum class On { noDesktop, desktop };
+
+// Launches the program through the workspace.
+class Launcher {
+public:
+    Launcher(const StampPipe& stamps, On where)
+        : pipe(stamps), workspace(thread,
+                                  where == On::desktop ? desktopBackends(thread)
+                                                       : std::vector<WindowBackendFactory>{},
+                                  {}) {}
+
+    struct Launch {
+        std::int64_t duration; // nanoseconds
+        bool hasToken;
+    };
+
+    // Returns nullopt if the desktop entry is not found.
+    std::optional<Launch> launch() {
+        const std::int64_t requested = nanosecondsNow();
+        const auto url = workspace.urlForApplication(identifier);
+        if (!url) {
+            return std::nullopt;
+        }
+        workspace.openApplication(*url);
+        const StampPipe::Report report = pipe.next();
+        return Launch{report.stamp - requested, report.hasToken != 0};
+    }
+
+private:
+    const StampPipe& pipe;
+    DesktopThread thread;
+    LinuxWorkspace workspace;
+};
+
+int measure(const char* self, int launches, On where) {
     const test::TemporaryFolder folder;
     const StampPipe pipe(folder.path() / "stamps");
     const BareProcess bare(self, pipe.path); // started before this process allocates memory
     installEntry(folder.path(), pipe);
-    const test::PrivateBus bus;
-    setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
+    std::optional<test::PrivateBus> bus;
+    if (where == On::noDesktop) {
+        bus.emplace();
+        setenv("DBUS_SESSION_BUS_ADDRESS", bus->address().c_str(), 1);
+    }
     const std::vector<char> memory(memoryOfTheProgram, 'x');
-    DesktopThread thread;
-    LinuxWorkspace workspace(thread, {}, {});
+    Launcher launcher(pipe, where);
     Samples launched(static_cast<std::size_t>(launches));
     Samples yardstick(static_cast<std::size_t>(launches));
-    for (int count = 0; count < launches; ++count) {
+    int withToken = 0;
+    for (int count = -notMeasured; count < launches; ++count) {
         usleep(pauseBetween);
-        const std::int64_t requested = nanosecondsNow();
-        const auto url = workspace.urlForApplication(identifier);
-        if (!url) {
+        const auto launch = launcher.launch();
+        if (!launch) {
             std::cerr << "the entry is not found\n";
             return 1;
         }
-        workspace.openApplication(*url);
-        launched.add(static_cast<double>(pipe.next() - requested));
         usleep(pauseBetween);
         const std::int64_t began = bare.start();
-        yardstick.add(static_cast<double>(pipe.next() - began));
+        const std::int64_t bareDuration = pipe.next().stamp - began;
+        if (count >= 0) {
+            launched.add(static_cast<double>(launch->duration));
+            yardstick.add(static_cast<double>(bareDuration));
+            withToken += launch->hasToken ? 1 : 0;
+        }
     }
     std::cout << "milliseconds                    least   median   9 of 10\n";
     print("request to first instruction", launched);
     print("bare posix_spawn", yardstick);
+    std::cout << withToken << " of " << launches << " launches had a token\n";
     return 0;
 }
 
@@ -182,8 +231,13 @@ int main(int count, char** arguments) {
         return glidemap::bench::startOnRequest(arguments[2], arguments[3]);
     }
     int launches = 200;
-    if (count == 3 && std::strcmp(arguments[1], "--launches") == 0) {
-        launches = std::atoi(arguments[2]);
+    auto where = glidemap::bench::On::noDesktop;
+    for (int at = 1; at < count; ++at) {
+        if (std::strcmp(arguments[at], "--desktop") == 0) {
+            where = glidemap::bench::On::desktop;
+        } else if (std::strcmp(arguments[at], "--launches") == 0 && at + 1 < count) {
+            launches = std::atoi(arguments[++at]);
+        }
     }
-    return glidemap::bench::measure(arguments[0], launches);
+    return glidemap::bench::measure(arguments[0], launches, where);
 }

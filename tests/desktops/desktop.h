@@ -41,6 +41,10 @@ public:
     // be empty.
     virtual std::string activationToken() const { return {}; }
 
+    // Makes the desktop activate windows whose programs show an activation token, if that is a
+    // setting.
+    virtual void allowActivation() {}
+
     // Returns the reason why the overview cannot work on this machine, or an empty string.
     virtual std::string whyNoOverview() const { return {}; }
 

@@ -33,18 +33,29 @@ const Terminal xterm{"xterm", "xterm -e"};
 // divide by that size.
 const Terminal konsole{"konsole", "env QT_QPA_PLATFORM=wayland konsole -e"};
 
+std::string versionOf(const std::string& program) {
+    const RuntimeFolder folder;
+    Program printing({.words = {program, "--version"},
+                      .environment = plainEnvironment(folder.path()),
+                      .log = folder.path() / "log"});
+    return printing.nextLine().value_or("");
+}
+
 // Returns what is missing for Cinnamon. Only Cinnamon 5 is accepted: Cinnamon 6.4 does not start on
 // an X server without a real screen, such as Xvfb.
 std::optional<std::string> missingForCinnamon() {
     if (const auto missing = needs({"Xvfb", "cinnamon", "cinnamon-screensaver"})()) {
         return missing;
     }
-    const RuntimeFolder folder;
-    Program cinnamon({.words = {"cinnamon", "--version"},
-                      .environment = plainEnvironment(folder.path()),
-                      .log = folder.path() / "log"});
-    const std::string version = cinnamon.nextLine().value_or("");
-    return version.starts_with("Cinnamon 5") ? std::nullopt : std::optional("Cinnamon 5");
+    return versionOf("cinnamon").starts_with("Cinnamon 5") ? std::nullopt
+                                                           : std::optional("Cinnamon 5");
+}
+
+// sway 1.10 only marks the window as urgent, because the token has no input serial.
+std::string whySwayTokenBringsNothingForward() {
+    return versionOf("sway").starts_with("sway version 1.7")
+               ? ""
+               : "sway 1.10 requires a token with an input serial";
 }
 
 std::vector<DesktopKind> describeAll() {
@@ -54,25 +65,33 @@ std::vector<DesktopKind> describeAll() {
          .start = startGnomeShell,
          .newWindow = NewWindow::mayStayBehind,
          .overview = Overview::opens,
-         .token = LaunchTokenKind::token,
+         .token = LaunchTokenKind::both,
+         .whyTokenBringsNothingForward = [] { return ""; },
          .terminal = foot},
         {.name = "KWin",
          .missing = needs({"kwin_wayland"}),
          .start = startKWin,
          .overview = Overview::opens,
          .lock = Lock::locks,
+         .token = LaunchTokenKind::activationToken,
+         .whyTokenBringsNothingForward = [] { return ""; },
          .terminal = konsole},
         {.name = "Sway",
          .missing = needs({"sway", "swaybar"}),
          .start = startSway,
          .statusBar = StatusBar::shown,
          .minimizing = Minimizing::none,
+         .token = LaunchTokenKind::both,
+         .whyTokenBringsNothingForward = whySwayTokenBringsNothingForward,
          .processes = Processes::unknown,
          .terminal = foot},
         {.name = "Labwc",
          .missing = needs({"labwc"}),
          .start = startLabwc,
          .workspaces = Workspaces::one, // only key presses switch its workspaces
+         .token = LaunchTokenKind::both,
+         .whyTokenBringsNothingForward =
+             [] { return "labwc 0.8 requires a token with an input serial"; },
          .processes = Processes::unknown,
          .terminal = foot},
         {.name = "Xfce",

@@ -25,9 +25,9 @@ enum class Minimizing { works, none };
 enum class Workspaces { several, one };
 // Whether the desktop reports the process that owns a window.
 enum class Processes { known, unknown };
-// The token by which a launched program shows that the user requested the launch: none, a startup
-// notification ID, or an activation token.
-enum class LaunchTokenKind { none, startupID, token };
+// The token by which a launched program shows that the user requested the launch: a startup
+// notification ID, an activation token, or one value as both.
+enum class LaunchTokenKind { startupID, activationToken, both };
 
 // A terminal with one process per window.
 struct Terminal {
@@ -46,7 +46,12 @@ struct DesktopKind {
     StatusBar statusBar = StatusBar::none;
     Minimizing minimizing = Minimizing::works;
     Workspaces workspaces = Workspaces::several;
-    LaunchTokenKind token = LaunchTokenKind::none;
+    LaunchTokenKind token = LaunchTokenKind::both;
+    // Returns why an open window does not come forward when its program shows the desktop its
+    // activation token; empty if it does.
+    std::function<std::string()> whyTokenBringsNothingForward = [] {
+        return "X11 has no activation tokens";
+    };
     Processes processes = Processes::known;
     Terminal terminal;
 };

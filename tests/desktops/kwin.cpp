@@ -2,11 +2,28 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
 namespace glidemap::test {
 
 namespace {
 
 constexpr const char* installed = "/usr/bin/kwin_wayland";
+
+// KWin finds desktop entries only through a menu.
+constexpr const char* menuOfAllEntries = R"(<!DOCTYPE Menu PUBLIC "-//freedesktop//DTD Menu 1.0//EN"
+ "http://www.freedesktop.org/standards/menu-spec/1.0/menu.dtd">
+<Menu><Name>All</Name><DefaultAppDirs/><Include><All/></Include></Menu>
+)";
+
+void write(const std::filesystem::path& path, const std::string& content) {
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream stream(path);
+    stream << content;
+    stream.close();
+    EXPECT_FALSE(stream.fail()) << path;
+}
 
 } // namespace
 
@@ -22,6 +39,15 @@ KWin::KWin(Extent wanted) : extent(wanted), settings(plainEnvironment(folder.pat
     // the capability refuses to execute the installed file, and a process with the capability would
     // outlive the test.
     std::filesystem::copy_file(installed, folder.path() / "kwin_wayland");
+}
+
+void KWin::installThisProgram() const {
+    write(std::filesystem::path(settings.at("XDG_CONFIG_HOME")) / "menus/applications.menu",
+          menuOfAllEntries);
+    write(std::filesystem::path(settings.at("XDG_DATA_HOME")) / "applications/test.desktop",
+          "[Desktop Entry]\nType=Application\nName=Test\nExec=" +
+              std::filesystem::read_symlink("/proc/self/exe").string() +
+              "\nX-KDE-Wayland-Interfaces=org_kde_plasma_window_management\n");
 }
 
 void KWin::start() {

@@ -23,6 +23,10 @@ public:
 
     explicit KWin(Extent extent = Extent::windows);
 
+    // Installs a desktop entry for the test program with the same permissions as Glidemap's entry.
+    // Call before start().
+    void installThisProgram() const;
+
     // Returns before KWin is ready.
     void start();
 

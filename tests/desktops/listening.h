@@ -39,6 +39,12 @@ public:
         thread.call([&] { backend.reset(); });
     }
 
+    // Runs the function with the backend on the backend's thread.
+    template <typename Work>
+    void use(const Work& work) {
+        thread.call([&] { work(*backend); });
+    }
+
     // Waits until the thread has run all pending tasks.
     void settle() {
         thread.call([] {});

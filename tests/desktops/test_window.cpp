@@ -1,8 +1,9 @@
 // glidemap-test-window APP_ID TITLE: one small grey window on a Wayland desktop.
 //
-// The program prints "shown" when its window is on the screen. Each line of standard input becomes
-// the window's title, and the program confirms it with "titled". The end of the input ends the
-// program. Like toolkits, it uses a launcher's activation token.
+// The program prints "shown" when its window is on the screen. Like toolkits, it uses a launcher's
+// activation token. A line "activate TOKEN" of standard input activates the window with the token,
+// and the program confirms it with "activated". Each other line becomes the window's title, and the
+// program confirms it with "titled". The end of the input ends the program.
 
 #include <poll.h>
 #include <sys/mman.h>
@@ -127,6 +128,18 @@ void show(wl_display* display, const char* appID, const char* title) {
     say("shown");
 }
 
+constexpr std::string_view activating = "activate ";
+
+void obey(const std::string& line) {
+    if (line.starts_with(activating)) {
+        if (activation != nullptr) {
+            xdg_activation_v1_activate(activation, line.c_str() + activating.size(), surface);
+        }
+    } else {
+        xdg_toplevel_set_title(toplevel, line.c_str());
+    }
+}
+
 // Returns false at the end of the input.
 bool obeyInput(wl_display* display) {
     static std::string unread;
@@ -138,9 +151,10 @@ bool obeyInput(wl_display* display) {
     unread.append(buffer.data(), static_cast<std::size_t>(length));
     for (std::size_t end = 0; (end = unread.find('\n')) != std::string::npos;
          unread.erase(0, end + 1)) {
-        xdg_toplevel_set_title(toplevel, unread.substr(0, end).c_str());
+        const std::string line = unread.substr(0, end);
+        obey(line);
         wl_display_roundtrip(display);
-        say("titled");
+        say(line.starts_with(activating) ? "activated" : "titled");
     }
     return true;
 }

@@ -70,6 +70,9 @@ public:
 
     void showSecondWorkspace() override { compositor.command("workspace 2"); }
 
+    // By default, sway only marks the window as urgent.
+    void allowActivation() override { compositor.command("focus_on_window_activation focus"); }
+
     bool showsStatusItem() const override {
         const OwnedVariant items =
             property(bus().connection(), watcher, "RegisteredStatusNotifierItems");
@@ -158,6 +161,7 @@ private:
 class KWinDesktop : public WaylandDesktop {
 public:
     KWinDesktop() {
+        kwin.installThisProgram();
         kwin.start();
         kwin.waitUntilReady();
     }

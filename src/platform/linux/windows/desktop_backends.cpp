@@ -25,7 +25,7 @@ std::unique_ptr<WindowBackend> makeBackend(DesktopKind kind, DesktopThread& thre
     case DesktopKind::gnome:
         return std::make_unique<GnomeWindowBackend>();
     case DesktopKind::kwin:
-        return std::make_unique<KWinWindowBackend>();
+        return std::make_unique<KWinWindowBackend>(thread);
     case DesktopKind::wlroots:
         return std::make_unique<WlrWindowBackend>(thread);
     case DesktopKind::x11:

@@ -3,6 +3,7 @@
 #include "platform/linux/desktop/desktop_bus.h"
 #include "platform/linux/desktop/environment.h"
 #include "platform/linux/windows/kwin/kwin_activation.h"
+#include "platform/linux/windows/kwin/kwin_launch_tokens.h"
 #include "platform/linux/windows/kwin/kwin_script.h"
 #include "platform/linux/windows/kwin/kwin_script_loader.h"
 #include "platform/linux/windows/reported_windows.h"
@@ -30,19 +31,29 @@ constexpr const char* reportDescription = R"(<node>
 } // namespace
 
 struct KWinWindowBackend::State {
+    DesktopThread& thread;
     WindowListener* listener = nullptr;
     ReportedWindows reported;
     std::unique_ptr<DesktopBus> bus;
     std::unique_ptr<KWinScriptLoader> loader; // exists while KWin is on the bus
+    std::unique_ptr<KWinLaunchTokens> tokens; // likewise
     KWinReport latest;
     // The last use of each window, by its handle: the value of `uses` when the window became
     // active.
     std::map<std::string, std::uint64_t> lastUses;
     std::uint64_t uses = 0;
 
+    explicit State(DesktopThread& runsOn) : thread(runsOn) {}
+
     void receive(const std::string& sender, const char* text);
     void noteUse();
     std::string chosenOf(const WindowChoice& isChosen) const;
+    void endTokens() {
+        if (tokens != nullptr) {
+            tokens->abandonRequests();
+            tokens.reset();
+        }
+    }
     void reportNone() {
         latest = {};
         lastUses.clear();
@@ -86,7 +97,8 @@ std::string KWinWindowBackend::State::chosenOf(const WindowChoice& isChosen) con
     return best;
 }
 
-KWinWindowBackend::KWinWindowBackend() : state(std::make_unique<State>()) {}
+KWinWindowBackend::KWinWindowBackend(DesktopThread& thread)
+    : state(std::make_unique<State>(thread)) {}
 
 KWinWindowBackend::~KWinWindowBackend() = default;
 
@@ -108,9 +120,12 @@ bool KWinWindowBackend::start(WindowListener& listener) {
         [this](const std::string& owner) {
             state->loader = std::make_unique<KWinScriptLoader>(*state->bus, owner,
                                                                [this] { state->reportNone(); });
+            state->endTokens();
+            state->tokens = std::make_unique<KWinLaunchTokens>(state->thread);
         },
         [this] {
             state->loader.reset();
+            state->endTokens();
             state->reportNone();
         });
     return true;
@@ -124,6 +139,19 @@ void KWinWindowBackend::bringForward(const WindowChoice& isChosen,
         return;
     }
     activateInKWin(*state->bus, state->loader->owner(), handle, std::move(otherwise));
+}
+
+// KWin uses the token only for Wayland windows.
+void KWinWindowBackend::requestToken(const LaunchedApplication& application,
+                                     std::function<void(const LaunchToken&)> then) {
+    if (state->tokens == nullptr) {
+        then({});
+        return;
+    }
+    state->tokens->requestToken(application.identifier,
+                                [receive = std::move(then)](const std::string& token) {
+                                    receive({"", token, {}});
+                                });
 }
 
 } // namespace glidemap

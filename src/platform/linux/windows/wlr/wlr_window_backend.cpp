@@ -1,8 +1,11 @@
 #include "platform/linux/windows/wlr/wlr_window_backend.h"
 
+#include "platform/linux/windows/activation/xdg_activation.h"
 #include "platform/linux/windows/reported_windows.h"
 #include "platform/linux/windows/wlr/wlr_connection.h"
 #include "platform/linux/windows/wlr/wlr_toplevels.h"
+
+#include <utility>
 
 namespace glidemap {
 
@@ -13,6 +16,7 @@ struct WlrWindowBackend::State {
     ReportedWindows reported;
     std::unique_ptr<WlrConnection> connection;
     std::unique_ptr<WlrToplevels> toplevels;
+    std::unique_ptr<XdgActivation> activation;
     DesktopThread::Watch watch;
 
     State(DesktopThread& runsOn, std::chrono::milliseconds waits)
@@ -30,6 +34,7 @@ bool WlrWindowBackend::State::connect() {
         return false;
     }
     toplevels = std::make_unique<WlrToplevels>(connection->display());
+    activation = std::make_unique<XdgActivation>(thread, connection->display());
     // The first round trip receives the globals; the second receives the windows.
     return connection->roundTrip(patience) && toplevels->isOffered() &&
            connection->roundTrip(patience);
@@ -37,12 +42,14 @@ bool WlrWindowBackend::State::connect() {
 
 void WlrWindowBackend::State::disconnect() {
     watch = {};
+    activation.reset();
     toplevels.reset();
     connection.reset();
 }
 
 void WlrWindowBackend::State::receiveEvents() {
     if (!connection->dispatchArrived() || !toplevels->isOffered()) {
+        activation->abandonRequests();
         disconnect();
     }
     report();
@@ -81,6 +88,20 @@ void WlrWindowBackend::bringForward(const WindowChoice& isChosen, std::function<
     } else {
         otherwise();
     }
+}
+
+// wlroots compositors accept the same token as the startup id of an X11 program, and pass it as
+// both to the programs that they start themselves.
+void WlrWindowBackend::requestToken(const LaunchedApplication& application,
+                                    std::function<void(const LaunchToken&)> then) {
+    if (state->activation == nullptr) {
+        then({});
+        return;
+    }
+    state->activation->requestToken(application.identifier,
+                                    [receive = std::move(then)](const std::string& token) {
+                                        receive({token, token, {}});
+                                    });
 }
 
 } // namespace glidemap

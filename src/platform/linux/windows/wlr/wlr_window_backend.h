@@ -31,6 +31,8 @@ public:
     // Also returns false if the compositor does not reply in time.
     bool start(WindowListener& listener) override;
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
+    void requestToken(const LaunchedApplication& application,
+                      std::function<void(const LaunchToken&)> then) override;
 
 private:
     struct State;

@@ -1,4 +1,4 @@
-#include "fake_compositor.h"
+#include "platform/linux/windows/wlr/fake_compositor.h"
 
 #include <gtest/gtest.h>
 #include <sys/eventfd.h>

@@ -41,6 +41,9 @@ public:
     void finished();
     void breakOff();
 
+    // Call in say(), for example to offer other protocols.
+    wl_display* serving() const { return display; }
+
     // Returns the handles that the client has not destroyed.
     std::size_t handles();
 

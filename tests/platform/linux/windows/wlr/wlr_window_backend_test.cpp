@@ -3,7 +3,9 @@
 #include "desktops/program.h"
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
-#include "fake_compositor.h"
+#include "platform/linux/windows/activation/fake_activation.h"
+#include "platform/linux/windows/activation/received_token.h"
+#include "platform/linux/windows/wlr/fake_compositor.h"
 #include "platform/linux/windows/wlr/wlr_window_backend.h"
 
 #include <gmock/gmock.h>
@@ -14,6 +16,7 @@
 #include <chrono>
 #include <cstring>
 #include <filesystem>
+#include <memory>
 #include <string>
 
 namespace glidemap {
@@ -240,6 +243,41 @@ TEST_F(WlrWindows, StartTimesOutOnACompositorThatNeverReplies) {
     const MuteCompositor mute(folder.path() / FakeCompositor::socketName);
     EXPECT_FALSE(Listening(reported, std::chrono::milliseconds(50)).started);
     reported.expectReported({});
+}
+
+void requestToken(Listening& listening, ReceivedToken<LaunchToken>& token) {
+    listening.use([&](WlrWindowBackend& backend) {
+        backend.requestToken({"editor", "", ""},
+                             [&](const LaunchToken& value) { token.receive(value); });
+    });
+}
+
+TEST_F(WlrWindows, TokenOfTheCompositorIsForWaylandAndX11Programs) {
+    FakeActivation tokens;
+    FakeCompositor compositor;
+    tokens.offerOn(compositor);
+    Listening listening(reported);
+    ReceivedToken<LaunchToken> token;
+    requestToken(listening, token);
+    EXPECT_THAT(tokens.nextRequest(), testing::ElementsAre("editor"));
+    tokens.reply(compositor, 0, "issued");
+    EXPECT_EQ(token.value().activationToken, "issued");
+    EXPECT_EQ(token.value().startupID, "issued");
+}
+
+TEST_F(WlrWindows, LaunchContinuesWithoutATokenWhenTheConnectionIsLost) {
+    FakeActivation tokens;
+    auto compositor = std::make_unique<FakeCompositor>();
+    tokens.offerOn(*compositor);
+    Listening listening(reported);
+    ReceivedToken<LaunchToken> token;
+    requestToken(listening, token);
+    tokens.nextRequest();
+    compositor.reset();
+    EXPECT_EQ(token.value().activationToken, "");
+    ReceivedToken<LaunchToken> next;
+    requestToken(listening, next);
+    EXPECT_EQ(next.value().activationToken, "");
 }
 
 } // namespace
