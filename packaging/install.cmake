@@ -18,5 +18,11 @@ install(CODE "
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/installed/org.glidemap.grant-access.policy
         DESTINATION share/polkit-1/actions)
 
-install(FILES desktop/org.glidemap.Glidemap.desktop DESTINATION share/applications)
+# KWin compares the whole path of a program with its entry's Exec line, and then permits what the entry requests.
+install(CODE "
+    file(READ \"${CMAKE_CURRENT_SOURCE_DIR}/desktop/org.glidemap.Glidemap.desktop\" entry)
+    string(REPLACE \"\nExec=glidemap\n\" \"\nExec=\${CMAKE_INSTALL_PREFIX}/bin/glidemap\n\" entry \"\${entry}\")
+    file(WRITE \"${CMAKE_CURRENT_BINARY_DIR}/installed/org.glidemap.Glidemap.desktop\" \"\${entry}\")")
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/installed/org.glidemap.Glidemap.desktop
+        DESTINATION share/applications)
 install(FILES ${metainfo} DESTINATION share/metainfo)
