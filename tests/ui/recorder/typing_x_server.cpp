@@ -24,6 +24,8 @@ TypingXServer::~TypingXServer() {
 Environment TypingXServer::environment() const {
     Environment settings = server.environment();
     settings["QT_QPA_PLATFORM"] = "xcb";
+    // Without an address, Qt would start a bus that outlives the test.
+    settings["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=/nowhere";
     return settings;
 }
 

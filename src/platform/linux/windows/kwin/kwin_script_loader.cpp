@@ -98,7 +98,8 @@ void KWinScriptLoader::State::load() {
              }));
 }
 
-// Plasma 6 exports the script at `path`. Plasma 5 exports it at `orElse`.
+// Plasma 6 exports the script at `path`. Plasma 5 exports it at `orElse`. An older script may have
+// the same path (see kwin_activation.h), so all scripts are started afterwards.
 void KWinScriptLoader::State::run(const std::string& path, const std::string& orElse) {
     bus.call({owner, path, "org.kde.kwin.Script"}, "run", nullptr,
              then([orElse](State& here, GVariant*, const GError* error) {
@@ -106,10 +107,12 @@ void KWinScriptLoader::State::run(const std::string& path, const std::string& or
                      here.run(orElse, "");
                      return;
                  }
-                 here.end();
-                 if (error != nullptr) {
-                     here.refused();
+                 if (error == nullptr) {
+                     here.bus.send(here.scripting(), "start", nullptr);
+                     return;
                  }
+                 here.end();
+                 here.refused();
              }));
 }
 
@@ -128,6 +131,10 @@ KWinScriptLoader::~KWinScriptLoader() {
     state->end();
     state->bus.send(state->scripting(), "unloadScript",
                     g_variant_new("(s)", state->scriptName.c_str()));
+}
+
+void KWinScriptLoader::reportReceived() {
+    state->file.reset();
 }
 
 const std::string& KWinScriptLoader::owner() const {

@@ -29,6 +29,9 @@ public:
     // Unloads the script.
     ~KWinScriptLoader();
 
+    // Call this for each report of the script. Removes the script's file, which KWin has read.
+    void reportReceived();
+
     const std::string& owner() const;
 
 private:

@@ -35,8 +35,9 @@ struct KWinWindowBackend::State {
     WindowListener* listener = nullptr;
     ReportedWindows reported;
     std::unique_ptr<DesktopBus> bus;
-    std::unique_ptr<KWinScriptLoader> loader; // exists while KWin is on the bus
-    std::unique_ptr<KWinLaunchTokens> tokens; // likewise
+    std::unique_ptr<KWinScriptLoader> loader;     // exists while KWin is on the bus
+    std::unique_ptr<KWinActivations> activations; // likewise
+    std::unique_ptr<KWinLaunchTokens> tokens;     // likewise
     KWinReport latest;
     // The last use of each window, by its handle: the value of `uses` when the window became
     // active.
@@ -65,6 +66,7 @@ void KWinWindowBackend::State::receive(const std::string& sender, const char* te
     if (loader == nullptr || sender != loader->owner()) {
         return;
     }
+    loader->reportReceived();
     if (std::optional<KWinReport> report = readKWinReport(text)) {
         latest = *std::move(report);
         noteUse();
@@ -120,11 +122,14 @@ bool KWinWindowBackend::start(WindowListener& listener) {
         [this](const std::string& owner) {
             state->loader = std::make_unique<KWinScriptLoader>(*state->bus, owner,
                                                                [this] { state->reportNone(); });
+            state->activations =
+                std::make_unique<KWinActivations>(state->thread, *state->bus, owner);
             state->endTokens();
             state->tokens = std::make_unique<KWinLaunchTokens>(state->thread);
         },
         [this] {
             state->loader.reset();
+            state->activations.reset();
             state->endTokens();
             state->reportNone();
         });
@@ -138,7 +143,7 @@ void KWinWindowBackend::bringForward(const WindowChoice& isChosen,
         otherwise();
         return;
     }
-    activateInKWin(*state->bus, state->loader->owner(), handle, std::move(otherwise));
+    state->activations->activate(handle, std::move(otherwise));
 }
 
 // KWin uses the token only for Wayland windows.

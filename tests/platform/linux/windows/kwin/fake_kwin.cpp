@@ -23,6 +23,7 @@ constexpr const char* description = R"xml(<node>
         <method name="unloadScript">
             <arg type="s" direction="in"/><arg type="b" direction="out"/>
         </method>
+        <method name="start"/>
     </interface>
     <interface name="org.kde.kwin.Script">
         <method name="run"/>
@@ -93,6 +94,8 @@ void FakeKWin::answer(const std::string& method, GVariant* arguments,
     } else if (method == "loadScript") {
         g_dbus_method_invocation_return_value(
             invocation, load(arguments, g_dbus_method_invocation_get_sender(invocation)));
+    } else if (method == "start") {
+        g_dbus_method_invocation_return_value(invocation, nullptr);
     } else if (nature.runs) {
         readScript();
         g_dbus_method_invocation_return_value(invocation, nullptr);

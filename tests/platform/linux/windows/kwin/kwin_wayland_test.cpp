@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <iterator>
 #include <memory>
 #include <optional>
@@ -62,6 +63,29 @@ protected:
             g_variant_unref(answer);
         }
         return count;
+    }
+
+    // Loads and runs a script that does nothing, as another program could. Returns its number.
+    int loadOtherScript(const std::string& name) {
+        const std::filesystem::path file =
+            std::filesystem::path(kwin->environment().at("XDG_RUNTIME_DIR")) / (name + ".qs");
+        std::ofstream(file) << "const nothing = 0;\n";
+        GVariant* const loaded =
+            kwin->bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting", "loadScript",
+                             g_variant_new("(ss)", file.c_str(), name.c_str()));
+        int number = -1;
+        g_variant_get(loaded, "(i)", &number);
+        g_variant_unref(loaded);
+        g_variant_unref(kwin->bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
+                                         "start", nullptr));
+        return number;
+    }
+
+    void unloadOtherScript(const std::string& name) {
+        const long before = countOfScripts();
+        g_variant_unref(kwin->bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
+                                         "unloadScript", g_variant_new("(s)", name.c_str())));
+        waitUntilScriptsAre(before - 1);
     }
 
     // KWin deletes a script some time after it has replied.
@@ -146,6 +170,31 @@ TEST_F(KWinWaylandTest, DestructorUnloadsTheScriptAndLeavesNoFile) {
          std::filesystem::directory_iterator(kwin->environment().at("XDG_RUNTIME_DIR"))) {
         EXPECT_NE(entry.path().extension(), ".js") << entry.path();
     }
+}
+
+// KWin gives the next script the number of the second one.
+TEST_F(KWinWaylandTest, ReportsAlthoughAnotherScriptHasTheSameNumber) {
+    startKWin();
+    const int first = loadOtherScript("first");
+    EXPECT_EQ(loadOtherScript("second"), first + 1);
+    unloadOtherScript("first");
+    const Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
+}
+
+TEST_F(KWinWaylandTest, BringsAWindowForwardAlthoughAnotherScriptHasTheSameNumber) {
+    startKWin();
+    loadOtherScript("first");
+    Listening listening(reported);
+    const Window back = open("back");
+    const Window front = open("front");
+    reported.expectInTheEnd("windows: back, front", "active: front");
+    unloadOtherScript("first"); // now the next script has the number of the reporting script
+    listening.use([](KWinWindowBackend& backend) {
+        backend.bringForward([](const WindowIdentity& window) { return window.appID == "back"; },
+                             [] { ADD_FAILURE() << "KWin refused the script"; });
+    });
+    reported.expectInTheEnd("windows: back, front", "active: back");
 }
 
 TEST_F(KWinWaylandTest, BackendReceivesReportsAfterAnEarlierBackendIsDestroyed) {

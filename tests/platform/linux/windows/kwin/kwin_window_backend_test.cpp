@@ -24,7 +24,7 @@ constexpr const char* oneWindow =
     R"({"windows":[{"desktopFile":"kate"}],"active":{"desktopFile":"kate"}})";
 
 const std::vector<std::string> loading = {"unloadScript /Scripting", "loadScript /Scripting",
-                                          "run /Scripting/Script7"};
+                                          "run /Scripting/Script7", "start /Scripting"};
 
 class KWinWindows : public testing::Test {
 protected:
@@ -47,7 +47,8 @@ TEST_F(KWinWindows, ScriptRunsInPlasma6) {
 TEST_F(KWinWindows, ScriptRunsInPlasma5) {
     FakeKWin kwin(bus.address(), {.scriptFolder = "/"});
     const Listening listening(reported);
-    kwin.expectCalls({"unloadScript /Scripting", "loadScript /Scripting", "run /7"});
+    kwin.expectCalls(
+        {"unloadScript /Scripting", "loadScript /Scripting", "run /7", "start /Scripting"});
     kwin.report(oneWindow);
     reported.expectReported({"windows: kate", "active: kate"});
 }
