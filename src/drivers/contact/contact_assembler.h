@@ -49,7 +49,9 @@ struct ButtonChange {
 // The result of one SYN_REPORT or of release(). Valid until the next call of handle() or release().
 struct PadFrame {
     double timestamp = 0;
-    bool contactsChanged = false; // if false, do not report `contacts`, which is then empty
+    // If false, `contacts` is empty but must not be reported, because an empty report would end all
+    // contacts.
+    bool contactsChanged = false;
     std::span<const MTTouch> contacts;
     std::span<const ButtonChange> buttons;
     std::int32_t number = 0; // increases with each report of contacts

@@ -45,7 +45,7 @@ void describeContact(const PadDescription& pad, const SlotValues& values, MTTouc
 void translate(const PadDescription& pad, MTPoint normalizedShift, MTTouch& record);
 
 // Computes the velocities. `before` is the same contact's record in the previous report. Leaves the
-// velocities unchanged if no time has passed since then.
+// velocities unchanged if no time has passed since that report.
 void describeVelocity(const MTTouch& before, MTTouch& record);
 
 // Returns the contact's next state. `before` is its previous state, or 0 if it has not been

@@ -294,7 +294,8 @@ void TouchpadDriver::processEvents() {
     clonesChanged = false;
     while (needsScan) {
         needsScan = false;
-        updateWatch(); // before reconnect(), so that no return in between is missed
+        // before reconnect(), so that a touchpad that returns during the search is noticed
+        updateWatch();
         reconnect();
         readFresh();
     }
