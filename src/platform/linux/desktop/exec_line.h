@@ -31,7 +31,7 @@ struct FieldValues {
 // Replaces the field codes in `exec`. Quotes the values as GIO does.
 std::string withFieldCodes(const std::string& exec, const FieldValues& values);
 
-// Returns the words of an Exec line when there is no file or URL to open.
+// Returns the words of an Exec line for a launch without a file or URL.
 std::vector<std::string> wordsOfExecLine(const std::string& line);
 
 // Returns the Exec value that starts `program`, without the escaping that the format of desktop
