@@ -302,8 +302,8 @@ void TouchpadDriver::processEvents() {
     updateWatch();
 }
 
-// Closes the touchpads that this user may not read any more. Then searches for them, because access
-// may have been restored in the meantime.
+// Closes the touchpads that this user may not read any more. Requests a search for them, because
+// access may have been restored in the meantime.
 void TouchpadDriver::withdrawUnreadable() {
     // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
     for (std::size_t index = 0; index < touchpads.size(); ++index) {
