@@ -133,7 +133,7 @@ void SwayHeldModifiers::read() {
     }
 }
 
-// Returns false if the received bytes are not a valid message.
+// Returns false if a message is longer than maxPayload, and therefore invalid.
 bool SwayHeldModifiers::takeMessages() {
     while (received.size() >= headerSize) {
         const std::size_t length = numberAt(received, 6);
