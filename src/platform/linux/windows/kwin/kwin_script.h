@@ -19,7 +19,8 @@ constexpr const char* kwinReportPath = "/org/glidemap/Windows";
 constexpr const char* kwinReportInterface = "org.glidemap.KWinWindows";
 constexpr const char* kwinReportMethod = "Report";
 
-// Returns a script that sends reports to this bus name: first the current state, then every change.
+// Returns a script that reports all windows to this bus name: once when it starts, and again
+// whenever a window is added, removed, activated, or gets another desktop file or class.
 std::string kwinScriptReportingTo(const std::string& busName);
 
 // Returns a script that activates the window with this handle, if it exists. A minimised window is
