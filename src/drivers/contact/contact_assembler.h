@@ -72,11 +72,11 @@ private:
     struct Slot {
         SlotValues values;
         bool down = false;
-        bool begun = false;   // a new contact that has not been reported yet
+        bool begun = false;   // the contact is new and has not been reported yet
         bool changed = false; // the values have changed since the last report
         bool leaving = false; // the reported contact has ended; its end is not reported yet
         MTTouch record{};     // the last report; before the first one, the identifier is 0
-        MTPoint shift{};      // from the pad's position to the reported position
+        MTPoint shift{};      // added to the position from the pad before it is reported
     };
 
     void handleAbsolute(std::uint16_t code, std::int32_t value);

@@ -31,7 +31,8 @@ struct SlotValues {
 // Returns the value's position on the axis, 0..1.
 double fraction(const AxisRange& axis, std::int32_t value);
 
-// Returns whether the contact presses on the pad. Palms and hovering fingers do not press.
+// Returns whether the contact counts as touching. Palms, hovering fingers and contacts without
+// pressure do not.
 bool presses(const PadDescription& pad, const SlotValues& values);
 
 // Returns the pad's size along the axis in millimetres, or 0 if the resolution is unknown.

@@ -208,7 +208,7 @@ std::optional<double> EvdevPad::grab() {
     if (!witness) {
         witness = openNode(node, O_RDONLY);
     }
-    lastWitnessEvent(); // discards older events
+    lastWitnessEvent(); // discards the events from before the grab
     const double before = monotonicNow();
     if (ioctl(file.descriptor(), EVIOCGRAB, 1) != 0) {
         return std::nullopt;

@@ -111,14 +111,14 @@ private:
     PadState source;
     std::int32_t slotBefore = 0;       // the current slot at the beginning of the frame
     std::vector<InputEvent> frame;     // those events of the frame that may be forwarded
-    std::optional<CloneWriter> writer; // exists before the touchpad is grabbed
+    std::optional<CloneWriter> writer; // owns the clone
     std::optional<CloneIntroduction> introduction;
     std::optional<double> grabbedAt;
-    std::optional<double> releasedAt; // end of the last grab
+    std::optional<double> releasedAt; // the end of the last grab, until a later frame
     std::optional<Moment> leaveAt;    // when to remove the clone
     bool ended = false;
 
-    unsigned failedAttempt = 0; // the attempt in which making a clone failed
+    unsigned failedAttempt = 0; // the value of attempt() when cloning last failed
     Moment retryAt;
     std::chrono::seconds pause = firstPause;
     const char* reason = nullptr;

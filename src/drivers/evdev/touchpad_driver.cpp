@@ -162,8 +162,9 @@ void TouchpadDriver::start(driver::Device device) {
     }
     touchpad->start();
     connect(*touchpad);
-    clicks.watchdog().progress(); // opening several touchpads may delay the reader
-    needsScan = true; // to read the current contacts, or to open a touchpad that returned
+    // The reader may be waiting for the lock, and opening several touchpads is not a stall.
+    clicks.watchdog().progress();
+    needsScan = true; // the scan reads the current contacts or searches for a missing touchpad
     launchReader();
     wakeReader();
 }
@@ -239,7 +240,8 @@ void TouchpadDriver::launchReader() {
     if (reader.joinable()) {
         reader.join(); // the thread ended after a callback had stopped the last touchpad
     }
-    reader = threadWithoutSignals([this] { runReader(); }); // the thread first waits for the lock
+    // The thread first waits for the lock, so it does not reset `readerRuns` before it is set.
+    reader = threadWithoutSignals([this] { runReader(); });
     readerRuns = true;
 }
 
@@ -294,7 +296,7 @@ void TouchpadDriver::processEvents() {
     clonesChanged = false;
     while (needsScan) {
         needsScan = false;
-        // before reconnect(), so that a touchpad that returns during the search is noticed
+        // Must precede reconnect(), so that a touchpad that returns during the search is noticed.
         updateWatch();
         reconnect();
         readFresh();
