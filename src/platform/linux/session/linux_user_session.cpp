@@ -97,7 +97,7 @@ private:
                         [kept = alive()] { kept->read({}); });
         watch({Bus::system, busDaemon, busDaemon, "NameOwnerChanged", logind},
               [kept = alive()](GVariant* /*values*/) {
-                  kept->setAsleep(false); // a logind that has exited announces no resume
+                  kept->setAsleep(false); // if logind has exited, it cannot announce the resume
                   kept->read({});
               });
         for (const char* const signal : {"SessionNew", "SessionRemoved"}) {

@@ -30,7 +30,7 @@ std::string kwinScriptActivating(const std::string& handle);
 struct KWinReport {
     std::vector<WindowIdentity> windows;
     std::optional<WindowIdentity> active;
-    std::vector<std::string> handles = {}; // the windows' handles, in the same order
+    std::vector<std::string> handles = {}; // the handles of `windows`, in the same order
     std::string activeHandle = {};
 
     friend bool operator==(const KWinReport&, const KWinReport&) = default;
