@@ -46,8 +46,8 @@ using WindowChoice = std::function<bool(const WindowIdentity& window)>;
 struct LaunchToken {
     std::string startupID;       // DESKTOP_STARTUP_ID, for X11
     std::string activationToken; // XDG_ACTIVATION_TOKEN, for Wayland
-    // Announces the launch to the desktop. Must be called when the program has been started, if the
-    // program supports startup notification.
+    // Announces the launch to the desktop. Must be called when a process has been started for a
+    // program that supports startup notification.
     std::function<void()> begun;
 };
 
