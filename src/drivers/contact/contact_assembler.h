@@ -49,7 +49,9 @@ struct ButtonChange {
 // The result of one SYN_REPORT or of release(). Valid until the next call of handle() or release().
 struct PadFrame {
     double timestamp = 0;
-    bool contactsChanged = false; // if false, do not report `contacts`, which is then empty
+    // If false, `contacts` is empty but must not be reported, because an empty report would end all
+    // contacts.
+    bool contactsChanged = false;
     std::span<const MTTouch> contacts;
     std::span<const ButtonChange> buttons;
     std::int32_t number = 0; // increases with each report of contacts
@@ -70,11 +72,11 @@ private:
     struct Slot {
         SlotValues values;
         bool down = false;
-        bool begun = false;   // a new contact that has not been reported yet
+        bool begun = false;   // the contact is new and has not been reported yet
         bool changed = false; // the values have changed since the last report
         bool leaving = false; // the reported contact has ended; its end is not reported yet
         MTTouch record{};     // the last report; before the first one, the identifier is 0
-        MTPoint shift{};      // from the pad's position to the reported position
+        MTPoint shift{};      // added to the position from the pad before it is reported
     };
 
     void handleAbsolute(std::uint16_t code, std::int32_t value);

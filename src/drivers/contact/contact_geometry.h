@@ -31,7 +31,8 @@ struct SlotValues {
 // Returns the value's position on the axis, 0..1.
 double fraction(const AxisRange& axis, std::int32_t value);
 
-// Returns whether the contact presses on the pad. Palms and hovering fingers do not press.
+// Returns whether the contact counts as touching. Palms, hovering fingers and contacts without
+// pressure do not.
 bool presses(const PadDescription& pad, const SlotValues& values);
 
 // Returns the pad's size along the axis in millimetres, or 0 if the resolution is unknown.
@@ -45,7 +46,7 @@ void describeContact(const PadDescription& pad, const SlotValues& values, MTTouc
 void translate(const PadDescription& pad, MTPoint normalizedShift, MTTouch& record);
 
 // Computes the velocities. `before` is the same contact's record in the previous report. Leaves the
-// velocities unchanged if no time has passed since then.
+// velocities unchanged if no time has passed since that report.
 void describeVelocity(const MTTouch& before, MTTouch& record);
 
 // Returns the contact's next state. `before` is its previous state, or 0 if it has not been

@@ -13,7 +13,7 @@ namespace {
 // A new stand-in is placed on the line from its anchor towards the centre, at the first free
 // multiple of this distance. At the first multiple, a new stand-in is too close to its anchor to be
 // recognised as the tap of a hold and tap (which requires 0.05 on an axis), but far enough away to
-// be another finger.
+// count as a separate finger.
 constexpr float spacing = 0.04F;
 constexpr float minDistance = 0.02F;
 constexpr int maxAttempts = 16;

@@ -37,8 +37,8 @@ public:
 
     // Returns whether touchpads must be forwarded.
     bool isWanted() const { return isOn && filter != nullptr; }
-    // Returns how many times the filter was switched on. Each time, the driver retries failed
-    // touchpads.
+    // Returns how many times the filter was switched on. Each time, the driver retries to clone the
+    // touchpads that could not be cloned before.
     unsigned attempt() const { return attempts; }
 
     // Returns whether the driver must check its touchpads again: since the last call, the filter was

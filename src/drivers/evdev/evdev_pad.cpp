@@ -98,8 +98,8 @@ EvdevPad::EvdevPad(std::string node, OpenFile file, Device device)
     queueInitialState();
 }
 
-// libevdev reads the state with several calls. If an event arrives in between, the results are
-// inconsistent, and the state is read again. Reading takes a hundredth of the time between two
+// libevdev reads the state with several calls. If an event arrives between two of them, the results
+// are inconsistent, and the state is read again. Reading takes a hundredth of the time between two
 // reports of a touchpad, so a retry usually succeeds.
 void EvdevPad::readConsistentState() {
     constexpr int maxAttempts = 10;
@@ -208,7 +208,7 @@ std::optional<double> EvdevPad::grab() {
     if (!witness) {
         witness = openNode(node, O_RDONLY);
     }
-    lastWitnessEvent(); // discards older events
+    lastWitnessEvent(); // discards the events from before the grab
     const double before = monotonicNow();
     if (ioctl(file.descriptor(), EVIOCGRAB, 1) != 0) {
         return std::nullopt;
@@ -264,8 +264,8 @@ void EvdevPad::saveStateSeenByOthers() {
 
 // Writes the saved values to the device. The touchpad is still grabbed, so no other program
 // receives these events. Slots with a finger are skipped, because the next report of that finger
-// updates the other programs. A slot becomes the current one in the kernel only when a value in it
-// changes, hence the two different positions.
+// updates the other programs. The kernel makes a slot the current one only when a value in it
+// changes. Therefore two different positions are written to the slot that was current.
 void EvdevPad::restoreStateSeenByOthers() const {
     const std::vector<std::int32_t> touches = slotValues(ABS_MT_TRACKING_ID);
     const auto isFree = [&](std::int32_t slot) {

@@ -71,7 +71,7 @@ private:
     Device device;
     PadDescription pad;
     bool resynchronising = false;
-    std::vector<InputEvent> initialEvents; // the state at opening as events, the last event first
+    std::vector<InputEvent> initialEvents; // the state on opening, as events in reverse order
 };
 
 } // namespace glidemap

@@ -74,8 +74,8 @@ public:
     void resume();
     bool isPaused() const;
 
-    // Returns the device whose forwarding has stalled since the last call, if any. Returns nullopt
-    // while paused.
+    // Returns one of the touchpads that were released by a stall or by pause() since the last call.
+    // Returns nullopt if none was released, and while paused.
     std::optional<driver::Device> takeStall();
 
 private:

@@ -22,9 +22,9 @@
 // Owner:   PadConnection, beside the pad.
 // Errors:  a touchpad that cannot be cloned or grabbed keeps working without the filter. If
 //          creating the clone fails or no program opens it, the driver retries when the filter is
-//          switched on again. It also retries when the touchpad is neutral after a delay of one
-//          second. Each failure doubles the delay. If the grab fails, the driver retries at the
-//          next neutral moment.
+//          switched on again, or at the first neutral moment after a delay. The delay is one second
+//          at first, and each failure doubles it. If the grab fails, the driver retries at the next
+//          neutral moment.
 #pragma once
 
 #include "drivers/evdev/click_interception.h"
@@ -109,16 +109,16 @@ private:
     ClickInterception& clicks;
 
     PadState source;
-    std::int32_t slotBefore = 0;       // the slot at the beginning of the frame
+    std::int32_t slotBefore = 0;       // the current slot at the beginning of the frame
     std::vector<InputEvent> frame;     // those events of the frame that may be forwarded
-    std::optional<CloneWriter> writer; // exists before the touchpad is grabbed
+    std::optional<CloneWriter> writer; // owns the clone
     std::optional<CloneIntroduction> introduction;
     std::optional<double> grabbedAt;
-    std::optional<double> releasedAt; // end of the last grab
+    std::optional<double> releasedAt; // the end of the last grab, until a later frame
     std::optional<Moment> leaveAt;    // when to remove the clone
     bool ended = false;
 
-    unsigned failedAttempt = 0; // the attempt in which making a clone failed
+    unsigned failedAttempt = 0; // the value of attempt() when cloning last failed
     Moment retryAt;
     std::chrono::seconds pause = firstPause;
     const char* reason = nullptr;

@@ -45,8 +45,9 @@ bool isUnhandled(int signal) {
     return sigaction(signal, nullptr, &now) == 0 && now.sa_handler == SIG_DFL;
 }
 
-// Stops the process with the signal's default action. Returns when the process continues, or
-// immediately if the kernel does not stop the process because no shell could continue it.
+// Stops the process with the signal's default action. Returns when the process continues. If the
+// process group is orphaned, returns immediately: the kernel does not stop such a group, because no
+// shell could continue it.
 void stopProcess(int signal) {
     struct sigaction action = {};
     action.sa_handler = SIG_DFL;

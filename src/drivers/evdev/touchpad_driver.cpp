@@ -162,8 +162,9 @@ void TouchpadDriver::start(driver::Device device) {
     }
     touchpad->start();
     connect(*touchpad);
-    clicks.watchdog().progress(); // opening several touchpads may delay the reader
-    needsScan = true; // to read the current contacts, or to open a touchpad that returned
+    // The reader may be waiting for the lock, and opening several touchpads is not a stall.
+    clicks.watchdog().progress();
+    needsScan = true; // the scan reads the current contacts or searches for a missing touchpad
     launchReader();
     wakeReader();
 }
@@ -239,7 +240,8 @@ void TouchpadDriver::launchReader() {
     if (reader.joinable()) {
         reader.join(); // the thread ended after a callback had stopped the last touchpad
     }
-    reader = threadWithoutSignals([this] { runReader(); }); // the thread first waits for the lock
+    // The thread first waits for the lock, so it does not reset `readerRuns` before it is set.
+    reader = threadWithoutSignals([this] { runReader(); });
     readerRuns = true;
 }
 
@@ -294,15 +296,16 @@ void TouchpadDriver::processEvents() {
     clonesChanged = false;
     while (needsScan) {
         needsScan = false;
-        updateWatch(); // before reconnect(), so that no return in between is missed
+        // Must precede reconnect(), so that a touchpad that returns during the search is noticed.
+        updateWatch();
         reconnect();
         readFresh();
     }
     updateWatch();
 }
 
-// Closes the touchpads that this user may not read any more. Then searches for them, because access
-// may have been restored in the meantime.
+// Closes the touchpads that this user may not read any more. Requests a search for them, because
+// access may have been restored in the meantime.
 void TouchpadDriver::withdrawUnreadable() {
     // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
     for (std::size_t index = 0; index < touchpads.size(); ++index) {

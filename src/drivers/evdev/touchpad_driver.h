@@ -116,7 +116,7 @@ private:
     std::vector<std::unique_ptr<PadConnection>> closedConnections; // closed on the reader's thread
     std::thread reader;
     bool readerRuns = false;
-    bool needsScan = false; // a touchpad may have returned, or was opened but not read
+    bool needsScan = false; // a touchpad may have returned, or a newly opened one is still unread
     bool clonesChanged = false;
 
     // Used on the reader's thread only.

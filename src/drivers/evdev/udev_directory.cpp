@@ -59,9 +59,9 @@ std::optional<NumberedCandidate> candidate(udev_device* event) {
 constexpr const char* nodeFolder = "/dev/input";
 
 // The descriptors become readable when a touchpad may have returned: udev has reported an input
-// device, or a node or its permissions have changed. Permissions may change long after the node
-// appears: the user of the seat gets access later, and a switch of sessions changes only
-// permissions. A source that cannot be watched is ignored. Used on the reader's thread.
+// device, a node has appeared, or a node's permissions have changed. Permissions may change long
+// after the node appears: the user of the seat gets access later, and a switch of sessions changes
+// only permissions. A source that cannot be watched is ignored. Used on the reader's thread.
 class UdevWatch : public ReturnWatch {
 public:
     UdevWatch();

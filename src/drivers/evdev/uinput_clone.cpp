@@ -77,9 +77,9 @@ bool isOnFirstSeat(udev_device* device) {
 }
 
 // Returns the fuzz of the clone's axis. The kernel filters a device's events by their fuzz and has
-// already filtered the source's events. Filtering them again would thin out the motion, so the
-// clone usually has no fuzz. Where libinput's udev rules are installed, libinput itself filters the
-// events, and a udev property holds the original fuzz. The clone then gets that fuzz, so that
+// already filtered the source's events. Filtering them again would drop more small movements, so
+// the clone usually has no fuzz. Where libinput's udev rules are installed, libinput itself filters
+// the events, and a udev property holds the original fuzz. The clone then gets that fuzz, so that
 // libinput filters its events in the same way.
 std::int32_t fuzzOf(udev_device* device, unsigned code) {
     std::array<char, 32> property{};

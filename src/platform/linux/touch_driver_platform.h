@@ -1,8 +1,8 @@
 // Locates the touch drivers on Linux, and reads their device lists.
 //
-// The drivers are in ../lib/glidemap, relative to the executable, in the build tree as well as in
-// an installation. The environment variable GLIDEMAP_TOUCH_DRIVER selects another driver by its
-// path.
+// The drivers are in ../lib/glidemap, relative to the executable's folder, both in the build tree
+// and in an installation. The environment variable GLIDEMAP_TOUCH_DRIVER selects another driver by
+// its path.
 //
 // Thread:  the main thread, on startup.
 #pragma once

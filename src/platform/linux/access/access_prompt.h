@@ -31,8 +31,9 @@ public:
     void waitUntilReady() { isReady = false; }
     void ready();
 
-    // Returns whether the last prompt could not be shown, for example because no authentication
-    // agent is running, or authentication failed. Returns false if the user dismissed the prompt.
+    // Returns true if the last prompt could not be shown, for example because no authentication
+    // agent is running, and also if authentication failed. Returns false if the user dismissed the
+    // prompt.
     bool hasFailed() const { return failed; }
 
     // Returns the program that grants access when it runs as root; empty if it is not installed.

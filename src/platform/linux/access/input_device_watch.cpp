@@ -21,7 +21,7 @@ namespace glidemap {
 namespace {
 
 constexpr const char* nodeFolder = "/dev/input";
-// Watching a node itself requires permission to read it, so inotify watches the folder instead.
+// Watching /dev/uinput itself requires permission to read it, so inotify watches its folder.
 constexpr const char* uinputFolder = "/dev";
 
 // A new touchpad causes several events within a few milliseconds. They are reported once.

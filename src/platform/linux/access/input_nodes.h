@@ -17,7 +17,7 @@ public:
     virtual ~InputNodes() = default;
 
     // Returns the nodes of the touchpads to which the udev rules grant access. These rules exclude
-    // our clones and nodes that are also a keyboard.
+    // our clones, and any node that is also a keyboard.
     virtual std::vector<std::string> touchpads() = 0;
 
     virtual bool mayRead(const std::string& node) = 0;

@@ -89,7 +89,7 @@ void LinuxClickTap::want(bool& wish, bool value) {
     wish = value;
     mustNotify = true;
     if (isNotifying || switchFilter == nullptr) {
-        return; // the thread that is calling the driver sends this change, too
+        return; // a thread that is already calling the driver also sends this change
     }
     isNotifying = true;
     while (std::exchange(mustNotify, false) && switchFilter != nullptr) {

@@ -9,7 +9,7 @@
 namespace glidemap {
 
 // Whether the device is the event node of a touchpad to which the udev rules grant access. These
-// rules exclude our clones and nodes that are also a keyboard.
+// rules exclude our clones, and any node that is also a keyboard.
 bool isTouchpadOfRule(udev_device* event);
 
 } // namespace glidemap

@@ -27,7 +27,8 @@ void launchApplication(GDesktopAppInfo* entry, const LaunchToken& token);
 // Whether the entry supports D-Bus activation or startup notification.
 bool acceptsLaunchToken(GDesktopAppInfo* entry);
 
-// Opens the URL with the user's default handler for its scheme.
+// Opens the URL with the user's default handler for its scheme, or a file with the default handler
+// for its type.
 void launchHandler(const std::string& url);
 
 } // namespace glidemap

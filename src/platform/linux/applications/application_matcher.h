@@ -1,10 +1,11 @@
 // Finds the desktop entry of a window. These criteria are tried in order, the most reliable first:
 //
-//  0. A process in the unit of a flatpak or a snap belongs to an entry of that package.
+//  0. If the window's process runs in the unit of a flatpak or a snap, only the entries of that
+//     package are considered.
 //  1. StartupWMClass equals the window's instance. Only this distinguishes web applications from
 //     their browser.
 //  2. The app id equals an entry's id, first exactly, then ignoring case.
-//  3. StartupWMClass equals the app id exactly. Otherwise it equals the app id or the instance,
+//  3. StartupWMClass equals the app id, first exactly, then ignoring case; or else the instance,
 //     ignoring case.
 //  4. The instance equals an entry's id, ignoring case.
 //  5. The app id, then the instance, equals the last component of a reverse-DNS id: "konsole"

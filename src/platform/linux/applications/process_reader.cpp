@@ -60,7 +60,7 @@ std::string variable(const std::vector<std::string>& environment, std::string_vi
 }
 
 // A child process inherits these variables from its parent, so they are valid only if the process
-// id matches.
+// id in them is that of the process itself.
 std::string launchedFrom(const std::string& folder, pid_t process) {
     const auto environment = splitAtNulls(contentOf(folder + "environ"));
     const bool own =

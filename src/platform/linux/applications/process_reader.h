@@ -14,7 +14,7 @@ namespace glidemap {
 
 struct ProcessFacts {
     std::string controlGroups; // the content of /proc/PID/cgroup
-    std::string executable;    // path
+    std::string executable;    // the path of the program's file
     std::vector<std::string> arguments;
     // The path of the desktop entry that launched this process; empty if the entry launched an
     // ancestor of the process.

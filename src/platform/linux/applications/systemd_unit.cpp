@@ -98,7 +98,8 @@ UnitApplication snapOf(std::string_view text) {
     return application;
 }
 
-// Parses "CONNECTION-ID@NUMBER". The id of an application that D-Bus starts equals its bus name.
+// Parses CONNECTION, "-", APPLICATION, "@" and NUMBER. The id of an application that D-Bus starts
+// equals its bus name.
 UnitApplication busServiceOf(std::string_view text) {
     const std::size_t dash = text.find('-');
     const std::size_t at = text.rfind('@');

@@ -121,8 +121,8 @@ bool busResponds(const std::string& address, std::chrono::milliseconds patience)
     return !name || respondsAt(*name, patience);
 }
 
-// GIO reads the variable only once. It is removed afterwards, so that launched programs do not
-// inherit it.
+// GIO reads GIO_USE_VFS only once. The variable is removed afterwards, so that launched programs do
+// not inherit it.
 // NOLINTBEGIN(concurrency-mt-unsafe): no other thread uses the environment yet
 void useFilesWithoutBus() {
     constexpr const char* variable = "GIO_USE_VFS";

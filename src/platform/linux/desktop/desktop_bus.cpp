@@ -164,7 +164,7 @@ void DesktopBus::open(const std::string& address, GCancellable* cancellable, Ope
 
 void DesktopBus::withShared(Shared then) {
     if (keptBus() && g_dbus_connection_is_closed(keptBus()->connection.get()) != FALSE) {
-        keptBus().reset(); // otherwise GIO would return it again
+        keptBus().reset(); // otherwise GIO would return the closed connection again
     }
     auto* const attempt = new SharedAttempt{std::move(then)};
     g_source_set_callback(attempt->limit.get(), SharedAttempt::cancel, attempt->cancellable.get(),

@@ -9,8 +9,8 @@ namespace glidemap {
 
 namespace {
 
-// Checks the variable first. Without it, the library would connect to wayland-0, which may belong
-// to another session.
+// Does not connect if WAYLAND_DISPLAY is not set. libwayland would then connect to wayland-0, which
+// may belong to another session.
 bool isWaylandDisplayOpen() {
     const std::string name = fromEnvironment("WAYLAND_DISPLAY");
     wl_display* const display = name.empty() ? nullptr : wl_display_connect(name.c_str());

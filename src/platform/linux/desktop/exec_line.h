@@ -31,16 +31,16 @@ struct FieldValues {
 // Replaces the field codes in `exec`. Quotes the values as GIO does.
 std::string withFieldCodes(const std::string& exec, const FieldValues& values);
 
-// Returns the words of an Exec line when there is no file or URL to open.
+// Returns the words of an Exec line for a launch without a file or URL.
 std::vector<std::string> wordsOfExecLine(const std::string& line);
 
 // Returns the Exec value that starts `program`, without the escaping that the format of desktop
 // files requires in addition.
 std::string execLineOf(const std::filesystem::path& program);
 
-// Returns the file that a session would execute: `program` itself if it is an absolute path,
-// otherwise the first match in the folders of `searchPath`, which are separated by colons. Returns
-// nullopt if no such file is executable.
+// Returns the file that a session would execute: `program` itself if it is an absolute path, or, if
+// it contains no slash, the first executable match in the folders of `searchPath`, which are
+// separated by colons. Returns nullopt for other paths, and if no executable file is found.
 std::optional<std::filesystem::path> findProgram(const std::string& program,
                                                  std::string_view searchPath);
 

@@ -2,7 +2,7 @@
 //
 // A stuck bus accepts connections but never replies, and the D-Bus library cannot cancel every step
 // of connecting. Therefore a separate thread runs the query. After the time limit, this thread is
-// abandoned, so use this only in programs that exit soon.
+// abandoned, so only programs that exit soon may use the survey.
 //
 // Thread:  any; blocks at most for the time limit, `patience`.
 // Errors:  reported as values.

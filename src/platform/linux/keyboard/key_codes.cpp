@@ -110,9 +110,9 @@ constexpr auto pairs = std::to_array<KeyCodePair>({
     {102, KEY_HANJA}, // on Japanese keyboards, left of the space bar: selects Latin letters
     {103, KEY_F11},
     {104, KEY_HANGEUL}, // on Japanese keyboards, right of the space bar: selects kana
-    // The virtual key codes 105, 107 and 113 are those of F13, F14 and F15. On other keyboards, the
-    // keys at their places are Print, Scroll Lock and Pause, which shortcuts use. Keys labelled F13
-    // to F15 are rare.
+    // On Apple keyboards, the virtual key codes 105, 107 and 113 are F13, F14 and F15. On PC
+    // keyboards, the keys at their places are Print, Scroll Lock and Pause, which shortcuts use.
+    // The kernel's codes for F13 to F15 are not used, because keys that send them are rare.
     {105, KEY_SYSRQ},
     {106, KEY_F16},
     {107, KEY_SCROLLLOCK},

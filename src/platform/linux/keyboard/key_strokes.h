@@ -38,8 +38,9 @@ private:
     void release(std::uint16_t kernelCode, std::vector<KeyChange>& changes);
     void setModifiers(std::span<const std::uint16_t> wanted, std::vector<KeyChange>& changes);
 
-    std::vector<std::uint16_t> keys;      // keys pressed by key events, in order
-    std::vector<std::uint16_t> modifiers; // modifier keys pressed for the flags of `keys`, in order
+    std::vector<std::uint16_t> keys; // keys pressed by key events, in order
+    // Modifier keys pressed for the flags of the last key press, in order.
+    std::vector<std::uint16_t> modifiers;
 };
 
 } // namespace glidemap

@@ -28,8 +28,8 @@ constexpr std::uint32_t inputEvent = 0x80000015;
 constexpr std::size_t headerSize = 14;
 constexpr std::size_t maxPayload = 1 << 20; // no message of sway is longer
 
-// The delay before the command separation() is sent again. It limits the number of these commands
-// in case sway reports each of them as a change of the keymap.
+// The delay before the command of separation() is sent again. It limits the number of these
+// commands in case sway reports each of them as a change of the keymap.
 constexpr std::chrono::milliseconds pause(200);
 
 // Returns sway's identifier of our keyboard: vendor, product, and the name with underscores.
@@ -133,7 +133,7 @@ void SwayHeldModifiers::read() {
     }
 }
 
-// Returns false if the received bytes are not a valid message.
+// Returns false if a message is longer than maxPayload, and therefore invalid.
 bool SwayHeldModifiers::takeMessages() {
     while (received.size() >= headerSize) {
         const std::size_t length = numberAt(received, 6);

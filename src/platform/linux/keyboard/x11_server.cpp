@@ -60,7 +60,8 @@ bool hasExtensions(const X11Connection& server) {
     if (test == nullptr || test->present == 0 || input == nullptr || input->present == 0) {
         return false;
     }
-    // In version 2.2, the server reports raw events of all keys, whether they are grabbed or not.
+    // The client announces version 2.2, because the server reports raw events of grabbed keys only
+    // to clients that announce at least version 2.1.
     const auto version = server.reply(xcb_input_xi_query_version_reply,
                                       xcb_input_xi_query_version(server.raw(), 2, 2));
     return version != nullptr && version->major_version >= 2;

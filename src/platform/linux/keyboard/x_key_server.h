@@ -32,8 +32,7 @@ public:
     virtual std::vector<std::uint16_t> modifiersDown() = 0;
     virtual KeysDown keysDown() = 0;
 
-    // Types on the server's XTEST keyboard. The server processes all changes without other events
-    // in between.
+    // Types the changes in order on the server's XTEST keyboard.
     virtual void type(std::span<const KeyChange> changes) = 0;
     virtual bool canType(std::span<const KeyChange> changes) const = 0;
 

@@ -64,7 +64,7 @@ private:
         readLocked();
     }
 
-    // Reads LockedHint. If the session reports the lock only after the first screen saver was
+    // Reads LockedHint. If the reply confirms the lock only after the first screen saver was
     // called, the remaining screen savers are skipped.
     void readLocked() {
         call(getSessionProperty, g_variant_new("(ss)", sessionInterface, "LockedHint"),

@@ -51,7 +51,7 @@ bool isLockedHint(GVariantDict* session) {
 }
 
 // Follows the session's state in logind until the request is cancelled. While logind is missing,
-// the callback is not called.
+// the callback is not called, except once to end a sleep whose end logind can no longer announce.
 class SessionFollower : public BusRequest {
 public:
     struct State {
@@ -89,15 +89,15 @@ private:
              });
     }
 
-    // logind emits signals for the session's real object path, not for "auto". So this watch
-    // receives the signals of all sessions, which are rare. The callbacks keep the transaction
-    // alive.
+    // logind emits signals for the session's real object path, not for "auto". So the watch of the
+    // properties receives the changes of all sessions, which are rare. The callbacks of the watches
+    // keep the transaction alive.
     void watchSession() {
         watchProperties(Bus::system, logind, sessionInterface,
                         [kept = alive()] { kept->read({}); });
         watch({Bus::system, busDaemon, busDaemon, "NameOwnerChanged", logind},
               [kept = alive()](GVariant* /*values*/) {
-                  kept->setAsleep(false); // a logind that has exited announces no resume
+                  kept->setAsleep(false); // if logind has exited, it cannot announce the resume
                   kept->read({});
               });
         for (const char* const signal : {"SessionNew", "SessionRemoved"}) {

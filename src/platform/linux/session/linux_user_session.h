@@ -41,7 +41,7 @@ private:
     // Tasks in the main queue hold weak references.
     std::shared_ptr<LinuxUserSession*> life = std::make_shared<LinuxUserSession*>(this);
     std::shared_ptr<Known> known;
-    BusRequests requests; // destroyed first
+    BusRequests requests; // destroyed first, which stops the updates
 };
 
 } // namespace glidemap

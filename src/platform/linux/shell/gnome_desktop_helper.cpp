@@ -83,7 +83,8 @@ void GnomeDesktopHelper::install() {
     ask([shell = shell] { return installed(shell); });
 }
 
-// If a thread exists, its query has finished or is about to finish, so join() does not take long.
+// The interface offers install() only after the shell has replied to the previous query. So the
+// previous thread has finished or is about to finish, and join() does not take long.
 void GnomeDesktopHelper::ask(std::function<Status()> question) {
     if (worker.joinable()) {
         worker.join();

@@ -25,7 +25,7 @@ namespace glidemap {
 namespace {
 
 // All desktops use KDE's name for the watcher.
-constexpr const char* watcherName = "org.kde.StatusNotifierWatcher"; // also its interface
+constexpr const char* watcherName = "org.kde.StatusNotifierWatcher"; // also its interface's name
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
 
 // In milliseconds. A watcher that replies later is still detected.

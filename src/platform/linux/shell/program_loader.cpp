@@ -1,5 +1,5 @@
-// Loads the program's library from ../lib/glidemap, relative to the executable; the drivers are in
-// the same folder. Code that runs before the library is loaded may use only the C library.
+// Loads the program's library from ../lib/glidemap, relative to the executable's folder. Code that
+// runs before the library is loaded may use only the C library.
 #include "app/program.h"
 
 #include <dlfcn.h>

@@ -35,7 +35,7 @@ public:
 
 private:
     bool silent = false;
-    std::optional<std::string> address; // the original value
+    std::optional<std::string> address; // the original value of the environment variable, if set
 };
 
 } // namespace glidemap

@@ -46,7 +46,9 @@ using WindowChoice = std::function<bool(const WindowIdentity& window)>;
 struct LaunchToken {
     std::string startupID;       // DESKTOP_STARTUP_ID, for X11
     std::string activationToken; // XDG_ACTIVATION_TOKEN, for Wayland
-    std::function<void()> begun; // must be called when the program has been started
+    // Announces the launch to the desktop. Must be called when a process has been started for a
+    // program that supports startup notification.
+    std::function<void()> begun;
 };
 
 // The application to launch, with properties of its desktop entry.

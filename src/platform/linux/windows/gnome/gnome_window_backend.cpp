@@ -62,7 +62,7 @@ struct GnomeWindowBackend::State {
     std::string shell; // the shell's unique bus name
     bool isBelieved = false;
     unsigned subscription = 0;
-    GlibOwner<GVariant> latest; // the latest report
+    GlibOwner<GVariant> latest; // the extension's last report
 
     GlibOwner<GVariant> chosenOf(const WindowChoice& isChosen) const;
     void bringForward(GVariant* windows, std::function<void()> otherwise) const;

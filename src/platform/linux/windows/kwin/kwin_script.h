@@ -19,7 +19,8 @@ constexpr const char* kwinReportPath = "/org/glidemap/Windows";
 constexpr const char* kwinReportInterface = "org.glidemap.KWinWindows";
 constexpr const char* kwinReportMethod = "Report";
 
-// Returns a script that sends reports to this bus name: first the current state, then every change.
+// Returns a script that reports all windows to this bus name: once when it starts, and again
+// whenever a window is added, removed, activated, or gets another desktop file or class.
 std::string kwinScriptReportingTo(const std::string& busName);
 
 // Returns a script that activates the window with this handle, if it exists. A minimised window is
@@ -29,7 +30,7 @@ std::string kwinScriptActivating(const std::string& handle);
 struct KWinReport {
     std::vector<WindowIdentity> windows;
     std::optional<WindowIdentity> active;
-    std::vector<std::string> handles = {}; // the windows' handles, in the same order
+    std::vector<std::string> handles = {}; // the handles of `windows`, in the same order
     std::string activeHandle = {};
 
     friend bool operator==(const KWinReport&, const KWinReport&) = default;

@@ -32,8 +32,8 @@ constexpr wl_callback_listener syncListener = {onSyncDone};
 } // namespace
 
 std::unique_ptr<WlrConnection> WlrConnection::open() {
-    // Checks the variable first. Without it, the library would connect to wayland-0, which may
-    // belong to another session.
+    // Does not connect if WAYLAND_DISPLAY is not set. libwayland would then connect to wayland-0,
+    // which may belong to another session.
     const std::string name = fromEnvironment("WAYLAND_DISPLAY");
     if (name.empty()) {
         return nullptr;

@@ -34,8 +34,8 @@ public:
     // With several seats, several windows may be active. Returns the one that was activated last.
     std::optional<WindowIdentity> active() const;
 
-    // Requests the focus for the most recently active window among the selected ones. Returns false
-    // if there is no such window or no seat.
+    // Activates the most recently active window among the selected ones, and restores it if it is
+    // minimised. Returns false if no window is selected or the compositor has no seat.
     bool bringForward(const WindowChoice& isChosen);
 
 private:

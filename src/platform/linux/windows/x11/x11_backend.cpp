@@ -84,7 +84,7 @@ private:
     xcb_atom_t managerAtom;
     xcb_atom_t workspaceAtom;
     xcb_window_t clock = XCB_WINDOW_NONE;      // its property events carry the server's time
-    xcb_window_t toActivate = XCB_WINDOW_NONE; // the window to activate when the time arrives
+    xcb_window_t toActivate = XCB_WINDOW_NONE; // activated when the server's time arrives
     std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
     std::uint32_t launches = 0;
     std::uint64_t uses = 0;
