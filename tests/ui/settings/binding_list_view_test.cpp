@@ -124,7 +124,7 @@ TEST_F(BindingListViewTest, SelectionStaysVisible) {
     EXPECT_EQ(bar().value(), 0);
 }
 
-TEST_F(BindingListViewTest, SpaceSwitchesTheSelectedBinding) {
+TEST_F(BindingListViewTest, SpaceTogglesTheSelectedBinding) {
     open(defaultBindings());
     focusList();
     press(Qt::Key_Down);
@@ -235,7 +235,7 @@ TEST_F(BindingListViewTest, ArrowKeysOnARowControlMoveTheSelection) {
     EXPECT_TRUE(list->hasFocus());
 }
 
-TEST_F(BindingListViewTest, ToggleKeepsRowsScrollPositionAndSelection) {
+TEST_F(BindingListViewTest, TogglingOrEditingABindingKeepsTheRowsAndTheScrollPosition) {
     open(test::manyBindings(100));
     bar().setValue(1000);
     list->select(22);
@@ -251,7 +251,7 @@ TEST_F(BindingListViewTest, ToggleKeepsRowsScrollPositionAndSelection) {
     EXPECT_EQ(list->selectedIndex(), Place(21));
 }
 
-TEST_F(BindingListViewTest, DeletingAnotherBindingKeepsRowsSelectionAndScrollPosition) {
+TEST_F(BindingListViewTest, DeletingAnotherBindingKeepsTheRowsTheSelectionAndTheScrollPosition) {
     open(test::manyBindings(100));
     bar().setValue(1000);
     list->select(22);

@@ -180,7 +180,7 @@ TEST_F(SettingsViewTest, BindingDeletedDuringEditingIsAppendedOnSave) {
     EXPECT_FALSE(view.showsEditor());
 }
 
-// This happens when the program quits while the user edits a binding.
+// The program may quit while the user edits a binding.
 TEST_F(SettingsViewTest, DestroyedWindowClosesItsEditorAndOpenList) {
     open();
     stage.clickInRow(0, "edit");
