@@ -256,7 +256,7 @@ TEST_F(FingerDrawingTest, RadiusIsProportionalToTheFingersScale) {
     EXPECT_EQ(opacityAt(pressed, finger - QPointF(radius + 1.5, 0)), 0);
 }
 
-TEST_F(FingerDrawingTest, FadesOutAndIsNotDrawnWhenAlmostTransparent) {
+TEST_F(FingerDrawingTest, FadesInAndIsNotDrawnWhileAlmostTransparent) {
     const View view = {{290, 200}};
     const QPointF top =
         on(padIn(view.size), {0.5, 0.2}) + QPointF(8, 0); // outside the dot of the trail

@@ -139,7 +139,7 @@ TEST_F(ShortcutChooserTest, ExactNameIsHighlightedBeforePartialMatches) {
     }
 }
 
-TEST_F(ShortcutChooserTest, SearchFieldDoesNotMoveWhileTheListShrinks) {
+TEST_F(ShortcutChooserTest, KeepsItsMinimumHeightWhileTheListShrinks) {
     open();
     const int height = test::find<QWidget>(window, "shortcutChooser").height();
     const int listHeight = list().height();

@@ -100,7 +100,7 @@ TEST_F(BindingListViewTest, ArrowKeysMoveTheSelectionAndStopAtTheEnds) {
     }
 }
 
-TEST_F(BindingListViewTest, FirstArrowKeySelectsTheFirstRow) {
+TEST_F(BindingListViewTest, DownKeySelectsTheFirstRowIfNoRowIsSelected) {
     open(defaultBindings());
     list->setFocus(Qt::OtherFocusReason);
     EXPECT_EQ(list->selectedIndex(), std::nullopt);
@@ -431,7 +431,7 @@ TEST_F(BindingListViewTest, SeparatorsAppearOnlyBetweenRows) {
     EXPECT_EQ(lines, 2);
 }
 
-TEST_F(BindingListViewTest, RowButtonsAreFaintUnlessSelectedOrHovered) {
+TEST_F(BindingListViewTest, RowButtonsAreFaintUnlessTheRowIsSelectedOrHovered) {
     open(defaultBindings());
     const auto areFaint = [&](std::size_t index) {
         const auto& edit = test::find<SymbolButton>(*stage->row(index), "edit");

@@ -220,7 +220,7 @@ TEST_F(SettingsViewTest, HiddenWindowShowsChangesWhenItOpens) {
     EXPECT_EQ(stage.text("footerGesture"), "最近手势：两指捏合（收拢）");
 }
 
-TEST_F(SettingsViewTest, WorksWithoutADesktopHelper) {
+TEST_F(SettingsViewTest, ShowsNoHelperNoticeWithoutADesktopHelper) {
     stage.helper.reset();
     open();
     EXPECT_FALSE(stage.isShown("desktopHelperNotice"));

@@ -179,7 +179,7 @@ TEST(SymbolsTest, DrawSymbolMatchesTheRenderer) {
     }
 }
 
-TEST(SymbolsTest, CompiledInSymbolsMatchTheFolder) {
+TEST(SymbolsTest, CompiledInSymbolsAreExactlyTheDrawings) {
     std::set<std::string> inFolder;
     for (const QString& file : drawings()) {
         inFolder.insert(nameOf(file));
