@@ -276,7 +276,7 @@ TEST_F(HttpsFetchTest, FetchFromASlowServerSucceedsIfTheServerKeepsSending) {
     expectBody("xxxx", fetched);
 }
 
-TEST_F(HttpsFetchTest, BodyMayBeAsLargeAsTheLimit) {
+TEST_F(HttpsFetchTest, BodyMayBeAsLargeAsTheLimitButNotLarger) {
     const std::string body(largest, 'x');
     const std::string tooLarge = body + "x";
     const std::string untilTheEnd = "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n";
