@@ -4,7 +4,7 @@
 // Thread:  the main thread. `done` is called once, after the function has returned, but not if the
 //          application quits first.
 // Owner:   a pending fetch owns itself, so the function may be destroyed before the fetch ends.
-// Errors:  returned as text, together with the data that arrived before the error.
+// Errors:  passed to `done` as text, together with the data that arrived before the error.
 #pragma once
 
 #include <functional>

@@ -86,7 +86,7 @@ Fetch fetchByProgram(std::filesystem::path program, std::chrono::milliseconds re
 std::filesystem::path installedFetchProgram() {
     const std::filesystem::path programs(QCoreApplication::applicationDirPath().toStdString());
     if (!programs.is_absolute()) {
-        return {}; // the program's path is unknown; starting an empty path fails
+        return {}; // the path of this program is unknown, so the helper cannot be started
     }
     return programs.parent_path() / GLIDEMAP_HELPERS / "glidemap-fetch";
 }

@@ -137,7 +137,8 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
 
 std::unique_ptr<StatusItem> Program::makeStatusItem() {
     constexpr const char* symbol = "hand.draw.fill";
-    constexpr double dimmedIcon = 0.45; // the opacity of the installed icon for "off"
+    // The opacity while gestures are off, as in the installed icon for this state.
+    constexpr double dimmedIcon = 0.45;
     auto item = std::make_unique<StatusItem>(
         services.statusBar, [on = services.installedIcon, off = services.installedIconOff](
                                 StatusBar::Kind kind, StatusItem::Look look) {
@@ -198,7 +199,7 @@ void introduce() {
     }
 }
 
-// Creates the QApplication. While it connects to the display, another thread reads the font list.
+// Creates the QApplication. While Qt connects to the display, another thread reads the font list.
 class Application {
 public:
     explicit Application(char** arguments) : object(count, arguments) {

@@ -18,7 +18,7 @@
 
 namespace glidemap {
 
-// The text is not shown to the user.
+// The reason why a check failed. `text` is not shown to the user.
 struct UpdateError {
     enum class Kind { transport, badServerResponse };
     Kind kind = Kind::badServerResponse;
@@ -71,7 +71,7 @@ public:
     // Whether `version` is strictly newer than `other`.
     static bool isNewer(std::string_view version, std::string_view other);
 
-    // The build sets these two values.
+    // Return values that are set at build time.
     static std::string defaultHost();
     static std::optional<std::string> runningVersion();
 

@@ -122,7 +122,7 @@ Services makeServices(const std::shared_ptr<MainQueue>& mainQueue,
 std::shared_ptr<UserDefaults> makeUserDefaults();
 
 // The services for an alert that is shown without the rest of the program. `foundation` keeps
-// `appearance` up to date, and must be destroyed before the queue. `appearance` may outlive
+// `appearance` up to date, and must be destroyed before `mainQueue`. `appearance` may outlive
 // `foundation`.
 struct AlertServices {
     std::shared_ptr<void> foundation;

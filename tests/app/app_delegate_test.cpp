@@ -346,8 +346,9 @@ TEST_F(AppDelegateTest, QuittingFromTheMenuEndsTheProgram) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
 }
 
-// The next two tests are about a status bar that draws the menu itself and may read it at any time.
-TEST_F(AppDelegateTest, StatusBarThatDrawsTheMenuAlwaysHasTheCurrentState) {
+// A status bar that draws the menu itself may read it at any time, so the next two tests do not open
+// the menu.
+TEST_F(AppDelegateTest, MenuIsAlwaysUpToDateIfTheStatusBarDrawsIt) {
     stage->statusBar->become(StatusBar::Kind::drawsItself);
     relaunch();
     EXPECT_EQ(stage->titles()[0], "Enable Gestures");
@@ -359,7 +360,7 @@ TEST_F(AppDelegateTest, StatusBarThatDrawsTheMenuAlwaysHasTheCurrentState) {
     EXPECT_FALSE(stage->item(0).isChecked());
 }
 
-TEST_F(AppDelegateTest, LateStatusBarThatDrawsTheMenuGetsTheCurrentState) {
+TEST_F(AppDelegateTest, MenuIsUpToDateWhenAStatusBarThatDrawsItAppearsLate) {
     launch();
     EXPECT_FALSE(stage->statusItem->isShown());
     stage->statusBar->become(StatusBar::Kind::drawsItself);
@@ -380,7 +381,7 @@ TEST_F(AppDelegateTest, MissingStatusBarIsReportedOnceAndTheNoticeClosesWhenABar
     EXPECT_TRUE(stage->statusItem->isShown());
 }
 
-// The user may be typing in another program.
+// The user may be typing in another program, which must not lose the keyboard focus.
 TEST_F(AppDelegateTest, ReportOfAMissingStatusBarWaitsUntilTheWindowIsInFront) {
     launch();
     stage->window->close();
@@ -403,7 +404,7 @@ TEST_F(AppDelegateTest, PendingReportOfAMissingStatusBarIsDroppedWhenABarAppears
     EXPECT_EQ(notice(), nullptr);
 }
 
-TEST_F(AppDelegateTest, ClosingHidesTheOnlySettingsWindow) {
+TEST_F(AppDelegateTest, SettingsWindowIsHiddenWhenClosedAndReusedWhenOpenedAgain) {
     launch();
     const QWidget* first = stage->window;
     stage->window->close();
@@ -568,7 +569,7 @@ TEST_F(UpdateAlertTest, OpenAlertFollowsTheLanguage) {
               (Shown{"发现新版本", "Glidemap v1.3 已发布（当前 v1.2）。", {"前往下载", "稍后"}}));
 }
 
-TEST_F(UpdateAlertTest, UnknownRunningVersionIsShownAsUpToDateWithoutARequest) {
+TEST_F(UpdateAlertTest, UnknownRunningVersionIsReportedAsUpToDateWithoutContactingTheServer) {
     stage->runningVersion = std::nullopt;
     relaunch();
     EXPECT_EQ(checkAnd(unreachable, "OK"),

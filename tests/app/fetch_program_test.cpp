@@ -119,7 +119,7 @@ std::string addressSpaceLimitOf(qint64 process) {
     return "";
 }
 
-// TLS works under this limit: the previous test reaches the check of the certificate.
+// The previous test shows that TLS works under this limit: the program checks the certificate.
 TEST_F(FetchProgramTest, InstalledProgramLimitsItsMemory) {
     if (!std::filesystem::exists("/proc/self/limits")) {
         GTEST_SKIP() << "this system does not show a process's limits";

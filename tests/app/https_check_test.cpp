@@ -127,7 +127,7 @@ TEST_F(HttpsCheckTest, InvalidManifestIsABadResponseAndKeepsTheKnownVersion) {
     }
 }
 
-TEST_F(HttpsCheckTest, FailureOfABackgroundCheckDoesNotNotifyObservers) {
+TEST_F(HttpsCheckTest, FailedCheckDoesNotNotifyObservers) {
     const auto checker = checkerThatKnows("1.3");
     server.setAnswer(ok(R"({"version": 2})"));
     const auto watch = checker->changes().subscribe([] { ADD_FAILURE() << "announced"; });

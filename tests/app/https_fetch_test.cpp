@@ -58,7 +58,7 @@ protected:
     HttpsServer server{authority.vouchFor("IP:127.0.0.1"), ok("content")};
 };
 
-TEST_F(HttpsFetchTest, DefaultsLimitSilenceTotalTimeAndBodySize) {
+TEST_F(HttpsFetchTest, DefaultSetupLimitsSilenceTotalTimeAndBodySize) {
     const HttpsFetchSetup setup;
     EXPECT_EQ(setup.silence, 15s);
     EXPECT_EQ(setup.whole, 60s);
@@ -205,7 +205,7 @@ TEST_F(HttpsFetchTest, FetchFromAServerWithoutTlsFails) {
     expectNothing(fetch(trusting(), "https://127.0.0.1:" + std::to_string(plain.serverPort())));
 }
 
-TEST_F(HttpsFetchTest, ServerThatAcceptsAndStaysSilentTimesOut) {
+TEST_F(HttpsFetchTest, ConnectionToASilentServerTimesOut) {
     QTcpServer silent;
     ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
     HttpsFetchSetup setup = trusting();
@@ -276,7 +276,7 @@ TEST_F(HttpsFetchTest, FetchFromASlowServerSucceedsIfTheServerKeepsSending) {
     expectBody("xxxx", fetched);
 }
 
-TEST_F(HttpsFetchTest, BodyMayBeAsLargeAsTheLimit) {
+TEST_F(HttpsFetchTest, BodyMayBeAsLargeAsTheLimitButNotLarger) {
     const std::string body(largest, 'x');
     const std::string tooLarge = body + "x";
     const std::string untilTheEnd = "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n";
@@ -319,8 +319,8 @@ TEST_F(HttpsFetchTest, EndlessResponseIsCutOff) {
         SCOPED_TRACE(row.what);
         const qint64 before = server.bytesTaken();
         HttpsFetchSetup setup = trusting();
-        // This limit ends an endless header, too: no received data restarts it until the header is
-        // complete.
+        // This limit also ends an endless header, because data received before the header is complete
+        // does not restart it.
         setup.silence = 1s;
         server.setAnswer(test::pour(row.start, 1'000'000'000));
         expectNothing(fetch(setup));

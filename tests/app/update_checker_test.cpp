@@ -148,7 +148,7 @@ TEST_F(UpdateCheckerTest, AcceptsAManifestDespiteATransportError) {
 TEST_F(UpdateCheckerTest, SendsNoRequestIfTheRunningVersionIsUnknown) {
     const auto checker = running(std::nullopt);
     checker->check(note());
-    EXPECT_EQ(reported, Lines{"none"}); // before check() returned
+    EXPECT_EQ(reported, Lines{"none"}); // called before check() returned
     checker->check();
     checker->start();
     EXPECT_TRUE(asked.empty());

@@ -167,7 +167,7 @@ QImage pictureOfLanguages() {
     return photographWithAllAbove(window);
 }
 
-// Shows the note for a system without a password dialog.
+// Shows the note that appears after a request for access has failed.
 void failToAsk(SettingsStage& stage) {
     revokeTrust(stage);
     stage.notes = std::make_shared<FakeNotes>();

@@ -23,7 +23,7 @@ struct Waiting {
     std::shared_ptr<WorkItem> item;
 };
 
-// Puts the item that runs next on top of the heap.
+// Orders the heap so that the next item to run is on top.
 constexpr auto comesLater = [](const Waiting& a, const Waiting& b) {
     return a.deadline != b.deadline ? a.deadline > b.deadline : a.number > b.number;
 };
@@ -102,7 +102,7 @@ void ThreadedDelayedWork::schedule(std::shared_ptr<WorkItem> item, double delay)
                 std::thread([shared = state, own = state->generation] { shared->serve(own); });
         }
     }
-    if (comesFirst) { // otherwise the thread wakes up earlier anyway
+    if (comesFirst) { // otherwise the thread already wakes up for an earlier item
         state->changed.notify_one();
     }
 }

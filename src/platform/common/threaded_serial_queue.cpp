@@ -74,7 +74,8 @@ struct ThreadedSerialQueue::State {
     void leave(std::unique_lock<std::mutex> lock);
 };
 
-// Adds a task. Wakes the thread only if at least `tasksThatWake` tasks are queued.
+// Adds a task. Blocks while the queue is full. Wakes the thread only if at least `tasksThatWake`
+// tasks are queued.
 void ThreadedSerialQueue::State::push(const std::shared_ptr<State>& self, Task task,
                                       std::size_t tasksThatWake) {
     std::unique_lock lock(mutex);

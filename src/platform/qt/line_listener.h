@@ -31,7 +31,7 @@ public:
     // Gets a line including its line end, and returns the reply.
     using Answer = std::function<std::string(const std::string& line)>;
 
-    // An existing file is replaced.
+    // If `socketFile` already exists, it is replaced.
     LineListener(std::filesystem::path socketFile, std::size_t maxLineLength, Answer answer,
                  std::chrono::milliseconds clientTime = maxClientTime);
     LineListener(const LineListener&) = delete;

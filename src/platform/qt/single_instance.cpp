@@ -120,8 +120,8 @@ bool connectTo(int socket, const std::filesystem::path& file) {
 
 enum class Reply { given, none, unreachable };
 
-// Waits for the first instance to reply. A first instance that disconnects without a reply is
-// exiting.
+// Waits for the first instance to reply. If the first instance disconnects without a reply, it is
+// exiting, and claim() tries again.
 Reply replyOn(int socket, Clock::time_point deadline) {
     std::string received;
     while (received.size() < answer.size()) {
@@ -164,8 +164,8 @@ SingleInstance::SingleInstance(const std::filesystem::path& folderForBoth) {
 
 SingleInstance::~SingleInstance() = default;
 
-// Opens the lock file. If it is a link or a pipe, removes it first: the folder is private, so only
-// this user can have created it.
+// Opens the lock file. If this fails, for example because the file is a link or a pipe, replaces the
+// file: the folder is private, so only this user can have created it.
 bool SingleInstance::openLock() {
     constexpr int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     const auto attempt = [this] {

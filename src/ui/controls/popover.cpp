@@ -47,7 +47,7 @@ QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
 } // namespace
 
 // Draws the card with its arrow and shadow, behind and around the popover. The drawing is cached as
-// a pixmap, because drawing is expensive and the animated content above it repaints often.
+// a pixmap, because drawing is expensive and each repaint of the window below repaints the backdrop.
 class Popover::Backdrop : public QWidget {
 public:
     explicit Backdrop(QWidget* parent) : QWidget(parent) {

@@ -13,7 +13,7 @@ namespace {
 constexpr int trackWidth = 36;
 constexpr int trackHeight = 20;
 constexpr double knobInset = 2;
-constexpr double stretch = 3; // added to the width of the knob while it is pressed
+constexpr double stretch = 3; // added to the knob's width while the switch is pressed
 constexpr int textGap = 8;
 constexpr int textFlags = Qt::AlignVCenter | Qt::TextShowMnemonic | Qt::TextHideMnemonic;
 

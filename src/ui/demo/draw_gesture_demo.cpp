@@ -17,7 +17,7 @@ constexpr double aspect = 1.45; // the pad's width divided by its height
 constexpr double faintest = 0.01;
 constexpr double trailWidth = 2;
 
-// The opacity of the pad's outline, with a contrast of at least 3:1 to the background.
+// The opacity that gives the pad's outline a contrast of at least 3:1 with the background.
 constexpr double padOpacity = 0.7;
 
 QPen penOf(Role role, double opacity, double width) {

@@ -53,7 +53,9 @@ private:
     const Offer offer;
     Lang& lang;
     std::optional<RunningApp> selected;
-    std::vector<RunningApp> apps; // all entries except the first, which stands for no application
+    // The running applications in the order of their entries, which follow the entry for no
+    // application.
+    std::vector<RunningApp> apps;
     Subscription toLanguage;
 };
 

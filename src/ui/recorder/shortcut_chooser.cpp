@@ -140,8 +140,8 @@ bool ShortcutChooser::focusNextPrevChild(bool next) {
     return QWidget::focusNextPrevChild(next);
 }
 
-// On a toggle, Return closes the chooser. Otherwise the key would reach the sheet, which would save
-// the binding.
+// While a toggle has the focus, Return closes the chooser. Otherwise the key would reach the sheet,
+// which would save the binding.
 void ShortcutChooser::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         QWidget::keyPressEvent(event);

@@ -55,7 +55,7 @@ public:
     // Returns the existing rows by their index in the list.
     const BindingRows::Rows& rows() const { return present.all(); }
 
-    // Called at the user's request.
+    // Called for the user's actions in the list.
     std::function<void(const GestureBinding&, bool enabled)> onToggle;
     std::function<void(const GestureBinding&)> onEdit;
     std::function<void(const GestureBinding&)> onDelete;

@@ -33,7 +33,7 @@ class SymbolButton;
 
 class BindingRow : public QWidget {
 public:
-    // Called at the user's request.
+    // Called for the user's actions in the row.
     struct Callbacks {
         std::function<void(bool enabled)> onToggle;
         std::function<void()> onEdit;

@@ -15,7 +15,7 @@ namespace glidemap {
 class DesktopHelper {
 public:
     enum class State {
-        // The desktop itself reports the application, or the helper is running.
+        // The desktop itself reports the frontmost application, or the helper is running.
         notNeeded,
         missing, // the user can install it
         installing,

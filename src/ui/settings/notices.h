@@ -37,7 +37,7 @@ public:
 
     void display(const Content& content, const Lang& lang);
 
-    // Called at the user's request.
+    // Called when the user clicks the button of a notice.
     std::function<void()> onDownload;
     std::function<void()> onOpenSystemSettings;
     std::function<void()> onInstallHelper;

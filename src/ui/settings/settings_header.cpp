@@ -215,9 +215,9 @@ SettingsHeader::Arrangement SettingsHeader::arrangement() const {
 }
 
 // The header uses one line if the title fits on one line and the subtitle on two, in both
-// languages. Then a language change does not move anything. English texts are always longer than
-// Chinese ones. Chinese texts are measured only while they are shown, because measuring loads their
-// font.
+// languages, so that a language change does not move anything. English texts are always longer than
+// the Chinese ones. Chinese texts are therefore not measured until they are shown, because measuring
+// them loads their font.
 void SettingsHeader::measure() {
     whole->activate(); // updates the cached sizes of the inner layouts
     StyledLabel wholeSubtitle(TextStyle::caption, Role::secondary);

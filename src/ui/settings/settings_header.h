@@ -41,7 +41,7 @@ public:
     // Adds a second line to the tooltip of "Launch at Login", until the next retitle().
     void addLaunchHelp(const std::string& line);
 
-    // Called at the user's request.
+    // Called when the user operates the controls.
     std::function<void(bool on)> onLaunchAtLogin;
     std::function<void(bool on)> onEnabled;
     std::function<void()> onAddBinding;

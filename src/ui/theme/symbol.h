@@ -23,7 +23,7 @@ namespace glidemap {
 
 bool symbolExists(std::string_view name);
 
-// Draws the symbol centred and as large as its aspect ratio allows within the rectangle.
+// Draws the symbol in the largest square that fits into the rectangle, centred.
 void drawSymbol(QPainter& painter, const QRectF& where, std::string_view name, const QColor& color);
 
 QPixmap symbolPixmap(std::string_view name, const QColor& color, int points, double pixelRatio);

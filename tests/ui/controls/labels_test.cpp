@@ -116,7 +116,7 @@ TEST(ElidedLabelTest, ShowsItsTooltipOnlyWhileElided) {
     EXPECT_EQ(help(), longText);
 }
 
-TEST(BadgeTest, UsesTheCaptionFontWithPaddingOfEightByThreePoints) {
+TEST(BadgeTest, UsesTheCaptionFontAndHasPaddingOfEightByThreePoints) {
     Badge badge;
     badge.setText(QStringLiteral("Global"));
     const QFontMetricsF metrics(Theme::shared().font(TextStyle::caption));

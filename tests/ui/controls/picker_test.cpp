@@ -41,7 +41,7 @@ TEST(PickerTest, TooltipShowsTheTextOnlyIfThePickerIsTooNarrow) {
     EXPECT_EQ(tooltipOf(picker), "Its own");
 }
 
-TEST(PickerTest, WheelChangesNothing) {
+TEST(PickerTest, MouseWheelDoesNotChangeTheChoice) {
     Picker picker;
     picker.addItems({"A", "B", "C"});
     picker.setCurrentIndex(1);

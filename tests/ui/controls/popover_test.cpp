@@ -43,7 +43,7 @@ protected:
     int closings = 0;
 };
 
-TEST_F(PopoverTest, OpensWithFocusInTheAnchorWindow) {
+TEST_F(PopoverTest, OpensInTheWindowOfTheAnchorAndTakesTheFocus) {
     const auto popover = openFrom(anchor);
     EXPECT_TRUE(popover->isVisible());
     EXPECT_EQ(popover->window(), &stage);

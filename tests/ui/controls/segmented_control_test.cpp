@@ -70,7 +70,7 @@ TEST_F(SegmentedControlTest, ArrowKeysMoveTheSelection) {
     EXPECT_TRUE(segments()[1]->hasFocus());
 }
 
-TEST_F(SegmentedControlTest, TabStopsOnlyAtTheSelectedSegment) {
+TEST_F(SegmentedControlTest, OnlyTheSelectedSegmentIsATabStop) {
     control->setCurrent(1);
     QWidget* after = stage.add(new QRadioButton);
     after->show();

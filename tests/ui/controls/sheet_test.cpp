@@ -93,7 +93,7 @@ TEST_F(SheetTest, FitsTheScreenAndScrollsTallContent) {
     EXPECT_TRUE(screen.contains(sheet->cardGeometry()));
     EXPECT_EQ(sheet->cardGeometry().height(), screen.height() - 16);
     EXPECT_EQ(content->height(), 2000);
-    EXPECT_EQ(content->width(), 460); // the width of the scroll bar is not part of it
+    EXPECT_EQ(content->width(), 460); // does not include the scroll bar
 }
 
 TEST_F(SheetTest, GrowsWithTheWidthOfItsContent) {

@@ -33,21 +33,21 @@ TEST_F(SwitchTest, AssistiveTechnologySeesACheckBox) {
     EXPECT_TRUE(test::stateOf(knob).checked);
 }
 
-TEST_F(SwitchTest, ClickOnTheKnobOrTheTextSwitches) {
+TEST_F(SwitchTest, ClickOnTheKnobOrTheTextTogglesTheState) {
     stage.open();
     QTest::mouseClick(knob, Qt::LeftButton, {}, QPoint(knob->width() - 10, knob->height() / 2));
     QTest::mouseClick(knob, Qt::LeftButton, {}, QPoint(10, knob->height() / 2));
     EXPECT_EQ(reported, (std::vector<bool>{true, false}));
 }
 
-TEST_F(SwitchTest, SpaceBarSwitches) {
+TEST_F(SwitchTest, SpaceBarTogglesTheState) {
     stage.open();
     knob->setFocus(Qt::TabFocusReason);
     QTest::keyClick(knob, Qt::Key_Space);
     EXPECT_EQ(reported, std::vector<bool>{true});
 }
 
-TEST_F(SwitchTest, KnobSlidesToItsEndPosition) {
+TEST_F(SwitchTest, SetCheckedMakesTheKnobSlideToItsEndPosition) {
     stage.open();
     knob->setChecked(true);
     EXPECT_LT(knob->knobPosition(), 1);

@@ -80,7 +80,7 @@ using RingDrawingTest = Appearance;
 using FingerDrawingTest = Appearance;
 using DrawGestureDemoTest = Appearance;
 
-TEST_F(PadDrawingTest, FillsTheViewAtItsAspectRatioAndIsCentred) {
+TEST_F(PadDrawingTest, IsCentredInTheViewAndAsLargeAsItsAspectRatioAllows) {
     struct Row {
         const char* name;
         QSizeF view;
@@ -128,7 +128,7 @@ TEST_F(PadDrawingTest, IsEmptyBeforeTheGestureStarts) {
     for (const GestureType gesture : allGestureTypes) {
         const QImage image = painted(gesture, 0, view);
         const QRectF pad = padIn(view.size);
-        if (!isCircle(gesture)) { // a circle already shows a dot
+        if (!isCircle(gesture)) { // the trail of a circle begins as a dot
             EXPECT_EQ(inkWithin(image, pad.adjusted(10, 10, -10, -10)), 0) << rawValue(gesture);
         }
         EXPECT_EQ(inkWithin(image, {0, 0, 105, 130}), 0) << rawValue(gesture);
@@ -256,7 +256,7 @@ TEST_F(FingerDrawingTest, RadiusIsProportionalToTheFingersScale) {
     EXPECT_EQ(opacityAt(pressed, finger - QPointF(radius + 1.5, 0)), 0);
 }
 
-TEST_F(FingerDrawingTest, FadesOutAndIsNotDrawnWhenAlmostTransparent) {
+TEST_F(FingerDrawingTest, FadesInAndIsNotDrawnWhileAlmostTransparent) {
     const View view = {{290, 200}};
     const QPointF top =
         on(padIn(view.size), {0.5, 0.2}) + QPointF(8, 0); // outside the dot of the trail

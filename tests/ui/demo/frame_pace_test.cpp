@@ -53,8 +53,8 @@ TEST(FramePaceTest, StaysInSyncWithTheScreenDespiteLateTimers) {
 
 TEST(FramePaceTest, SkipsAFrameInsteadOfDrawingEarly) {
     const nanoseconds period = framePeriod(60);
-    const nanoseconds late = 30 * period + milliseconds(12); // 21 ms before beat 31, which is less
-                                                             // than minFrame
+    // 21 ms before the frame at 31 * period, which is less than minFrame.
+    const nanoseconds late = 30 * period + milliseconds(12);
     const nanoseconds next = late + untilNextFrame(late, period);
     EXPECT_EQ(next / period, 32);
 }

@@ -19,7 +19,7 @@ std::string nameOf(GestureType gesture) {
     return std::string(rawValue(gesture));
 }
 
-// Calls `check` for each frame of a view with 1,000 frames per second.
+// Calls `check` with the frame at each millisecond of the loop, until a check fails.
 template <class Check>
 void throughTheLoop(GestureType gesture, Check check) {
     for (int millisecond = 0; millisecond < 2'600; ++millisecond) {

@@ -167,7 +167,7 @@ TEST_F(GestureDemoViewTest, StopsInAMinimisedWindowAndResumesWhenRestored) {
     EXPECT_TRUE(paints.become(3));
 }
 
-// A view is clipped when it is scrolled out of view or behind another widget, for example.
+// A view is fully clipped if it is scrolled out of view, for example.
 TEST_F(GestureDemoViewTest, StopsWhenFullyClippedAndResumesWhenPartlyVisible) {
     QWidget window;
     window.resize(300, 200);

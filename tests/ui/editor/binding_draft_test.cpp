@@ -43,14 +43,14 @@ TEST(BindingDraftTest, NewDraftHasADefaultGestureAndNoShortcut) {
     EXPECT_FALSE(draft.isValid());
 }
 
-TEST(BindingDraftTest, NewDraftIsValidOnceAShortcutIsRecorded) {
+TEST(BindingDraftTest, NewDraftIsValidAfterAShortcutIsRecorded) {
     BindingDraft draft;
     draft.shortcut = optionRight;
     EXPECT_TRUE(draft.isValid());
 }
 
 // Tests every kind of action and scope, with and without each of the three parameters.
-TEST(BindingDraftTest, IsValidOnceTheSelectedKindsHaveTheirParameters) {
+TEST(BindingDraftTest, IsValidOnlyIfTheSelectedKindsHaveTheirParameters) {
     for (const ActionKind actionKind : allActionKinds) {
         for (const ScopeKind scopeKind : allScopeKinds) {
             for (int set = 0; set < 8; ++set) {
@@ -83,7 +83,7 @@ TEST(BindingDraftTest, IsValidOnceTheSelectedKindsHaveTheirParameters) {
     }
 }
 
-TEST(BindingDraftTest, LockScreenAndMissionControlAreValidAtOnceInGlobalScope) {
+TEST(BindingDraftTest, LockScreenAndMissionControlAreValidWithoutParametersInGlobalScope) {
     for (const ActionKind kind : {ActionKind::lockScreen, ActionKind::missionControl}) {
         BindingDraft draft;
         draft.actionKind = kind;

@@ -61,7 +61,7 @@ TEST_F(BindingEditorTest, NewBindingCannotBeSavedUntilAShortcutIsRecorded) {
     EXPECT_EQ(dismissals, 1);
 }
 
-TEST_F(BindingEditorTest, LockScreenAndMissionControlCanBeSavedAtOnce) {
+TEST_F(BindingEditorTest, LockScreenAndMissionControlCanBeSavedWithoutFurtherInput) {
     open();
     for (const ActionKind kind : {ActionKind::lockScreen, ActionKind::missionControl}) {
         choose(kind);

@@ -114,7 +114,7 @@ TEST_F(KeyMonitorTest, KeyIsIdentifiedByItsScanCode) {
     monitor->start();
     typist.press({KEY_1, Qt::Key_Exclam, "!"});
     monitor->stop();
-    typist.release({KEY_1, Qt::Key_1, "1"}); // Shift was released first
+    typist.release({KEY_1, Qt::Key_1, "1"}); // Shift was released before 1
     EXPECT_THAT(window.keys(), IsEmpty());
     EXPECT_FALSE(monitor->isInstalled());
 }

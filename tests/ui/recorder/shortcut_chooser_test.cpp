@@ -31,8 +31,8 @@ using testing::IsEmpty;
 
 constexpr std::uint64_t ctrlSuper = modifier::control | modifier::command;
 
-// The editor's row in a window of the sheet's size. The window records each key that no control
-// accepted.
+// The editor's shortcut row in a window that is as wide as the editor. The window records each key
+// that no control accepted.
 class ShortcutChooserTest : public testing::Test {
 protected:
     ShortcutChooserTest() {
@@ -139,7 +139,7 @@ TEST_F(ShortcutChooserTest, ExactNameIsHighlightedBeforePartialMatches) {
     }
 }
 
-TEST_F(ShortcutChooserTest, SearchFieldDoesNotMoveWhileTheListShrinks) {
+TEST_F(ShortcutChooserTest, KeepsItsMinimumHeightWhileTheListShrinks) {
     open();
     const int height = test::find<QWidget>(window, "shortcutChooser").height();
     const int listHeight = list().height();

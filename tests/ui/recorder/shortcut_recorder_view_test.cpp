@@ -367,7 +367,7 @@ TEST_F(ShortcutRecorderViewTest, CapturesAKeyPressInAnyWindowOfTheProgram) {
     EXPECT_THAT(other.keys(), IsEmpty());
 }
 
-TEST_F(ShortcutRecorderViewTest, ShowsItsStateInBothLanguagesAtOnce) {
+TEST_F(ShortcutRecorderViewTest, TextsFollowTheLanguageImmediately) {
     const auto expectTexts = [&](const char* labelText, const char* buttonText) {
         EXPECT_EQ(recorder->findChild<QLabel*>()->text(), labelText);
         EXPECT_EQ(button().text(), buttonText);
@@ -495,7 +495,7 @@ TEST_F(ShortcutRecorderViewTest, AccessibleNameSpellsOutTheShortcut) {
     setUsualKeyboard(KeyboardKind::apple);
 }
 
-// Records which window captures the desktop's own keys.
+// Records the window for which the desktop's own keys are captured.
 class FakeDesktopKeys : public DesktopKeys {
 public:
     explicit FakeDesktopKeys(QWindow*& captureWindow) : current(captureWindow) {}

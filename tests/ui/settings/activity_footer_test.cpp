@@ -65,7 +65,7 @@ TEST_F(ActivityFooterTest, ShowsOnlyTheNewestGesture) {
     EXPECT_FALSE(stage.isShown("footerApplication"));
 }
 
-TEST_F(ActivityFooterTest, WorksWithoutBindings) {
+TEST_F(ActivityFooterTest, ShowsGesturesEvenWithoutBindings) {
     test::SettingsStage empty;
     empty.open();
     empty.recognise(GestureType::pinchIn, "Files");

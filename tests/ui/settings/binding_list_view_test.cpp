@@ -100,7 +100,7 @@ TEST_F(BindingListViewTest, ArrowKeysMoveTheSelectionAndStopAtTheEnds) {
     }
 }
 
-TEST_F(BindingListViewTest, FirstArrowKeySelectsTheFirstRow) {
+TEST_F(BindingListViewTest, DownKeySelectsTheFirstRowIfNoRowIsSelected) {
     open(defaultBindings());
     list->setFocus(Qt::OtherFocusReason);
     EXPECT_EQ(list->selectedIndex(), std::nullopt);
@@ -124,7 +124,7 @@ TEST_F(BindingListViewTest, SelectionStaysVisible) {
     EXPECT_EQ(bar().value(), 0);
 }
 
-TEST_F(BindingListViewTest, SpaceSwitchesTheSelectedBinding) {
+TEST_F(BindingListViewTest, SpaceTogglesTheSelectedBinding) {
     open(defaultBindings());
     focusList();
     press(Qt::Key_Down);
@@ -235,7 +235,7 @@ TEST_F(BindingListViewTest, ArrowKeysOnARowControlMoveTheSelection) {
     EXPECT_TRUE(list->hasFocus());
 }
 
-TEST_F(BindingListViewTest, ToggleKeepsRowsScrollPositionAndSelection) {
+TEST_F(BindingListViewTest, TogglingOrEditingABindingKeepsTheRowsAndTheScrollPosition) {
     open(test::manyBindings(100));
     bar().setValue(1000);
     list->select(22);
@@ -251,7 +251,7 @@ TEST_F(BindingListViewTest, ToggleKeepsRowsScrollPositionAndSelection) {
     EXPECT_EQ(list->selectedIndex(), Place(21));
 }
 
-TEST_F(BindingListViewTest, DeletingAnotherBindingKeepsRowsSelectionAndScrollPosition) {
+TEST_F(BindingListViewTest, DeletingAnotherBindingKeepsTheRowsTheSelectionAndTheScrollPosition) {
     open(test::manyBindings(100));
     bar().setValue(1000);
     list->select(22);
@@ -431,7 +431,7 @@ TEST_F(BindingListViewTest, SeparatorsAppearOnlyBetweenRows) {
     EXPECT_EQ(lines, 2);
 }
 
-TEST_F(BindingListViewTest, RowButtonsAreFaintUnlessSelectedOrHovered) {
+TEST_F(BindingListViewTest, RowButtonsAreFaintUnlessTheRowIsSelectedOrHovered) {
     open(defaultBindings());
     const auto areFaint = [&](std::size_t index) {
         const auto& edit = test::find<SymbolButton>(*stage->row(index), "edit");

@@ -32,7 +32,7 @@ TEST_F(BindingSelectionTest, FollowsItsBinding) {
     };
     const Row rows[] = {
         {{0, 1, 2, 3, 4, 5}, 3, 3},
-        {{1, 2, 3, 4, 5}, 3, 2}, // an earlier one was deleted
+        {{1, 2, 3, 4, 5}, 3, 2}, // an earlier binding was deleted
         {{0, 1, 2, 4, 5}, 3, 3}, // the selected one was deleted: selects its successor
         // The selected one was last and was deleted: selects its predecessor.
         {{0, 1, 2, 3, 4}, 5, 4},

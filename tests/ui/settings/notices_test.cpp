@@ -121,7 +121,7 @@ TEST_F(NoticesTest, GrantedPermissionIsDetectedAtTheNextRecognisedGesture) {
     stage.trust->trusted = false;
     stage.open();
     stage.trust->trusted = true;
-    EXPECT_TRUE(stage.isShown("permissionNotice")); // no notification yet
+    EXPECT_TRUE(stage.isShown("permissionNotice")); // the permission was not queried again
     stage.recognise(GestureType::drawCircle);
     EXPECT_FALSE(stage.isShown("permissionNotice"));
 }
@@ -267,7 +267,7 @@ TEST_F(NoticesTest, SystemNotesAppearAsASelectableSecondLine) {
     EXPECT_TRUE(labels.back()->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
 }
 
-// This happens on a desktop without a password dialog, for example.
+// For example, the note about missing access changes after a request for access has failed.
 TEST_F(NoticesTest, SystemNotesThatChangeLaterAppearInThePermissionNotice) {
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.trust->trusted = false;

@@ -180,7 +180,7 @@ TEST_F(SettingsViewTest, BindingDeletedDuringEditingIsAppendedOnSave) {
     EXPECT_FALSE(view.showsEditor());
 }
 
-// This happens when the program quits while the user edits a binding.
+// The program may quit while the user edits a binding.
 TEST_F(SettingsViewTest, DestroyedWindowClosesItsEditorAndOpenList) {
     open();
     stage.clickInRow(0, "edit");
@@ -220,7 +220,7 @@ TEST_F(SettingsViewTest, HiddenWindowShowsChangesWhenItOpens) {
     EXPECT_EQ(stage.text("footerGesture"), "最近手势：两指捏合（收拢）");
 }
 
-TEST_F(SettingsViewTest, WorksWithoutADesktopHelper) {
+TEST_F(SettingsViewTest, ShowsNoHelperNoticeWithoutADesktopHelper) {
     stage.helper.reset();
     open();
     EXPECT_FALSE(stage.isShown("desktopHelperNotice"));

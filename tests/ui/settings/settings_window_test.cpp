@@ -88,7 +88,7 @@ TEST_F(SettingsWindowTest, OffscreenWindowIsMovedFullyOntoTheScreen) {
     }
 }
 
-TEST_F(SettingsWindowTest, InvalidPositionIsIgnored) {
+TEST_F(SettingsWindowTest, GeometryWithAnInvalidPositionIsIgnored) {
     constexpr int limit = std::numeric_limits<int>::max();
     for (const int nonsense : {limit, -limit}) {
         const QRect place = placeGiven({nonsense, 40, 700, 490, false});

@@ -53,7 +53,7 @@ TEST_F(UndoBarTest, UndoRestoresTheBindingWithItsPositionAndIdentifier) {
     }
 }
 
-TEST_F(UndoBarTest, ShortcutUndoesWhileTheBarIsVisible) {
+TEST_F(UndoBarTest, ShortcutUndoesTheDeletionWhileTheBarIsVisible) {
     deleteRow(2);
     stage.pressKey(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(list(), all);
@@ -62,7 +62,7 @@ TEST_F(UndoBarTest, ShortcutUndoesWhileTheBarIsVisible) {
     EXPECT_EQ(list(), all);
 }
 
-TEST_F(UndoBarTest, ShortcutUndoesWithoutAFocusedControl) {
+TEST_F(UndoBarTest, ShortcutUndoesTheDeletionWithoutAFocusedControl) {
     deleteRow(2);
     if (QWidget* const focus = stage.window().focusWidget()) {
         focus->clearFocus();

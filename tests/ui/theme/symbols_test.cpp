@@ -131,7 +131,7 @@ std::string described(const QRect& rect) {
            ", right " + std::to_string(rect.right()) + ", bottom " + std::to_string(rect.bottom());
 }
 
-TEST(SymbolsTest, SymbolNamesAreFoundInSourceCode) {
+TEST(SymbolsTest, SourceCodeScanFindsTheSymbolNames) {
     EXPECT_THAT(symbolsNamedIn(R"(
         add->setIcon(symbolIcon("plus", Role::accent));
         auto* warning = new SymbolLabel("exclamationmark.triangle.fill", Role::orange, 16, this);
@@ -179,7 +179,7 @@ TEST(SymbolsTest, DrawSymbolMatchesTheRenderer) {
     }
 }
 
-TEST(SymbolsTest, CompiledInSymbolsMatchTheFolder) {
+TEST(SymbolsTest, CompiledInSymbolsAreExactlyTheDrawings) {
     std::set<std::string> inFolder;
     for (const QString& file : drawings()) {
         inFolder.insert(nameOf(file));

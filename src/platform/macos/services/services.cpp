@@ -35,7 +35,8 @@ namespace glidemap::platform {
 
 namespace {
 
-// Aborts if the system reports no such folder, because the bindings could not be stored.
+// Aborts if the system reports no Application Support folder, because the bindings could not be
+// stored.
 std::filesystem::path dataFolder() {
     if (const auto folder = applicationSupportFolder()) {
         return *folder;

@@ -4,10 +4,10 @@
 //   workspace            session becomes active or inactive ──────▶ active
 //                        machine sleeps; machine or screens wake ─▶ asleep
 //   other processes      screen is locked or unlocked ────────────▶ locked
-//   window server, once  the first state of active and locked
+//   window server, once  the initial values of active and locked
 //
 // The names of the notifications about the lock are not documented. If the system does not send
-// them, isLocked() keeps its first value.
+// them, isLocked() keeps its initial value.
 //
 // Thread:  see UserSession. The system notifies on the main thread.
 // Owner:   the program; it must outlive all its users. The destructor ends the system's

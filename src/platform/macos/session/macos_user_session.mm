@@ -96,8 +96,8 @@ struct MacosUserSession::Following {
                     [&to](NSNotification* /*notice*/) { to.set(to.asleep, true); }),
           didWake(NSWorkspaceDidWakeNotification,
                   [&to](NSNotification* /*notice*/) { to.set(to.asleep, false); }),
-          // The screens wake only when the machine is awake. If the notification about the machine
-          // is missing, this one switches gestures on again.
+          // The screens wake only when the machine is awake. If the system does not send the
+          // notification above, this notification ends the sleep state.
           screensDidWake(NSWorkspaceScreensDidWakeNotification,
                          [&to](NSNotification* /*notice*/) { to.set(to.asleep, false); }),
           locked(screenIsLocked, [&to] { to.set(to.locked, true); }),

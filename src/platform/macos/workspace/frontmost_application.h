@@ -4,7 +4,7 @@
 // Thread:  created and destroyed on the main thread, which receives the notifications. current()
 //          may be called on any thread: it reads one pointer and does not block.
 // Owner:   the workspace. No thread may call current() after its destruction.
-// Errors:  none; unknown properties are absent.
+// Errors:  none. A property that the system does not report is nullopt.
 #pragma once
 
 #include "dispatch/workspace.h"

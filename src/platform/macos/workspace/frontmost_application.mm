@@ -35,7 +35,7 @@ FrontmostApplication::~FrontmostApplication() = default;
 
 // Reads the frontmost application again, because the system does not always activate another
 // application after a termination. The workspace may still report the terminated application. If
-// another process of this application is frontmost, the published value stays the same.
+// another process of the terminated application is frontmost, the published value stays the same.
 void FrontmostApplication::applicationEnded(const Application& ended) {
     if (current() != ended) {
         return;
