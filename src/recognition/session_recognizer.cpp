@@ -34,8 +34,8 @@ constexpr double anchorLead = 0.2;
 constexpr double maxAnchorDrift = 0.05;
 constexpr double minFixedTapDistance = 0.05;
 
-// Long presses by number of fingers. A table, because every frame needs this lookup, and a search
-// of all gestures would take half of the time per frame.
+// The long press for each number of fingers. Every frame looks it up: without this table, searching
+// all gestures would take half of the time that is spent on a frame.
 constexpr auto longPresses = [] {
     std::array<std::optional<GestureType>, 6> gestures;
     for (std::size_t count = 0; count < gestures.size(); ++count) {
