@@ -264,7 +264,7 @@ private:
     std::mutex mutex;     // the reader thread may open the touchpad at any time
     DeviceState reported; // the state that the driver has received
     std::int32_t nextId = 1;
-    bool isRead = true; // the driver reads this touchpad, or will do so on finding it
+    bool isRead = true; // the driver reads this touchpad, or will read it when it finds it
 };
 
 class Directory : public FakeDirectory {
