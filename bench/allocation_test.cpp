@@ -127,7 +127,8 @@ TEST(AFirstReport, AllocatesAtMostItsCopyAndOneArrayForTheEngine) {
     EXPECT_LE(pipeline.maxByDriver, 1);
 }
 
-// match() and doubleTapBindingExists() delay a gesture's action, so they must not allocate.
+// A gesture's action waits for match() and doubleTapBindingExists(), so they must be fast and must
+// not allocate.
 TEST(TheStore, FindsABindingAmongAThousandWithoutAllocating) {
     // /dev/null is not a folder, so saving fails and the list stays in memory.
     BindingStore store([] { return std::filesystem::path("/dev/null"); });

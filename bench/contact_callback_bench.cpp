@@ -85,7 +85,7 @@ private:
     std::atomic<bool> stopped = false;
 };
 
-// Pushes reports in sequence: those of an endless swipe, or those that are passed to it.
+// Pushes the reports of an endless swipe, or the reports passed to the constructor, in a loop.
 class Driver {
 public:
     explicit Driver(int fingers) : script(movingFingers(fingers, scriptLength)) {}

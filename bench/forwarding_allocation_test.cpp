@@ -84,7 +84,7 @@ void touch(PadInterception& interception, std::int32_t round) {
     }
 }
 
-TEST(Forwarding, DoesNotAllocateForAFrame) {
+TEST(Forwarding, DoesNotAllocateAfterTheFirstTouch) {
     MovableTime time;
     ClickInterception clicks(
         time, [] {}, [] { return std::make_unique<SilentWatch>(); });

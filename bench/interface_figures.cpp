@@ -53,7 +53,8 @@ double tenthPercentile(std::vector<double> values) {
     return values[values.size() / 10];
 }
 
-// Starts the program without accessibility, as on a desktop without a screen reader.
+// Returns a command that starts the program without accessibility, as on a desktop without a screen
+// reader.
 Program::Command commandOn(const ApplicationStage& stage, const char* program) {
     Program::Command command = stage.command();
     command.words = {program};

@@ -1,5 +1,6 @@
 // match_bench [Google Benchmark's options]: measures the cost of finding a gesture's binding among
-// a thousand, which delays every gesture, and the cost of reading and writing a thousand bindings.
+// a thousand, and the cost of reading and writing a thousand bindings. The action of every gesture
+// waits until its binding has been found.
 #include "bindings/binding_json.h"
 #include "bindings/binding_store.h"
 

@@ -20,7 +20,7 @@ namespace glidemap::bench {
 
 namespace {
 
-// Returns the times of a loop's frames one after another, without an end.
+// Returns the times of a loop's frames one after another, and starts again after the last frame.
 class Loop {
 public:
     double next() {

@@ -1,5 +1,5 @@
-// Counts how often reports wake the engine's thread. Reports that can complete a gesture must wake
-// it; of the other reports, at most one in 32 may.
+// Counts how often reports wake the engine's thread. Of the reports that cannot complete a gesture,
+// at most one in 32 may wake it.
 #include "bench/headless_pipeline.h"
 #include "bench/thread_watch.h"
 #include "platform/common/threaded_serial_queue.h"

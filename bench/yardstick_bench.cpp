@@ -3,7 +3,7 @@
 // cause.
 //
 //   copy      only the allocation and the copy of a report
-//   lock      one uncontended lock; a report takes four
+//   lock      one uncontended lock; the pipeline takes four locks for each report
 //   wake      a bare condition variable: the waker's cost, and the delay until the waiter runs
 #include "bench/pace.h"
 #include "bench/thread_watch.h"

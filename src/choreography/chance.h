@@ -1,5 +1,5 @@
-// Reproducible random choices. The same seed gives the same choices on every platform, unlike the
-// distributions of the standard libraries.
+// Makes reproducible random choices: the same seed gives the same choices on every platform. The
+// distributions of the standard library do not guarantee this.
 //
 // Owner:   each performance creates its own.
 #pragma once

@@ -28,7 +28,7 @@ using Fingers = std::vector<Finger>;
 PadPoint pointAround(PadPoint centre, double distance, double angle);
 
 // Returns the completed fraction of a stroke after the fraction `part` of its duration. The hand
-// accelerates and decelerates smoothly. Constant before 0 and after 1.
+// accelerates and decelerates smoothly. Returns 0 if `part` is negative, and 1 if it exceeds 1.
 double strokeProgress(double part);
 
 FingerPath restingAt(PadPoint place);

@@ -40,7 +40,7 @@ double partWithRoom(const Places& layout, double PadPoint::*axis, double displac
     return needed > room ? std::max(room, 0.0) / needed : 1;
 }
 
-// Returns the distance between neighbouring fingers. It is smaller for more fingers.
+// Returns the distance between neighbouring fingers: the more fingers, the smaller the distance.
 double spacing(int count, Chance& chance) {
     switch (count) {
     case 2:
@@ -90,7 +90,7 @@ double partWithRoom(const Places& layout, PadPoint displacement) {
 }
 
 std::vector<double> landings(int count, double time, double longest, Chance& chance) {
-    // some people land all fingers simultaneously, others never do
+    // Some people land all fingers at almost the same time, and others never do.
     const double skew = chance.between(0, longest);
     std::vector<double> times;
     times.reserve(static_cast<std::size_t>(count));

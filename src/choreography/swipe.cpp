@@ -9,7 +9,8 @@ namespace glidemap {
 
 namespace {
 
-// Measured swipes last 20 to 70 ms and cover 0.28 to 0.60 of the pad. Longer swipes take more time.
+// Measured swipes last 20 to 70 ms and cover 0.28 to 0.60 of the pad. A swipe that covers a longer
+// distance usually takes more time.
 constexpr double minTime = 0.020;
 constexpr double maxTime = 0.070;
 constexpr double minDistance = 0.28;

@@ -81,7 +81,7 @@ public:
         flock(file.descriptor(), LOCK_UN);
     }
 
-    // Returns the error that prevented opening the file.
+    // Returns the error that prevented creating or locking the file.
     std::error_code error() const { return _error; }
 
     std::error_code write(std::string_view content) const {
@@ -184,8 +184,8 @@ bool TemporaryFile::setFinalMode() const {
     return isSet || access == FileAccess::ordinary;
 }
 
-// Returns whether the locked file still has its name. The previous writer may have renamed or
-// removed the file, and then the lock excludes no other writer.
+// Returns whether the locked file still has its name. Another writer may have renamed or removed
+// the file before this writer locked it, and then the lock excludes no other writer.
 bool TemporaryFile::isCurrent() const {
     struct stat locked {};
     struct stat named {};

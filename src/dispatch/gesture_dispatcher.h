@@ -5,12 +5,13 @@
 //                                                       ├─▶ action, then log entry ─▶ recentEvents
 //   thread of the click tap ──────▶ handleClickGesture ─┘
 //
-// Every gesture is logged, with or without a binding. Clicks are logged only if they are consumed,
-// because all others are ordinary clicks.
+// While the master switch is off, gestures are ignored. Otherwise every gesture is logged, with or
+// without a binding. Clicks are logged only if they are consumed, because all others are ordinary
+// clicks.
 //
 // While the session is locked, only the lock action runs, and the log of recent gestures stays
-// unchanged. An action that reaches the main thread too late is dropped, and clicks pass while the
-// main thread is stalled. See timely_queue.h.
+// unchanged. An action that reaches the main thread too late is dropped together with its log
+// entry, and clicks pass while the main thread is stalled. See timely_queue.h.
 //
 // Thread:  handle(), handleClickGesture(), masterEnabled(), frontmost() and resolveBinding() on any
 //          thread, also concurrently; they never wait for an action. All other functions on the

@@ -32,7 +32,8 @@ public:
     // unknown.
     virtual Application frontmostApplication() const = 0;
 
-    // Returns the applications that have windows of their own, without duplicates.
+    // Returns the running applications that the user can switch to, without duplicates: on Linux,
+    // those with a window; on macOS, those that appear in the Dock.
     virtual std::vector<Application> runningApplications() const = 0;
 
     // Returns the location of the application with this identifier, as a URL.

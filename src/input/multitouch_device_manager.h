@@ -60,8 +60,8 @@ public:
     // lookForDevices().
     void start();
 
-    // Registers with new devices and starts them. Has an effect only between start() and stop(). If
-    // a device is found, clears the error "no device found"; after any other error it does nothing.
+    // Registers with new devices and starts them, but only between start() and stop(). If a device
+    // is found, clears the error "no device found". After any other error, starts no device.
     void lookForDevices();
 
     // Stops every device and unregisters from it, as far as the driver supports this.

@@ -4,8 +4,8 @@
 // A circle must have a plausible size, be round enough, sweep most of a turn and end near its
 // start. The result is always clockwise or counterclockwise, never the circle of any direction.
 //
-// Units:   normalised positions as recorded (the functions stretch them); radians, positive
-//          counterclockwise; seconds.
+// Units:   raw normalised positions (the functions stretch them to the pad's aspect ratio);
+//          radians, positive counterclockwise; seconds.
 #pragma once
 
 #include "core/gesture_type.h"

@@ -6,7 +6,7 @@
 
 namespace glidemap {
 
-// Reserve room for more than two hands, so that later reports do not allocate.
+// Reserves room for more than two hands, so that later reports do not allocate.
 FingerChanges::FingerChanges() {
     constexpr std::size_t usualFingers = 16;
     touching.reserve(usualFingers);

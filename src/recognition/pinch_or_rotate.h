@@ -1,6 +1,6 @@
 // Recognises two fingers that move apart, together, or around each other.
 //
-// Units:   normalised positions as recorded (the functions stretch them to the pad's aspect ratio);
+// Units:   raw normalised positions (the function stretches them to the pad's aspect ratio);
 //          radians, positive counterclockwise.
 #pragma once
 

@@ -34,8 +34,8 @@ constexpr double anchorLead = 0.2;
 constexpr double maxAnchorDrift = 0.05;
 constexpr double minFixedTapDistance = 0.05;
 
-// Long presses by number of fingers. A table, because every frame needs this lookup, and a search
-// of all gestures would take half of the time per frame.
+// The long press for each number of fingers. Every frame looks it up: without this table, searching
+// all gestures would take half of the time that is spent on a frame.
 constexpr auto longPresses = [] {
     std::array<std::optional<GestureType>, 6> gestures;
     for (std::size_t count = 0; count < gestures.size(); ++count) {
@@ -203,9 +203,9 @@ void SessionRecognizer::resetSession() {
     // Keeps lastTap and pendingSingleTap, because they span sessions.
 }
 
-// Two quick taps are always reported as a double tap, even if the double tap has no binding. The
-// only effect of a binding is that the first tap is delayed. The second tap counts if it ends at
-// most 0.45 s after the end of the first.
+// Two quick taps with the same number of fingers are always reported as a double tap, even if the
+// double tap has no binding. The only effect of a binding is that the first tap is delayed. The
+// second tap counts if it ends at most 0.45 s after the end of the first.
 //
 //   tap ──┬─ second within 0.45 s ──▶ double tap; a delayed single tap is cancelled
 //         └─ otherwise ─┬─ double tap bound ──▶ single tap after 0.45 s

@@ -88,8 +88,9 @@ void TouchEngine::forgetTouches() {
     fingerChanges.forget();
 }
 
-// Stop the queue first: stopping the devices waits for the driver, and the driver may be waiting
-// for room in the queue. Stop the queue again to discard frames that arrived in between.
+// The queue is stopped before the devices: stopping a device waits for the driver, which may be
+// waiting for room in the queue. Afterwards the queue is stopped again, to discard frames that have
+// arrived in between.
 void TouchEngine::stop() {
     started = false;
     ports.queue->stop();

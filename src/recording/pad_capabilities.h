@@ -17,7 +17,7 @@ namespace glidemap {
 struct PadCapabilities {
     std::string name;
     std::map<std::uint16_t, AxisRange> axes;
-    std::uint64_t properties = 0; // bit n: INPUT_PROP n
+    std::uint64_t properties = 0; // bit n is set if the device has property n
 
     bool hasProperty(unsigned property) const { return (properties >> property & 1U) != 0; }
 };

@@ -46,7 +46,7 @@ struct FrontmostRecord {
     friend bool operator==(const FrontmostRecord&, const FrontmostRecord&) = default;
 };
 
-// A record of an unknown kind, from a newer version. Only its time is used.
+// A record of an unknown kind, written by a newer version of the program. Only its time is used.
 struct TimeRecord {
     double time = 0;
 

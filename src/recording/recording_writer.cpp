@@ -20,7 +20,7 @@ std::string quoted(const std::string& text) {
     return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
-// Above this, a double cannot represent microseconds.
+// In seconds. Above about this time, a double is no more precise than a microsecond.
 constexpr double maxExactTime = 4e9;
 
 std::string timeText(double time) {

@@ -58,7 +58,7 @@ TEST_F(AtomicWriteTest, OwnerCanReadTheFileWithEveryUmask) {
     EXPECT_EQ(modeOf(file), 0600U);
 }
 
-TEST_F(AtomicWriteTest, OpenReaderKeepsTheOldContent) {
+TEST_F(AtomicWriteTest, ReaderThatHasTheFileOpenReadsTheOldContent) {
     writeContent(file, "old");
     std::ifstream reader(file);
     EXPECT_FALSE(writeAtomically(file, "new"));

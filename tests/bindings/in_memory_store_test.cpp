@@ -55,7 +55,7 @@ TEST(InMemoryStoreTest, KeepsAssignedListsWithoutWritingAFile) {
     EXPECT_TRUE(folder.isEmpty());
 }
 
-TEST(InMemoryStoreTest, HasNoDefaults) {
+TEST(InMemoryStoreTest, EmptyListIsNotReplacedByTheDefaults) {
     EXPECT_TRUE(BindingStore(BindingList{}).bindings()->empty());
 }
 

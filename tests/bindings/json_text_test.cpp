@@ -55,7 +55,7 @@ void expectReplaced(const Text& row) {
     }
 }
 
-TEST(JsonTextTest, NumbersBeyond64BitIntegersBecomeNull) {
+TEST(JsonTextTest, NumbersWithMoreThanTwentyWholeDigitsBecomeNull) {
     constexpr Text rows[] = {
         {"1e20", "null"},
         {"[1e400,2]", "[null ,2]"},

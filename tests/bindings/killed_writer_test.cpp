@@ -233,11 +233,11 @@ TEST_P(KilledWriterTest, LeavesTheCompleteOldOrNewList) {
 }
 
 #if defined(GLIDEMAP_STOPS_AT_SYSTEM_CALLS)
-TEST_P(KilledWriterTest, LeavesACompleteListAtEverySystemCall) {
+TEST_P(KilledWriterTest, KillAtAnySystemCallLeavesACompleteList) {
     unsigned number = 0;
     int killedWhileWriting = 0;
     int killedAfterChange = 0;
-    bool isWhole = false; // true once a round has completed its change
+    bool isWhole = false; // true after a round in which the writer completed its change
     for (int stops = 1; !isWhole; ++stops) {
         {
             SteppedWriter writer(store, number + 1);

@@ -27,7 +27,7 @@ TEST(ShadowedBindingsTest, HaveAnEarlierEnabledBindingOfTheSameGestureAndScope) 
     EXPECT_THAT(shadowedBindings({}), IsEmpty());
 }
 
-TEST(ShadowedBindingsTest, CompareScopesByIdentifier) {
+TEST(ShadowedBindingsTest, ScopesAreComparedByIdentifier) {
     EXPECT_THAT(
         shadowedBindings({bound(pinchIn, GlobalScope{}), bound(pinchIn, AppScope{"mail", "Mail"}),
                           bound(pinchIn, AppScope{"mail", "邮件"}),

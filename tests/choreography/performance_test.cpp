@@ -111,7 +111,7 @@ TEST_P(PerformanceTest, ReportIntervalsVaryLikeThoseOfATouchpad) {
     });
 }
 
-TEST_P(PerformanceTest, EveryContactHoversTouchesAndLeavesInOrder) {
+TEST_P(PerformanceTest, EveryContactPassesThroughItsStatesInOrder) {
     forEverySeed([](const Performance& performance) {
         for (const auto& [identifier, story] : contactsOf(performance)) {
             EXPECT_THAT(outline(story), testing::MatchesRegex("h?dth?g"));

@@ -44,7 +44,7 @@ TEST(GestureDispatcherTest, UnboundGestureIsLoggedWithoutAnAction) {
     EXPECT_THAT(stage.typed(), IsEmpty());
 }
 
-TEST(GestureDispatcherTest, BoundGestureIsLoggedButNotRunIfExecutionIsDisabled) {
+TEST(GestureDispatcherTest, BoundGestureIsLoggedWithoutRunningItsActionIfExecutionIsDisabled) {
     DispatchStage stage({typing(1, twoFingerTap)});
     EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, false));
     EXPECT_EQ(stage.mainQueue->waiting(), 1U);
@@ -269,7 +269,7 @@ TEST(GestureDispatcherTest, CircleFallsBackToTheBindingForAnyDirection) {
     }
 }
 
-TEST(GestureDispatcherTest, ResolveReturnsTheBindingWithoutSideEffects) {
+TEST(GestureDispatcherTest, ResolvingABindingHasNoSideEffects) {
     const GestureBinding global = typing(1, twoFingerTap);
     const GestureBinding own = typing(2, twoFingerTap, inEditor);
     DispatchStage stage({global, own});

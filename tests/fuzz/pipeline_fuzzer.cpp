@@ -5,11 +5,11 @@
 // records may contain arbitrary values. These rules must hold for every input:
 //
 //   - the finger count equals the number of touching records in the latest report;
-//   - while fingers are down, only hold-and-tap and long press are recognised. A session has at most
-//     one long press. The number of gestures per report is at most one plus the number of fingers
-//     that vanished;
-//   - at most one gesture is recognised at the end of a session, and none if the session already
-//     had a hold-and-tap or a long press;
+//   - while fingers are down, only hold-and-tap and long press are recognised. A session has at
+//     most one long press, and none after a hold-and-tap. The number of gestures per report is at
+//     most one plus the number of fingers that vanished;
+//   - at the end of a session, at most one gesture is recognised in addition to hold-and-taps, and
+//     none if the session had a hold-and-tap or a long press;
 //   - no gesture is recognised outside a session, except single taps that delayed work reports, at
 //     most as many as were held back;
 //   - the gestures that the engine delivers are at least a quarter of a second apart;

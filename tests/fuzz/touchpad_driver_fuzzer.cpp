@@ -6,8 +6,8 @@
 // overflow. The clone's device may fail, the user may not be allowed to create a clone, and another
 // program may grab the touchpad. The touchpad may be unplugged and plugged in again, and the user
 // may lose and regain access to it. A callback may block until the watchdog acts, or call the
-// driver. Occasionally an event has arbitrary content. Whenever the driver has read all events,
-// these rules must hold:
+// driver. Occasionally an event has arbitrary content; from then on, only the first and the last of
+// these rules must hold. The rules must hold whenever the driver has read all events:
 //
 //   - while the touchpad is grabbed, a clone exists;
 //   - the clone has the touchpad's fingers at the same positions, and holds no button that is
@@ -264,7 +264,7 @@ private:
     std::mutex mutex;     // the reader thread may open the touchpad at any time
     DeviceState reported; // the state that the driver has received
     std::int32_t nextId = 1;
-    bool isRead = true; // the driver reads this touchpad, or will do so on finding it
+    bool isRead = true; // the driver reads this touchpad, or will read it when it finds it
 };
 
 class Directory : public FakeDirectory {

@@ -187,7 +187,7 @@ TEST_F(MultitouchDeviceManagerTest, LookForDevicesStartsNewDevices) {
     EXPECT_EQ(driver.calls(), "create list; register a; start a 0; create list; register b; "
                               "start b 0; register c; start c 0; create list");
     EXPECT_EQ(manager.presentDevices().size(), 3U);
-    driver.attach(1); // detached devices can be attached again
+    driver.attach(1); // detaches b and c; they stay registered, because they may be attached again
     manager.lookForDevices();
     manager.stop();
     EXPECT_TRUE(driver.calls().ends_with("create list; create list; stop a; unregister a; stop b; "

@@ -1,7 +1,8 @@
 // A fake workspace whose applications the test defines. It records the requests to open
 // applications.
 //
-// Thread:  frontmost and its readers on any thread; the rest on the test's main thread.
+// Thread:  setFrontmost() and frontmostApplication() on any thread; the rest on the test's main
+//          thread.
 #pragma once
 
 #include "core/snapshot.h"

@@ -95,7 +95,8 @@ private:
 Script fingers(int count);
 Script fingersAt(std::vector<Spot> spots);
 
-// Returns the number as a person would write it, with all digits only if they matter.
+// Returns the number as a decimal text: in short form, or with 17 digits if the short form would
+// not be read back as the same number.
 std::string written(double number);
 
 // These functions return the next representable values below and above a limit.

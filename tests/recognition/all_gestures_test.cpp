@@ -1,4 +1,4 @@
-// Tests each of the 44 gestures that a pad can report, in many variants of hands and pads.
+// Tests each of the 44 gestures that touches alone can make, in many variants of hands and pads.
 #include "kit/rows.h"
 
 #include <gtest/gtest.h>
@@ -115,7 +115,7 @@ TEST(AllGesturesTest, EveryVariantOfEveryGestureIsRecognised) {
     expectRowsInEveryVariant(allRows());
 }
 
-TEST(AllGesturesTest, EveryGestureThatATouchpadCanReportIsCovered) {
+TEST(AllGesturesTest, EveryGestureThatTouchesAloneCanMakeIsCovered) {
     std::set<GestureType> shown;
     for (const Row& row : allRows()) {
         shown.insert(row.expected.begin(), row.expected.end());
@@ -126,8 +126,8 @@ TEST(AllGesturesTest, EveryGestureThatATouchpadCanReportIsCovered) {
             missing.insert(gesture);
         }
     }
-    // A click needs the touchpad's button, and a drawn circle always has a direction, so touches
-    // alone cannot make these gestures.
+    // A click needs the touchpad's button, and a drawn circle is always recognised with its
+    // direction, so touches alone cannot make these gestures.
     EXPECT_EQ(missing, (std::set{drawCircle, twoFingerClick, threeFingerClick, fourFingerClick}));
 }
 

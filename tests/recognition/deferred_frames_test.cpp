@@ -124,7 +124,7 @@ struct DriftRow {
     bool waits;
 };
 
-TEST(DeferredFramesTest, RecognizerWaitsForFingerChangesOnceDriftPreventsALongPress) {
+TEST(DeferredFramesTest, RecognizerWaitsForFingerChangesIfDriftPreventsALongPress) {
     for (const DriftRow& row : {DriftRow{"below", 0.0449, false}, DriftRow{"at", 0.045, false},
                                 DriftRow{"above", 0.0451, true}}) {
         const VirtualTime time;

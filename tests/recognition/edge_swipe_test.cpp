@@ -69,8 +69,8 @@ TEST(EdgeSwipeTest, RejectsAnInwardDistanceBelowTheMinimum) {
         {{0.5, 0}, {0.5, justBelow(0.22)}, std::nullopt},
         {{0.5, 0}, {0.5, 0.22}, edgeSwipeFromBottom},
         {{0.5, 0}, {0.5, justAbove(0.22)}, edgeSwipeFromBottom},
-        // The expectations below check that 1 - 0.78 is slightly less than 0.22, and that with the
-        // next smaller double the difference exceeds 0.22.
+        // As doubles, 1 - 0.78 is slightly less than the minimum of 0.22, and 1 minus the next
+        // smaller double is slightly more.
         {{1, 0.5}, {0.78, 0.5}, std::nullopt},
         {{1, 0.5}, {justBelow(0.78), 0.5}, edgeSwipeFromRight},
         {{0.5, 1}, {0.5, 0.78}, std::nullopt},
@@ -99,7 +99,7 @@ TEST(EdgeSwipeTest, RejectsASidewaysDistanceAboveHalfTheInwardDistance) {
     });
 }
 
-TEST(EdgeSwipeTest, CornerStartUsesTheFirstEdgeThatTheFingerLeaves) {
+TEST(EdgeSwipeTest, CornerStartUsesTheFirstEdgeFromWhichTheFingerMovesInwards) {
     expectRows({
         {{0.02, 0.98}, {0.42, 0.88}, edgeSwipeFromLeft},
         {{0.98, 0.98}, {0.58, 0.88}, edgeSwipeFromRight},
@@ -129,7 +129,7 @@ TEST(EdgeSwipeTest, RejectsAFingerThatMovesOutwardsOrDoesNotMove) {
     });
 }
 
-TEST(EdgeSwipeTest, StartsOutsideThePadCountAsTheNearestEdge) {
+TEST(EdgeSwipeTest, StartOutsideThePadCountsAsTheNearestEdge) {
     expectRows({
         {{-0.01, 0.5}, {0.3, 0.5}, edgeSwipeFromLeft},
         {{1.01, 0.5}, {0.7, 0.5}, edgeSwipeFromRight},

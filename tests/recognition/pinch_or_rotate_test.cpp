@@ -130,7 +130,7 @@ TEST(PinchOrRotateTest, RotationAllowsOnlyASmallDistanceChange) {
     ASSERT_EQ(0.62 / 1.35 * 1.35 - 0.5, 0.12);
     EXPECT_EQ(quarterTurn(0.5, 0.61), rotateCounterclockwise);
     EXPECT_EQ(quarterTurn(0.5, 0.62 - 1e-15), rotateCounterclockwise);
-    EXPECT_EQ(quarterTurn(0.5, 0.62), std::nullopt); // too large to rotate, too small to pinch
+    EXPECT_EQ(quarterTurn(0.5, 0.62), std::nullopt); // too much to rotate, too little to pinch
     EXPECT_EQ(quarterTurn(0.5, 0.63), std::nullopt);
     EXPECT_EQ(quarterTurn(0.5, 0.39), rotateCounterclockwise);
     EXPECT_EQ(quarterTurn(0.5, 0.37), std::nullopt);
@@ -153,7 +153,7 @@ TEST(PinchOrRotateTest, PinchTakesPrecedenceOverRotation) {
     EXPECT_EQ(otherMoves(polar(0.4, 0), polar(0.2, 1)), pinchIn);
 }
 
-TEST(PinchOrRotateTest, OnlyTheFirstAndLastPositionOfEachFingerCount) {
+TEST(PinchOrRotateTest, OnlyTheStartAndEndPositionsMatter) {
     EXPECT_EQ(pinchOrRotateOf(trackThrough({{0, 0}}), trackThrough({{0, 0.2}, {0, 0.9}, {0, 0.2}})),
               std::nullopt);
 }

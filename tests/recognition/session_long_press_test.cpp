@@ -83,7 +83,7 @@ TEST(SessionLongPressTest, IsCancelledWhenAFingerLifts) {
     });
 }
 
-TEST(SessionLongPressTest, FingerReportedTwicePreventsALongPress) {
+TEST(SessionLongPressTest, FingerReportedTwiceInOneFramePreventsALongPress) {
     auto frames = fingers(2).down().hold(1).up().frames();
     frames[50].touches.push_back(frames[50].touches.front());
     EXPECT_EQ(gesturesOf(perform(frames)), std::vector<GestureType>());

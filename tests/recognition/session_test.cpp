@@ -61,7 +61,7 @@ TEST(SessionTest, HoveringBeforeTheLandingDoesNotStartTheSession) {
     EXPECT_EQ(gesturesOf(perform(frames)), Gestures{twoFingerTap});
 }
 
-TEST(SessionTest, RestingFingersKeepTheSessionOpenForMinutes) {
+TEST(SessionTest, LastsForMinutesWhileFingersRest) {
     const auto fingersRest = fingers(3).down().moveBy(0.3, 0, 0.3).hold(600);
     expectReportedGestures(fingersRest, {});
     expectReportedGestures(fingersRest.moveBy(-0.3, 0, 0.3).up(), {});

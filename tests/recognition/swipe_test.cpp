@@ -77,7 +77,7 @@ TEST(SwipeTest, UsesTheMeanDisplacementNotTheSlowestFinger) {
 }
 
 TEST(SwipeTest, LengthIsMeasuredInNormalisedUnits) {
-    EXPECT_EQ(twoFingers(0.14, 0), std::nullopt); // 0.189 on stretched coordinates, a swipe
+    EXPECT_EQ(twoFingers(0.14, 0), std::nullopt); // stretched, it would be 0.189, a swipe
 }
 
 TEST(SwipeTest, FingerThatMovesAgainstTheOthersPreventsASwipe) {
@@ -124,7 +124,7 @@ TEST(SwipeTest, RejectsADiagonalMovement) {
     }
 }
 
-TEST(SwipeTest, OnlyTheEndPositionOfTheFingerCounts) {
+TEST(SwipeTest, OnlyTheStartAndEndPositionsMatter) {
     const Track there = trackThrough({{0.5, 0.5}, {0.1, 0.9}, {0.75, 0.5}});
     EXPECT_EQ(swipeOf(Tracks{there, there}, 2, quick), twoFingerSwipeRight);
     const Track andBack = trackThrough({{0.5, 0.5}, {0.9, 0.5}, {0.5, 0.5}});

@@ -17,7 +17,7 @@ void check(const std::vector<StoryRow>& rows) {
     }
 }
 
-TEST(ContactAssembler, ReportsThatEachContactLandsThenTouchesThenLeaves) {
+TEST(ContactAssembler, ReportsEachContactAsLandingThenTouchingThenLeaving) {
     check({
         {"one finger",
          padWithSlots(5),

@@ -103,7 +103,8 @@ public:
         }
     }
 
-    // Returns all calls in order: "clone", "grab", the frames, "ungrab", "destroy".
+    // Returns all calls that had an effect, in order: "clone", "grab", the frames, "ungrab",
+    // "destroy".
     std::vector<std::string> journal() const {
         const std::lock_guard lock(mutex);
         return entries;

@@ -90,7 +90,7 @@ TEST_F(ForwardingWatchdogTest, ReaderThatMakesProgressIsNotStuck) {
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
 }
 
-TEST_F(ForwardingWatchdogTest, WaitsWithoutATimeoutOnceAllFingersHaveLifted) {
+TEST_F(ForwardingWatchdogTest, WaitsWithoutATimeoutAfterAllFingersHaveLifted) {
     hold(one);
     watchdog.work();
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));
@@ -129,7 +129,7 @@ TEST_F(ForwardingWatchdogTest, DoesNotUngrabAReleasedTouchpad) {
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
 }
 
-TEST_F(ForwardingWatchdogTest, WatchesATouchpadThatIsGrabbedWhileTheReaderWorks) {
+TEST_F(ForwardingWatchdogTest, UngrabsATouchpadThatWasGrabbedAfterTheReaderStartedWorking) {
     watchdog.work();
     EXPECT_TRUE(grab(one));
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));

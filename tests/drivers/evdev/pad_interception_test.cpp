@@ -539,7 +539,7 @@ TEST_F(PadInterceptionTest, CreatesNoCloneWhileTheWatchdogIsPaused) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy", "clone", "grab"}));
 }
 
-TEST_F(PadInterceptionTest, ForwardingStopsAfterTheFilterHangsUntilSwitchedOnAgain) {
+TEST_F(PadInterceptionTest, HangingFilterStopsForwardingUntilItIsSwitchedOnAgain) {
     switchOn();
     bool switchesOn = false;
     answer = [&](std::int32_t event) {

@@ -321,7 +321,7 @@ TEST_F(TouchpadDriverTest, TouchpadWithAReadErrorIsNotReopenedUntilDevicesChange
     EXPECT_EQ(received.wait(3).size(), 3U);
 }
 
-TEST_F(TouchpadDriverTest, TouchpadMissingAtStartReportsOnceConnected) {
+TEST_F(TouchpadDriverTest, TouchpadMissingAtStartReportsAfterItIsReconnected) {
     pads->plug("event1", "pad");
     const auto device = driver.createList().at(0);
     driver.addCallback(device, &Listener::contact);

@@ -159,7 +159,7 @@ TEST_F(GlidemapRecord, WritesToStandardOutputWithoutAFileArgument) {
     EXPECT_EQ(program.output.text, swipeRecording);
 }
 
-TEST_F(GlidemapRecord, PrintsTheNamesOfAllTouchpadsAndRecordsThem) {
+TEST_F(GlidemapRecord, RecordsAllTouchpadsAndWritesTheirNames) {
     RecordProgram program({}, 2, 0);
     EXPECT_TRUE(program.output.readUntil("\"button\":0"));
     program.interrupt();

@@ -187,7 +187,7 @@ TEST(ReplayBindings, FrontmostApplicationSelectsTheBindingAndIsPrinted) {
                   performed("8.1", R"("lockScreen")"));
 }
 
-TEST(ReplayBindings, PrintsTheFrontmostApplicationWithoutBindings) {
+TEST(ReplayBindings, PrintsTheFrontmostApplicationEvenWithoutBindings) {
     EXPECT_EQ(replay({"--json", "-"}, frontmost("0", editor) + tapOf(2, 1, 1.1)).output,
               R"({"t":1.1,"gesture":"twoFingerTap","delivered":true,"binding":null,"action":null,)"
               R"("app":"Editor"})"
