@@ -75,7 +75,7 @@ TEST(LinuxClickTapTest, CreatesNoTapWithoutADriver) {
     EXPECT_FALSE(tap.create(passAll));
 }
 
-TEST(LinuxClickTapTest, TapStartsDisabledAndRemoveUninstallsTheFilter) {
+TEST(LinuxClickTapTest, TapStartsDisabledAndItsRemovalUninstallsTheFilter) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     ASSERT_TRUE(tap.create(passAll));
