@@ -218,7 +218,7 @@ TEST_F(LinuxUserSessionTest, SessionIsActiveUntilLogindStartsAndReportsOtherwise
     EXPECT_FALSE(session.isLocked());
     startLogind(false, false);
     EXPECT_TRUE(become(session, false, false));
-    services.clear(); // logind restarts, and the session keeps the last known state
+    services.clear(); // logind stops, and is started again below
     startLogind(true, false);
     EXPECT_TRUE(become(session, true, false));
 }
