@@ -32,7 +32,7 @@ const test::ServiceDescription logind{
     "<interface name='org.freedesktop.login1.Session'><method name='Lock'/>"
     "<property name='LockedHint' type='b' access='read'/></interface>"};
 
-// Makes the fake logind lock the session when the program asks for it, and announce the change.
+// Makes the fake logind lock the session when the program calls Lock(), and announce the change.
 void lockOnRequest(FakeService& manager) {
     manager.answer("Lock", [&manager] {
         manager.setAndAnnounce("LockedHint", true, "org.freedesktop.login1.Session",
@@ -110,7 +110,7 @@ TEST_F(AgentTest, LogsEveryGestureAndLocksTheScreen) {
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "config/glidemap/glidemap.ini"));
 }
 
-TEST_F(AgentTest, LockActionRunsOnALockedScreenWithoutLogging) {
+TEST_F(AgentTest, LockActionRunsOnALockedScreenButNoGestureIsLogged) {
     test::ServiceDescription locked = logind;
     locked.properties = {{"LockedHint", true}};
     FakeService manager(systemBus.address(), locked, journal);

@@ -39,7 +39,7 @@ Program::Command PanelDesktop::command(std::vector<std::string> words,
     Environment values = environment();
     values["DBUS_SESSION_BUS_ADDRESS"] = session.address();
     values["DBUS_SYSTEM_BUS_ADDRESS"] = system.address();
-    values.emplace("NO_AT_BRIDGE", "1"); // other tests cover accessibility
+    values.emplace("NO_AT_BRIDGE", "1"); // no accessibility: other tests cover it
     for (const auto& [name, value] : more) {
         values[name] = value;
     }

@@ -29,8 +29,8 @@ protected:
             << "the icon does not disappear";
     }
 
-    // An empty panel has two colours, its background and a line; the smooth edges of an icon have
-    // many.
+    // An empty panel has two colours: its background and a line. The smooth edges of an icon have
+    // many more.
     static bool showsAnIcon(const ApplicationStage& stage, const XfcePanel& panel) {
         constexpr std::size_t fewest = 10;
         return Picture(stage.display, panel.area()).countOfColours() >= fewest;

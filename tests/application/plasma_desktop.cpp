@@ -16,8 +16,9 @@ constexpr const char* daemonName = "org.kde.kded6";
 constexpr const char* socketName = "wayland-plasma";
 constexpr int thickness = 32;
 
-// One panel at the upper edge, which contains only the system tray. The tray adds each of the
-// shell's own items that is missing from `knownItems`, so the list contains all of them.
+// One panel at the upper edge, which contains only the system tray. The tray shows each of the
+// shell's own items that `knownItems` does not list. So `knownItems` lists all of them, and the
+// tray shows only items of other programs.
 constexpr const char* panelText = R"([Containments][1]
 activityId=
 formfactor=2

@@ -1,6 +1,7 @@
-// Plasma: its shell with a panel that has only the system tray, the daemon with the watcher, and
-// KDE's portal. The compositor is a window on the test's own X server. Screenshots come from the X
-// server, because the compositor cannot take any without a graphics card.
+// Plasma: its shell with a panel that has only the system tray, the daemon that provides the
+// watcher of status items, and KDE's portal. The compositor is a window on the test's own X server.
+// Screenshots come from the X server, because the compositor cannot take any without a graphics
+// card.
 //
 // Units:   pixels from the compositor's top left corner.
 // Thread:  one.

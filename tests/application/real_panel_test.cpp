@@ -131,7 +131,8 @@ TEST_P(RealPanelTest, MenuIsInTheInterfaceLanguage) {
 TEST_P(RealPanelTest, PanelThatStartsAfterGlidemapOrRestartsGetsTheItem) {
     const Picture bare = desktop->screen();
     const auto glidemap = startGlidemap();
-    // The window appears after the program has searched for a panel.
+    // The program searches for a panel before it shows its window, so the panel starts too late for
+    // that search.
     ASSERT_TRUE(waitUntil([&] { return desktop->screen().differences(bare) > 10000; }))
         << logText();
     desktop->startPanel();
@@ -143,8 +144,9 @@ TEST_P(RealPanelTest, PanelThatStartsAfterGlidemapOrRestartsGetsTheItem) {
     EXPECT_EQ(end(*glidemap), 0);
 }
 
-// Without these variables, Qt uses its plain platform theme. The desktop's own theme would read the
-// colour scheme directly, so the test would not cover the portal.
+// Unsets the variables that name the desktop, so that Qt uses its plain platform theme. The
+// desktop's own theme would read the colour scheme directly, and the test would not cover the
+// portal.
 TEST_P(RealPanelTest, IconFollowsThePortalColourScheme) {
     desktop->startPanel();
     desktop->choose(ColorScheme::dark);

@@ -75,7 +75,7 @@ Program::Command XfcePanel::command(std::vector<std::string> words) const {
     Environment environment = plainEnvironment(folder.path());
     environment["DBUS_SESSION_BUS_ADDRESS"] = busAddress;
     environment["DISPLAY"] = display.name();
-    environment.emplace("NO_AT_BRIDGE", "1"); // the panel's own accessibility is not under test
+    environment.emplace("NO_AT_BRIDGE", "1"); // the panel itself needs no accessibility
     return {
         .words = std::move(words), .environment = environment, .log = folder.path() / "panel.log"};
 }

@@ -252,7 +252,8 @@ TEST_P(BringForwardTest, ProgramInATerminalComesForward) {
     expectStarts(seen, "inside", GetParam().processes == Processes::known ? 1 : 4);
 }
 
-// A second process would pass its request to the first process and exit.
+// The application allows only one process. If Glidemap launched it again, the second process would
+// record its start and exit at once.
 TEST_P(BringForwardTest, SingleInstanceApplicationComesForwardWithoutASecondProcess) {
     const Leash leash(folder.path() / "leash");
     const auto alone = folder.path() / "alone";

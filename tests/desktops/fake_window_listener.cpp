@@ -51,7 +51,8 @@ std::chrono::seconds FakeWindowListener::remainingPatience() const {
 
 void FakeWindowListener::expectReported(const std::vector<std::string>& lines) {
     std::unique_lock lock(mutex);
-    // An extra line is detected at once, a missing one at the deadline.
+    // Returns as soon as a wrong line or the expected number of lines has been reported. Only a
+    // missing line takes until the deadline.
     added.wait_for(lock, remainingPatience(), [&] {
         return reported.size() >= lines.size() ||
                !std::equal(reported.begin(), reported.end(), lines.begin());

@@ -1,7 +1,7 @@
 // The program's workspace on a desktop under test, with waits for its reports.
 //
 // Thread:  the test's.
-// Owner:   a test; the process's environment names the desktop.
+// Owner:   a test. The process's environment selects the desktop.
 // Errors:  a report that does not arrive in time fails the test, and names the caller's line.
 #pragma once
 

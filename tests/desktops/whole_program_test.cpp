@@ -76,7 +76,7 @@ TEST_P(ProgramTest, SettingsWindowOpensInFront) {
 
 TEST_P(ProgramTest, SecondLaunchExitsAndBringsTheWindowForward) {
     const FakeStatusBarService bar(*desktop,
-                                   GetParam().statusBar); // so that no alert takes the focus
+                                   GetParam().statusBar); // a missing bar would cause an alert
     Program glidemap(command());
     const SeenWorkspace seen;
     seen.expectFrontmost(identifier);

@@ -40,12 +40,12 @@ fs::path package() {
     return found;
 }
 
-// Skips dpkg's triggers: they update the desktop's databases, are slow, and belong to other
-// packages. Has no time limit except that of the virtual machine.
+// Runs dpkg without triggers: they update the desktop's databases, are slow, and belong to other
+// packages. The only time limit is the virtual machine's own.
 void dpkg(const std::string& arguments) {
     const std::string command = "dpkg --no-triggers " + arguments + " >/dev/null";
     EXPECT_EQ(std::system(command.c_str()), 0) << command;
-    // The package triggers udev and does not wait for it.
+    // The package's scripts trigger udev, but do not wait until udev has applied the rules.
     EXPECT_EQ(std::system("udevadm settle"), 0);
 }
 

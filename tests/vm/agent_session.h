@@ -47,8 +47,8 @@ public:
     // Whether the agent asks the user for missing access.
     enum class Asks { never, ifNeeded };
 
-    // Returns when the agent has started all services. It then reads the touchpads to which it has
-    // access.
+    // Returns when the agent has started all services. The agent then already reads the touchpads
+    // to which it has access.
     explicit Agent(Process::User user = Process::User::root, Asks asks = Asks::never);
 
     // Waits until the log contains a line with the text, and returns the line.

@@ -1,5 +1,5 @@
 // Tests the program without its interface on a real kernel: it types on its virtual keyboard, drops
-// clicks, and always ungrabs the touchpad in the end.
+// clicks, and ungrabs the touchpad when it exits or is killed.
 
 #include "agent_session.h"
 #include "deadline.h"

@@ -94,7 +94,9 @@ TEST_F(UnwatchedCloneTest, TouchpadWithAMissedReaderKeepsWorkingAndIsGrabbedOnAR
     std::unique_ptr<EventReader> reader;
     {
         const std::filesystem::path clone = waitForClone();
-        const Punctual beforeTheDriver; // so that the kernel merges the two openings
+        // Keeps the driver's thread from running between the two openings, so the kernel merges the
+        // notifications.
+        const Punctual beforeTheDriver;
         reader = std::make_unique<EventReader>(clone);
         close(open(clone.c_str(), O_RDONLY | O_CLOEXEC));
     }

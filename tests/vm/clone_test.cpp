@@ -201,7 +201,7 @@ TEST(CloneTest, GrabWaitsUntilAHeldButtonIsReleased) {
     EXPECT_TRUE(forwarded.others.isQuiet());
 }
 
-TEST(CloneTest, SwitchingOffUngrabsTheTouchpadOnceTheFingersLift) {
+TEST(CloneTest, SwitchingTheFilterOffUngrabsTheTouchpadOnceTheFingersLift) {
     ForwardedPad forwarded;
     forwarded.switchOn();
     auto& pad = forwarded.pad;

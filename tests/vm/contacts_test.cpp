@@ -16,7 +16,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(ContactsTest, EachContactIsMadeThenTouchesThenLeaves) {
+TEST(ContactsTest, ContactStatesAreMakeTouchThenTouchingThenOutOfRange) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500), fingerMove(0, 1200, 500),

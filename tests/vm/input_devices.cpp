@@ -138,7 +138,7 @@ std::vector<std::filesystem::path> cloneNodes() {
             nodes.push_back(nodeFolder / name);
         }
     }
-    // By number: event9 comes before event10.
+    // Sorts by number: event9 comes before event10.
     std::ranges::sort(nodes, {}, [](const std::filesystem::path& node) {
         return std::pair(node.native().size(), node.native());
     });

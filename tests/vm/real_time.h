@@ -11,8 +11,9 @@ namespace glidemap::test {
 double monotonicNow();
 void letTimePassUntil(double moment);
 
-// Gives this thread priority over all other threads in the kernel until the object is destroyed. A hand does
-// not wait for the machine, and a late movement would become another gesture.
+// Gives this thread priority over all threads without real-time scheduling until the object is
+// destroyed. A hand does not wait for the machine, and a late movement would become another
+// gesture.
 class Punctual {
 public:
     Punctual();

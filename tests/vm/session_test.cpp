@@ -209,7 +209,8 @@ TEST_F(SessionTest, SleepEndsTouchesAndButtonPresses) {
         EXPECT_FALSE(isReading(agent));
         EXPECT_FALSE(DeviceReader(pad.node()).isGrabbedByAnother());
         hand.release().up();
-        // Counted only now, because a slow machine may log an earlier gesture late.
+        // Counts the gestures only now, because on a slow machine the agent may log an earlier
+        // gesture late.
         const std::size_t before = gestures(agent);
 
         announceSleep(manager, false);

@@ -5,8 +5,8 @@
 //
 // After every few actions, the agent must recognise a tap, forward the touchpad and hold no key. Its
 // resources are measured after the first minute and at the end: the numbers of descriptors and
-// threads must be equal, and the memory may have grown only slightly. After the agent has exited, no
-// clone, keyboard or grab may remain.
+// threads must not have changed, and the memory may have grown only slightly. After the agent has
+// exited, no clone, keyboard or grab may remain.
 //
 // GLIDEMAP_SOAK_SECONDS sets the duration (600), GLIDEMAP_SOAK_SEED the random actions. The test
 // prints both.

@@ -103,8 +103,8 @@ protected:
     }
 
     // Types Control+T until sway reports it without the held Shift. sway reads its socket and the
-    // keyboards in any order, so it may handle the first shortcuts before the command that
-    // separates our keyboard.
+    // keyboards in any order, so it may handle the first shortcuts before the command that gives
+    // our keyboard its own keymap.
     bool becomesPlain(UinputKeyboard& keyboard) {
         const Deadline deadline;
         while (!deadline.passed()) {
@@ -191,8 +191,9 @@ TEST_F(SwayKeyboardTest, HeldShiftDoesNotJoinTheShortcutAndStaysHeld) {
     EXPECT_EQ(nextTyped(), "typed B");
 }
 
-// A repeat setting would separate the keyboards, too, but some versions of sway apply the setting to
-// all keyboards.
+// The program separates its keyboard from the others with a keymap of its own. A repeat setting of
+// its own would have the same effect, but some versions of sway apply such a setting to all
+// keyboards.
 TEST_F(SwayKeyboardTest, OtherKeyboardsKeepTheirSettings) {
     const std::vector<std::string> before = keyboardSettings("Ordinary Keyboard");
     ASSERT_FALSE(before.empty());

@@ -1,6 +1,6 @@
 // Tests the program between a touchpad and a real desktop: an X server on the kernel's devices, a
-// window manager, and a window with the focus. The desktop must receive all forwarded events as
-// without the program, and typed shortcuts must arrive unchanged.
+// window manager, and a window with the focus. The desktop must receive the forwarded events
+// exactly as it would without the program, and typed shortcuts must arrive unchanged.
 
 #include "agent_session.h"
 #include "deadline.h"
@@ -38,7 +38,7 @@ constexpr unsigned long control = 0x40000;
 // In seconds, longer than the program's limit between the two taps of a double tap.
 constexpr double betweenGestures = 0.6;
 
-// The modifier bits of X.
+// Bits of X's modifier mask.
 constexpr std::uint16_t shiftHeld = 1;
 constexpr std::uint16_t controlHeld = 4;
 

@@ -82,7 +82,7 @@ TEST_F(EngineOnRealThreads, DeliversTapOnAnotherThread) {
     EXPECT_NE(thread, std::this_thread::get_id());
 }
 
-TEST_F(EngineOnRealThreads, DelayedWorkDeliversDelayedTap) {
+TEST_F(EngineOnRealThreads, DelayedWorkThreadDeliversATapIfADoubleTapIsBound) {
     std::promise<std::thread::id> queueThread;
     engine->sessionRecognizer().doubleTapBindingExists = [&](int) {
         queueThread.set_value(std::this_thread::get_id());

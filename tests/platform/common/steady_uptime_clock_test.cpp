@@ -15,7 +15,8 @@ TEST(SteadyUptimeClock, UptimeNeverDecreases) {
     }
 }
 
-// The engine accepts the first gesture only because the uptime exceeds the cooldown.
+// The engine starts with 0 as the time of the last gesture. So it accepts its first gesture only if
+// the uptime exceeds the cooldown.
 TEST(SteadyUptimeClock, UptimeStartsAtSystemBoot) {
     EXPECT_GT(SteadyUptimeClock().uptime(), 1.0);
 }

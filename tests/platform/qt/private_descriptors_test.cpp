@@ -62,7 +62,7 @@ TEST_F(PrivateDescriptorsTest, DescriptorsAreNonBlockingAndCloseOnExec) {
     expectPrivate(ends[1], "a pipe, to write to");
 }
 
-TEST_F(PrivateDescriptorsTest, SentTextArrives) {
+TEST_F(PrivateDescriptorsTest, SentTextArrivesAtThePeer) {
     connectThem();
     EXPECT_TRUE(sendAll(here, "a line\n"));
     std::array<char, 16> buffer{};
@@ -71,7 +71,7 @@ TEST_F(PrivateDescriptorsTest, SentTextArrives) {
               "a line\n");
 }
 
-// SIGPIPE would terminate the program.
+// By default, writing to a closed peer raises SIGPIPE, which would terminate the program.
 TEST_F(PrivateDescriptorsTest, SendingToAClosedPeerFailsWithoutASignal) {
     connectThem();
     there = {};

@@ -17,8 +17,8 @@ namespace {
 
 using test::Application;
 
-// Runs a child and returns its exit status: 7, or 8 if its event loop ended without a request. If a
-// signal terminated the child, returns 128 plus the signal.
+// Runs a child and returns its exit status: 7 if its event loop ended after a termination request,
+// 8 if without one. If a signal terminated the child, returns 128 plus the signal.
 int programThat(void (*doesWhenRunning)(), void (*doesWhenAsked)()) {
     const pid_t child = fork();
     if (child == 0) {
@@ -80,7 +80,8 @@ TEST(TerminationSignalsTest, TimeLimitAppliesEvenAfterTerminationSignalsIsDestro
               EXIT_SUCCESS);
 }
 
-// A time limit would replace this test's alarm with a shorter one.
+// A time limit uses the same timer as alarm(), so it would replace the long alarm that
+// programThat() sets in the child.
 TEST(TerminationSignalsTest, SignalStartsNoTimerWithoutATimeLimit) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); },
                           [] {

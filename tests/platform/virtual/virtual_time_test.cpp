@@ -163,7 +163,7 @@ TEST_F(VirtualTimeTest, NextDeadlineIsTheEarliestItemsDeadline) {
     EXPECT_EQ(time.nextDeadline(), 2);
 }
 
-TEST_F(VirtualTimeTest, SubmittedTasksWaitAndThenRunInOrder) {
+TEST_F(VirtualTimeTest, SubmittedTasksRunInOrderOnRequest) {
     submit("first");
     submit("second");
     EXPECT_THAT(events, IsEmpty());
@@ -249,7 +249,7 @@ TEST_F(VirtualTimeTest, MainQueueRunsWhenTheSerialQueueIsEmpty) {
                                     Event{"main later", 0}));
 }
 
-TEST_F(VirtualTimeTest, TasksThatMainQueueTasksSubmitRunAfterTheMainQueueIsEmpty) {
+TEST_F(VirtualTimeTest, SerialTaskSubmittedByAMainQueueTaskRunsAfterTheMainQueueIsEmpty) {
     time.mainQueue()->submit([this] {
         time.mainQueue()->submit([this] { record("main child"); });
         submit("child");

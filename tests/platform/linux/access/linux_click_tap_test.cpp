@@ -75,7 +75,7 @@ TEST(LinuxClickTapTest, CreatesNoTapWithoutADriver) {
     EXPECT_FALSE(tap.create(passAll));
 }
 
-TEST(LinuxClickTapTest, TapStartsDisabledAndRemoveUninstallsTheFilter) {
+TEST(LinuxClickTapTest, TapStartsDisabledAndItsRemovalUninstallsTheFilter) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     ASSERT_TRUE(tap.create(passAll));
@@ -180,8 +180,8 @@ TEST(LinuxClickTapTest, CallbackMayEnableATapDisabledByTimeout) {
     EXPECT_EQ(driver.calls(), "set; on; on");
 }
 
-// The main thread waits in the driver for the driver's reader, whose callback uses the tap
-// meanwhile.
+// While the main thread disables the tap, it waits in the driver until the reader's callback
+// returns. Meanwhile, the callback enables the tap.
 TEST(LinuxClickTapTest, EnablingTheTapDuringAConcurrentDisablingTakesEffect) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);

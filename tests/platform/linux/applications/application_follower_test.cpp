@@ -195,7 +195,7 @@ TEST_F(ApplicationFollowerTest, DoesNotListGlidemapAmongRunningApplications) {
     EXPECT_THAT(running(), ElementsAre(Application{"editor", "The Editor"}));
     folder.install("org.glidemap.Glidemap", "Name=Glidemap\nExec=sh\n");
     activate(window("org.glidemap.Glidemap", 3));
-    expectFrontmost({"org.glidemap.Glidemap", "Glidemap"}); // Glidemap's own bindings keep working
+    expectFrontmost({"org.glidemap.Glidemap", "Glidemap"}); // bindings for Glidemap must work
     EXPECT_THAT(running(), ElementsAre(Application{"editor", "The Editor"}));
 }
 

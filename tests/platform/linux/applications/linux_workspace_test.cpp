@@ -112,7 +112,7 @@ TEST_F(LinuxWorkspaceTest, RaisesAnApplicationThatHasAWindowInsteadOfLaunchingIt
     EXPECT_THAT(log, ElementsAre("only starts", "only brings forward", "only has no window"));
 }
 
-// Reports which of its windows would be activated.
+// Offers windows with different properties to the workspace, and records which of them it chooses.
 class ChoosingBackend : public FakeWindowBackend {
 public:
     explicit ChoosingBackend(std::vector<std::string>& record)

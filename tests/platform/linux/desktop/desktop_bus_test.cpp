@@ -37,7 +37,7 @@ TEST(BusReplyTest, ReadsABooleanEitherDirectlyOrInAVariant) {
     EXPECT_EQ(booleanIn(nullptr), std::nullopt);
 }
 
-TEST(BusReplyTest, ReadsVariantsAndWordListsOnlyFromRepliesOfThatType) {
+TEST(BusReplyTest, ReadsVariantsAndWordListsOnlyFromRepliesOfTheMatchingType) {
     EXPECT_STREQ(g_variant_get_string(variantIn(parsed("(<'43.9'>,)").get()).get(), nullptr),
                  "43.9");
     EXPECT_EQ(variantIn(parsed("('43.9',)").get()), nullptr);

@@ -96,7 +96,7 @@ TEST_F(DetachedProcessTest, ProcessInheritsNoExtraDescriptorAndHasEmptyStandardI
     close(null);
 }
 
-TEST_F(DetachedProcessTest, ProcessBlocksAndIgnoresNoSignal) {
+TEST_F(DetachedProcessTest, ProcessNeitherBlocksNorIgnoresSignals) {
     sigset_t blocked;
     sigset_t before;
     sigemptyset(&blocked);

@@ -96,7 +96,7 @@ TEST(FieldCodes, DropsDeprecatedCodesAndKeepsLiteralPercentSigns) {
     EXPECT_EQ(withFieldCodes("cmd %", values), "cmd %");
 }
 
-TEST(ExecLineTest, FindsOnlyExecutableFilesInAbsolutePathFolders) {
+TEST(ExecLineTest, FindsExecutableFilesOnlyByAbsolutePathOrByNameInPATH) {
     const TemporaryFolder folder;
     const auto program = folder.writeProgram("bin/glidemap");
     const auto later = folder.writeProgram("later/glidemap");

@@ -100,7 +100,7 @@ TEST(UinputKeyboardTest, UnknownKeyTypesNothing) {
     EXPECT_EQ(script.log, (Log{"plug in", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, RetriesCreatingTheDeviceOnEachCallWithoutPermission) {
+TEST(UinputKeyboardTest, RetriesCreatingTheDeviceOnEachCallUntilPermissionIsGranted) {
     DeviceScript script{{}, false};
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);

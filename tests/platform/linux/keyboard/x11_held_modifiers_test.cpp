@@ -39,7 +39,8 @@ struct Script {
     bool hasNews = false;
 };
 
-// Like the real server, reports a modifier as held if it is down on the user's keyboard or on ours.
+// Like the real server, reports a modifier as held if it is down on the user's keyboard or on
+// Glidemap's.
 class ScriptedServer : public XKeyServer {
 public:
     explicit ScriptedServer(Script& followed) : script(followed), news(eventfd(0, EFD_NONBLOCK)) {}
@@ -187,7 +188,7 @@ TEST_F(X11HeldModifiersTest, IgnoresModifiersOfGlidemapsKeyboard) {
     EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, DetectsAModifierHeldOnTheUsersAndGlidemapsKeyboard) {
+TEST_F(X11HeldModifiersTest, DetectsAModifierHeldOnBothTheUsersAndGlidemapsKeyboards) {
     script.ours = {KEY_LEFTCTRL};
     script.user = {KEY_LEFTCTRL};
     type();

@@ -137,7 +137,7 @@ TEST_F(AutostartEntryTest, UnregisteringHidesTheSystemFile) {
     EXPECT_EQ(item.status(), Status::enabled);
 }
 
-TEST_F(AutostartEntryTest, SystemFileThatStartsNothingIsNotHidden) {
+TEST_F(AutostartEntryTest, UnregisteringDoesNotHideASystemFileThatStartsNothing) {
     ofSystem(entry("OnlyShowIn=KDE;\n"));
     ofUser(entry());
     EXPECT_EQ(item.unregisterItem(), std::nullopt);

@@ -96,7 +96,7 @@ TEST_F(AutostartFileTest, PredictsWhetherASessionStartsTheEntry) {
     }
 }
 
-TEST_F(AutostartFileTest, FirstCurrentDesktopThatTheFileListsDecidesTheStart) {
+TEST_F(AutostartFileTest, FirstOfTheCurrentDesktopsThatTheFileListsDecidesTheStart) {
     struct Row {
         const char* lists;
         std::vector<std::string> desktops;

@@ -55,7 +55,8 @@ protected:
         return services.emplace_back(bus.address(), service, journal);
     }
 
-    // Toggles the overview, and returns the events until the last client disconnects.
+    // Toggles the overview, waits until the last client of the service `askedLast` has left the
+    // bus, and returns the events without the clients' departures.
     Lines toggle(const std::string& askedLast) {
         LinuxOverview overview(desktop, 600s);
         overview.toggle();

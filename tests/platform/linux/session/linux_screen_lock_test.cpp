@@ -333,7 +333,7 @@ TEST_F(LinuxScreenLockTest, DestructionSkipsTheFallbackWhileABusDoesNotRespond) 
     EXPECT_EQ(journal.lines(), Lines{"let go"});
 }
 
-TEST_F(LinuxScreenLockTest, FindSucceedsEvenWithoutABus) {
+TEST_F(LinuxScreenLockTest, ScreenLockIsFoundEvenWithoutABus) {
     const test::TemporaryFolder runtime;
     const InEnvironment folder("XDG_RUNTIME_DIR", runtime.path().c_str());
     const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", nullptr);

@@ -167,7 +167,8 @@ TEST_F(LinuxUserSessionTest, FollowsSuspendAndResume) {
     EXPECT_TRUE(sleepIs(session, false));
 }
 
-// A process that is stopped before the suspend reads both signals after the resume.
+// logind sends a signal before the suspend and another after the resume. If the kernel freezes the
+// process before it has read the first signal, the process reads both after the resume.
 TEST_F(LinuxUserSessionTest, ReportsASuspendThatEndsBeforeTheMainThreadRuns) {
     FakeService& manager = startLogind(true, false);
     LinuxUserSession session(desktop, queue);
@@ -217,7 +218,7 @@ TEST_F(LinuxUserSessionTest, SessionIsActiveUntilLogindStartsAndReportsOtherwise
     EXPECT_FALSE(session.isLocked());
     startLogind(false, false);
     EXPECT_TRUE(become(session, false, false));
-    services.clear(); // logind restarts, and the session keeps the last known state
+    services.clear(); // logind stops, and is started again below
     startLogind(true, false);
     EXPECT_TRUE(become(session, true, false));
 }

@@ -172,7 +172,7 @@ TEST(LinuxStatusBarTest, DetectsBarsAtRunTimeAndPrefersTheDBusStatusBar) {
     EXPECT_EQ(bar.kind(), Kind::embeds);
 
     // A watcher that cannot report whether it has a host counts as a status bar. Qt queries the
-    // watcher, too, and then determines whether the icon is shown.
+    // watcher itself before it shows the icon.
     const FakeService unable(bus.address(), {watcherName, "/elsewhere", "<interface name='a.b'/>"},
                              journal);
     EXPECT_TRUE(test::waitFor([&] { return changes == 6; }));

@@ -64,7 +64,7 @@ TEST_F(MacosAppearanceTest, ColorSchemeMatchesTheApplicationsAppearance) {
     }
 }
 
-TEST_F(MacosAppearanceTest, ReducedMotionFollowsTheSystem) {
+TEST_F(MacosAppearanceTest, ReadsTheReduceMotionSetting) {
     EXPECT_FALSE(MacosAppearance().reducesMotion());
     test::workspace().reducesMotion = true;
     EXPECT_TRUE(MacosAppearance().reducesMotion());
@@ -82,7 +82,7 @@ TEST_F(MacosAppearanceTest, FollowsTheApplicationsAppearance) {
                             "after unknown moving", "before unknown moving", "after light moving"));
 }
 
-TEST_F(MacosAppearanceTest, FollowsTheDisplayOptions) {
+TEST_F(MacosAppearanceTest, FollowsTheReduceMotionSetting) {
     test::startWithAppearance(dark);
     MacosAppearance appearance;
     const Subscription following = follow(appearance);

@@ -54,7 +54,7 @@ TEST_F(QuartzClickTapTest, CreatesNoTapWithoutPermission) {
     EXPECT_THAT(journal(), ElementsAre("CGEventTapCreate 1 0 0 0x1e"));
 }
 
-TEST_F(QuartzClickTapTest, ReleasesATapWithoutARunLoopSource) {
+TEST_F(QuartzClickTapTest, ReleasesTheEventTapIfItsRunLoopSourceCannotBeCreated) {
     test::coreFoundation().makesRunLoopSources = false;
     QuartzClickTap tap;
     EXPECT_FALSE(tap.create([](const ClickEvent&) { return ClickTap::Verdict::pass; }));
@@ -96,7 +96,7 @@ TEST_F(QuartzClickTapTest, PassesEventsIfTheCallbackGetsNoUserData) {
     EXPECT_THAT(asked, IsEmpty());
 }
 
-TEST_F(QuartzClickTapTest, RemoveTakesTheTapFromTheRunLoopAndReleasesTheTap) {
+TEST_F(QuartzClickTapTest, RemovalDetachesTheTapFromTheRunLoopAndReleasesIt) {
     const auto tap = tapAnswering(ClickTap::Verdict::pass);
     tap->setEnabled(false);
     tap->remove();

@@ -24,8 +24,8 @@ public:
     int owners = 1; // unused on a Mac, where the system counts owners
 };
 
-// Returns a reference as the system would. The caller owns the object, which lives until its last
-// owner releases it.
+// Returns a reference to the new object. The caller owns the object, as after a call to the system,
+// and must release it. The object lives until its last owner releases it.
 CFTypeRef handOut(Object* made);
 
 template <typename Reference>
@@ -37,7 +37,7 @@ Reference handOutAs(Object* made) {
 // the running test fails and the function returns null.
 Object* objectOf(CFTypeRef reference);
 
-// Returns an array as the system would. The array does not count references to its values.
+// Returns a new array, which the caller must release. The array does not retain its values.
 CFArrayRef handOutArray(const std::vector<const void*>& values);
 
 std::vector<std::pair<CFTypeRef, CFTypeRef>> entriesOf(CFDictionaryRef dictionary);

@@ -7,7 +7,7 @@
 namespace glidemap::test {
 
 struct MainAppService {
-    long status = 0; // the system's constant
+    long status = 0; // a constant of SMAppServiceStatus, or another number
     bool refuses = false;
     std::optional<std::string> reason; // the system's error message when it refuses
 };

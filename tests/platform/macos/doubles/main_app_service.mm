@@ -23,7 +23,8 @@ NSError* errorOf(const std::string& reason) {
                                                                 forKey:NSLocalizedDescriptionKey]];
 }
 
-// Also sets the error on success, so that tests detect a caller that reads it then.
+// Sets the error even on success, so that tests detect a caller that reads the error without
+// checking the result.
 BOOL answer(NSError** error) {
     const MainAppService& settings = mainAppService();
     if (settings.reason && error != nullptr) {

@@ -5,8 +5,9 @@
 
 namespace glidemap::test {
 
-// Returns how many observers were not removed, as far as the system reports them, and removes them
-// from the fakes.
+// Returns the number of observers that were not removed, and makes the fakes forget them. The real
+// system reports only whether an object has observers: on a Mac, the function returns at most 1 and
+// removes no observer.
 std::size_t forgetObservations();
 
 } // namespace glidemap::test

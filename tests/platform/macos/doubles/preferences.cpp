@@ -113,7 +113,8 @@ Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSi
     return true;
 }
 
-// The dictionary's keys are constants, and the caller's key is a text.
+// Compares the keys by their text, because the dictionary's keys are constants of the system and
+// the caller passes a text that it has created.
 const void* CFDictionaryGetValue(CFDictionaryRef theDict, const void* key) {
     for (const auto& [name, value] : entriesOf(theDict)) {
         if (nameOf(name) == textIn(key)) {

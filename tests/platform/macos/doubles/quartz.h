@@ -21,7 +21,7 @@ struct Quartz {
 Quartz& quartz();
 
 enum class Passage { passed, dropped, replaced };
-// Sends a mouse event to the event tap and returns the result. Then releases the event.
+// Sends a mouse event to the event tap, releases the event and returns the result.
 Passage play(CGEventType type, std::int64_t button);
 
 // Returns the result for a notification, which comes without an event.

@@ -62,7 +62,7 @@ TEST_F(LocalKeyMonitorTest, SwallowsEveryPressUntilStop) {
 
 TEST_F(LocalKeyMonitorTest, SwallowsRepeatsAndDoesNotReportThem) {
     start();
-    EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::monitor); // pressed before the start
+    EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::monitor); // key pressed before start()
     EXPECT_EQ(play({letterA}), Receiver::monitor);
     EXPECT_EQ(play({letterA, 0, repeats}), Receiver::monitor);
     EXPECT_THAT(reported, ElementsAre(KeyPresses::Press{letterA, 0}));

@@ -35,7 +35,7 @@ struct SharedCenter {
 
 class MacosUserSessionStartTest : private SharedCenter, public CocoaTest {
 protected:
-    MacosUserSessionStartTest() { test::preferences() = {}; } // resets makesTexts, too
+    MacosUserSessionStartTest() { test::preferences() = {}; } // also sets makesTexts to true
 };
 
 class MacosUserSessionTest : public MacosUserSessionStartTest {

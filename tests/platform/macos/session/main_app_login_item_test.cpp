@@ -61,7 +61,7 @@ TEST_F(MainAppLoginItemTest, RefusalWithoutATextReturnsAnEmptyText) {
     EXPECT_EQ(item.unregisterItem(), "");
 }
 
-TEST_F(MainAppLoginItemTest, SuccessIgnoresTheErrorObject) {
+TEST_F(MainAppLoginItemTest, IgnoresTheErrorObjectOnSuccess) {
     mainAppService() = {.refuses = false, .reason = "left over"};
     EXPECT_EQ(item.registerItem(), std::nullopt);
     EXPECT_EQ(item.unregisterItem(), std::nullopt);

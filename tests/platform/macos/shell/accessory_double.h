@@ -1,4 +1,4 @@
-// Records the system calls of the shell, in order.
+// Records the shell's calls to the system, in order.
 #pragma once
 
 #include <string>

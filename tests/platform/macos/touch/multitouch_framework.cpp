@@ -10,7 +10,7 @@ extern "C" {
 
 #define EXPORTED __attribute__((visibility("default")))
 
-// The test program exports this function.
+// The test program exports these two functions.
 void noteInJournal(const char* line);
 const void* trackpadList();
 

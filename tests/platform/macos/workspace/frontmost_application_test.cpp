@@ -99,7 +99,7 @@ TEST_F(FrontmostApplicationTest, TerminationOfTheApplicationsSecondProcessChange
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
 }
 
-TEST_F(FrontmostApplicationTest, IgnoresNotificationsAboutDisplayOptions) {
+TEST_F(FrontmostApplicationTest, IgnoresNotificationsAboutReducedMotion) {
     test::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     test::workspace().frontmost = draw;

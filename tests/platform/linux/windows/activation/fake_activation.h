@@ -1,5 +1,5 @@
-// Adds the protocol xdg_activation to a fake compositor. Tokens are sent only when the test says
-// so.
+// Adds the protocol xdg_activation to a fake compositor, which sends a token only when the test
+// calls reply().
 //
 // Thread:  the test's; requests arrive on the compositor's thread.
 // Owner:   a test; destroy it after the compositor.
@@ -24,7 +24,7 @@ public:
     FakeActivation& operator=(const FakeActivation&) = delete;
     ~FakeActivation();
 
-    // Offers the protocol from now on.
+    // Starts to offer the protocol.
     void offerOn(FakeCompositor& compositor);
 
     // Offers another interface, which must exist as long as the compositor.

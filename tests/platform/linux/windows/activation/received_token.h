@@ -24,7 +24,7 @@ public:
         arrived.notify_one();
     }
 
-    // Returns the only value that has been received.
+    // Waits for a value and returns it. Fails the test if several values have been received.
     Token value() {
         std::unique_lock lock(mutex);
         if (!arrived.wait_for(lock, test::patience, [this] { return !received.empty(); })) {

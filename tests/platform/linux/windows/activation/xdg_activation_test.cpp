@@ -22,12 +22,12 @@ using test::ScopedEnvironment;
 using testing::ElementsAre;
 using Token = ReceivedToken<std::string>;
 
-// Long enough that only the end of a failing test would wait for it.
+// A time limit that no test reaches.
 constexpr std::chrono::milliseconds never = std::chrono::hours(1);
 
 constexpr wl_interface permission = {"example_permission", 1, 0, nullptr, 0, nullptr};
 
-// A client with a connection, as a window backend has it.
+// A client with its own connection to the compositor, like a window backend.
 class Client {
 public:
     explicit Client(std::chrono::milliseconds patience = never, const std::string& required = "") {
@@ -117,7 +117,7 @@ TEST_F(XdgActivationTest, FinishedRequestIsDestroyed) {
     tokens.reply(compositor, 0, "issued");
     EXPECT_EQ(token.value(), "issued");
     const auto deadline = std::chrono::steady_clock::now() + test::patience;
-    Token next; // sends the destruction of the first request, too
+    Token next; // its request arrives after the destruction of the first request
     client.requestToken("next", next);
     tokens.nextRequest();
     while (tokens.openRequests(compositor) != 1) {
@@ -128,7 +128,7 @@ TEST_F(XdgActivationTest, FinishedRequestIsDestroyed) {
 TEST_F(XdgActivationTest, TokenIsEmptyWithoutTheProtocol) {
     Client client;
     client.requestToken("editor", token);
-    EXPECT_FALSE(token.isEmpty()); // received during the request
+    EXPECT_FALSE(token.isEmpty()); // set before requestToken() returned
     EXPECT_EQ(token.value(), "");
 }
 

@@ -45,8 +45,8 @@ void expectThatOtherProgramsAreDenied(const GnomeShell& shell) {
     }
 }
 
-// One test for all steps, because a process loads the shell's settings once, and a shell starts
-// slowly.
+// One test covers all steps, because a process loads the shell's settings only once, and a shell
+// starts slowly.
 TEST(GnomeShellTest, InstalledExtensionReportsWindowsAfterTheNextLogin) {
     if (const auto missing = GnomeShell::missing()) {
         GTEST_SKIP() << "no " << *missing << " is installed";

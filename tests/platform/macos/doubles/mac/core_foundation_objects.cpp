@@ -121,7 +121,7 @@ std::multiset<std::string> livingObjects() {
     return kinds;
 }
 
-// Supports only arrays: the program keeps no object of another kind until it exits.
+// Supports only arrays: they are the only objects that the program never releases before it exits.
 void releaseAll(const std::string& kind) {
     EXPECT_EQ(kind, "CFArray");
     const std::lock_guard lock(guard);

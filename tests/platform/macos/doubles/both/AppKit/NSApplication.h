@@ -3,7 +3,7 @@
 #include <AppKit/NSEvent.h>
 #include <Foundation/Foundation.h>
 #include <Foundation/NSObjCRuntime.h>
-// Included after the types that it uses.
+// This header uses types of the headers above.
 #include <AppKit/NSRunningApplication.h>
 
 #ifdef __OBJC__

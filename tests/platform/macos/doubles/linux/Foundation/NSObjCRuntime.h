@@ -1,4 +1,5 @@
-// The macros with which the system's headers declare what plain C cannot express.
+// Defines macros that the system's headers use in declarations: for typed enumerations, non-null
+// pointers and argument lists that end with nil.
 #pragma once
 
 #ifndef NS_ENUM
