@@ -6,10 +6,10 @@ namespace glidemap::test {
 
 OwnedVariant call(GDBusConnection* bus, const Callee& callee, const char* method,
                   GVariant* arguments) {
-    constexpr auto patience = std::chrono::milliseconds(test::patience).count();
+    constexpr auto limit = std::chrono::milliseconds(patience).count();
     return OwnedVariant(g_dbus_connection_call_sync(
         bus, callee.name.c_str(), callee.path.c_str(), callee.interface.c_str(), method, arguments,
-        nullptr, G_DBUS_CALL_FLAGS_NONE, static_cast<int>(patience), nullptr, nullptr));
+        nullptr, G_DBUS_CALL_FLAGS_NONE, static_cast<int>(limit), nullptr, nullptr));
 }
 
 OwnedVariant property(GDBusConnection* bus, const Callee& callee, const char* name) {
