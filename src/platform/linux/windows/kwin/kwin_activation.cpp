@@ -39,7 +39,7 @@ struct KWinActivations::State : std::enable_shared_from_this<State> {
     State(DesktopThread& runsOn, DesktopBus& onBus, std::string kwin)
         : thread(runsOn), bus(onBus), owner(std::move(kwin)) {}
 
-    void load(const SharedScript& script, const std::function<void()>& otherwise);
+    void load(const SharedScript& script, std::function<void()> otherwise);
     void run(const std::string& path, const std::string& orElse, const SharedScript& script,
              const std::function<void()>& otherwise);
     void start(const SharedScript& script);
@@ -48,11 +48,11 @@ struct KWinActivations::State : std::enable_shared_from_this<State> {
     }
 };
 
-void KWinActivations::State::load(const SharedScript& script,
-                                  const std::function<void()>& otherwise) {
+void KWinActivations::State::load(const SharedScript& script, std::function<void()> otherwise) {
     bus.call(scripting, "loadScript",
              g_variant_new("(ss)", script->file.path.c_str(), script->name.c_str()),
-             [self = shared_from_this(), script, otherwise](GVariant* values, const GError*) {
+             [self = shared_from_this(), script, otherwise = std::move(otherwise)](GVariant* values,
+                                                                                   const GError*) {
                  int number = -1;
                  if (values != nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(i)"))) {
                      g_variant_get(values, "(i)", &number);
@@ -110,7 +110,7 @@ KWinActivations::~KWinActivations() {
 void KWinActivations::activate(const std::string& handle, std::function<void()> otherwise) {
     const auto script = std::make_shared<Script>(state->bus, handle);
     if (script->file.whole) {
-        state->load(script, otherwise);
+        state->load(script, std::move(otherwise));
     } else {
         otherwise();
     }
