@@ -118,8 +118,8 @@ public:
         waitpid(process, nullptr, 0);
     }
 
-    // Makes the bare process start the program. Returns the time at which the bare process began
-    // the start.
+    // Makes the bare process start the program. Returns the time, measured in the bare process,
+    // just before it did so.
     std::int64_t start() const {
         std::int64_t began = 0;
         [[maybe_unused]] auto size = write(requestPipe, "s", 1);

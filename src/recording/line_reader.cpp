@@ -85,7 +85,8 @@ bool LineReader::makeRoom() {
     return true;
 }
 
-// The buffer has room for more than the limit, because the line terminator does not count.
+// A line that fits into the buffer may still exceed the limit, because the buffer also has room for
+// the bytes that do not count.
 std::optional<std::string_view> LineReader::checked(std::string_view line) {
     if (line.size() > maxLineLength) {
         reportTooLong();

@@ -204,7 +204,8 @@ TEST_F(StartupAndShutdownTest, FirstWindowCompletesTheStartupNotification) {
         EXPECT_EQ(glidemap.end(SIGTERM), 0);
     }
     command.environment["DESKTOP_STARTUP_ID"] = "launcher-2_TIME1";
-    command.environment["XDG_RUNTIME_DIR"] = "/dev/null"; // no lock file: only an alert appears
+    // In this folder the lock file cannot be created, so the program shows only an alert.
+    command.environment["XDG_RUNTIME_DIR"] = "/dev/null";
     RunningGlidemap alert(stage, command);
     ASSERT_TRUE(alert.waitForWindow());
     EXPECT_TRUE(broadcasts.waitFor("remove: ID=\"launcher-2_TIME1\""));

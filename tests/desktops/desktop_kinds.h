@@ -47,8 +47,8 @@ struct DesktopKind {
     Minimizing minimizing = Minimizing::works;
     Workspaces workspaces = Workspaces::several;
     LaunchTokenKind token = LaunchTokenKind::both;
-    // Returns why an open window does not come forward when its program shows the desktop its
-    // activation token; empty if it does.
+    // Returns why the desktop does not bring an open window forward when the window's program
+    // presents an activation token. Returns an empty string if the desktop does.
     std::function<std::string()> whyTokenBringsNothingForward = [] {
         return "X11 has no activation tokens";
     };

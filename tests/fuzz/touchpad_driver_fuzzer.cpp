@@ -161,7 +161,7 @@ public:
         return stream;
     }
 
-    // Sends all changes together, so that the driver can read them at once. With `endsFirst`, the
+    // Sends all changes together, so that the driver reads them in one go. With `endsFirst`, the
     // ends of replaced touches are sent in a separate frame before the other changes.
     void writeChanges(double time, bool endsFirst) {
         const std::lock_guard lock(mutex);

@@ -1,5 +1,5 @@
-// Tests deferred frames: the frames between two changes of the touching fingers, unless a long
-// press can follow. Deferring them changes neither the gestures nor their times.
+// Tests the deferral of frames. A frame is deferred if the touching fingers have not changed and no
+// long press can follow. Deferral changes neither the gestures nor their times.
 #include "kit/engine_stage.h"
 #include "kit/records.h"
 #include "kit/script.h"

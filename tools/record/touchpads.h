@@ -25,8 +25,9 @@ public:
 
     bool exist() const { return !devices.empty(); }
 
-    // Returns whether the manager has started any of these touchpads. A driver that creates new
-    // devices for every list, like the replay driver, does not support listening.
+    // Returns whether the manager has started any of these touchpads. Returns false for a driver
+    // that creates new devices for every list, like the replay driver, because the manager starts
+    // other devices.
     bool areStarted() const;
 
     // Returns the number of further touchpads that this user cannot open.

@@ -220,7 +220,7 @@ TEST_F(BindingEditorTest, BindingToggledDuringEditingKeepsItsNewState) {
     EXPECT_FALSE(bindings()[0].enabled);
 }
 
-TEST_F(BindingEditorTest, BindingDeletedDuringEditingIsAppendedAndEnabled) {
+TEST_F(BindingEditorTest, SavingABindingDeletedDuringEditingAppendsAndEnablesIt) {
     const GestureBinding deleted =
         stored(GestureType::pinchOut, LockScreen{}, GlobalScope{}, false);
     open(deleted);

@@ -33,9 +33,9 @@ constexpr BusRequest::Milliseconds asMilliseconds(std::chrono::seconds seconds) 
     return seconds;
 }
 
-// Returns false for a session that is closing. A program that was started in a terminal multiplexer
-// during an earlier login still belongs to the session of that login, which does not describe the
-// user's current screen.
+// Returns whether another session has the screen. A closing session never counts as in the
+// background: a program that was started in a terminal multiplexer during an earlier login still
+// belongs to that login's closing session, which does not describe the user's current screen.
 bool isInBackground(GVariantDict* session) {
     gboolean active = TRUE;
     const char* state = "";
@@ -89,9 +89,9 @@ private:
              });
     }
 
-    // logind emits signals for the session's real object path, not for "auto". So the watch of the
-    // properties receives the changes of all sessions, which are rare. The callbacks of the watches
-    // keep the transaction alive.
+    // logind emits signals for the session's real object path, not for "auto". So the properties of
+    // all sessions are watched; they rarely change. The callbacks of the watches keep this object
+    // alive.
     void watchSession() {
         watchProperties(Bus::system, logind, sessionInterface,
                         [kept = alive()] { kept->read({}); });

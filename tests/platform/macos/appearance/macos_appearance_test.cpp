@@ -112,7 +112,7 @@ TEST_F(MacosAppearanceTest, IgnoresNotificationsAfterDestruction) {
     EXPECT_EQ(test::forgetObservations(), 0U);
 }
 
-TEST_F(MacosAppearanceTest, MotionIsUnknownWithoutAWorkspace) {
+TEST_F(MacosAppearanceTest, MotionIsNotReducedWithoutAWorkspace) {
     test::workspace().exists = false;
     test::startWithAppearance(dark);
     MacosAppearance appearance;

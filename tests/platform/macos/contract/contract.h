@@ -1,6 +1,5 @@
-// Helpers for contract tests. The compiler compares a function's signature, but only a run can
-// check that the function exists, because the system sets the address of a missing function to
-// null.
+// Helpers for contract tests. The compiler checks that a function has the expected signature, but
+// not that the system has the function: the address of a missing function is null at run time.
 #pragma once
 
 namespace glidemap::test {

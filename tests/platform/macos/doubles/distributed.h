@@ -1,4 +1,4 @@
-// Posts notifications from other processes to a program that is not frontmost.
+// Simulates notifications that other processes post while this program is not frontmost.
 #pragma once
 
 namespace glidemap::test {
