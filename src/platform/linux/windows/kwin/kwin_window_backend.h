@@ -1,6 +1,6 @@
-// Gets the windows of KWin, Plasma's compositor, from a script inside KWin that reports every
-// change (see KWinScriptLoader). If KWin restarts, the script is loaded again. Gets activation tokens
-// over Wayland (see KWinLaunchTokens).
+// Gets the windows of KWin, Plasma's compositor, from a script inside KWin that reports them when
+// the list, the active window or a window's application changes (see KWinScriptLoader). If KWin
+// restarts, the script is loaded again. Gets activation tokens over Wayland (see KWinLaunchTokens).
 //
 // Thread:  constructed, started and destroyed on the desktop thread.
 // Owner:   the workspace.
