@@ -35,6 +35,10 @@ constexpr auto asClient = static_cast<GDBusConnectionFlags>(
 
 } // namespace
 
+const std::vector<std::string> FakeKWin::loading = {"unloadScript /Scripting",
+                                                    "loadScript /Scripting",
+                                                    "run /Scripting/Script7", "start /Scripting"};
+
 FakeKWin::FakeKWin(const std::string& busAddress, Nature what) : nature(std::move(what)) {
     thread.call([&] {
         connection = g_dbus_connection_new_for_address_sync(busAddress.c_str(), asClient, nullptr,

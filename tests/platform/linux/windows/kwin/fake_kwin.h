@@ -30,6 +30,9 @@ public:
         bool isStarting = false; // KWin owns its name, but exports no objects
     };
 
+    // The calls that load and start a script, if its number is 7.
+    static const std::vector<std::string> loading;
+
     FakeKWin(const std::string& busAddress, Nature nature);
     FakeKWin(const FakeKWin&) = delete;
     FakeKWin& operator=(const FakeKWin&) = delete;

@@ -40,8 +40,7 @@ protected:
     void start() {
         kwin = std::make_unique<FakeKWin>(bus.address(), FakeKWin::Nature{});
         listening = std::make_unique<test::Listening<KWinWindowBackend>>(reported);
-        kwin->expectCalls(
-            {"unloadScript /Scripting", "loadScript /Scripting", "run /Scripting/Script7"});
+        kwin->expectCalls(FakeKWin::loading);
         tokens.waitForClient();
     }
 
@@ -92,8 +91,7 @@ TEST_F(KWinLaunchTokensTest, LaunchContinuesWithoutATokenIfNoCompositorListens) 
     const ScopedEnvironment nowhere{{{"WAYLAND_DISPLAY", "wayland-nowhere"}}};
     kwin = std::make_unique<FakeKWin>(bus.address(), FakeKWin::Nature{});
     listening = std::make_unique<test::Listening<KWinWindowBackend>>(reported);
-    kwin->expectCalls(
-        {"unloadScript /Scripting", "loadScript /Scripting", "run /Scripting/Script7"});
+    kwin->expectCalls(FakeKWin::loading);
     requestToken(token);
     EXPECT_EQ(token.value().activationToken, "");
 }

@@ -23,9 +23,6 @@ using testing::HasSubstr;
 constexpr const char* oneWindow =
     R"({"windows":[{"desktopFile":"kate"}],"active":{"desktopFile":"kate"}})";
 
-const std::vector<std::string> loading = {"unloadScript /Scripting", "loadScript /Scripting",
-                                          "run /Scripting/Script7", "start /Scripting"};
-
 class KWinWindows : public testing::Test {
 protected:
     test::RuntimeFolder folder;
@@ -39,7 +36,7 @@ protected:
 TEST_F(KWinWindows, ScriptRunsInPlasma6) {
     FakeKWin kwin(bus.address(), {});
     const Listening listening(reported);
-    kwin.expectCalls(loading);
+    kwin.expectCalls(FakeKWin::loading);
     kwin.report(oneWindow);
     reported.expectReported({"windows: kate", "active: kate"});
 }
@@ -56,7 +53,7 @@ TEST_F(KWinWindows, ScriptRunsInPlasma5) {
 TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
     FakeKWin kwin(bus.address(), {});
     const Listening listening(reported);
-    kwin.expectCalls(loading);
+    kwin.expectCalls(FakeKWin::loading);
     kwin.report(oneWindow); // after this call, KWin has certainly read the script
     EXPECT_THAT(kwin.script(), HasSubstr("org.glidemap.KWinWindows"));
     EXPECT_EQ(kwin.file().parent_path(), folder.path());
@@ -70,7 +67,7 @@ TEST_F(KWinWindows, LoadsTheScriptWhenKWinHasFinishedStarting) {
     kwin.sendSignal();
     kwin.expectCalls({});
     kwin.finishStarting();
-    kwin.expectCalls(loading);
+    kwin.expectCalls(FakeKWin::loading);
     kwin.sendSignal(); // causes no further call
     kwin.report(oneWindow);
     reported.expectReported({"windows: kate", "active: kate"});
@@ -96,7 +93,7 @@ TEST_F(KWinWindows, DestructorUnloadsTheScript) {
     FakeKWin kwin(bus.address(), {});
     {
         const Listening listening(reported);
-        kwin.expectCalls(loading);
+        kwin.expectCalls(FakeKWin::loading);
     }
     kwin.expectCalls({"unloadScript /Scripting"});
     EXPECT_FALSE(std::filesystem::exists(kwin.file()));
@@ -115,7 +112,7 @@ TEST_F(KWinWindows, HungKWinBlocksNoThread) {
 TEST_F(KWinWindows, InvalidReportsAreIgnored) {
     FakeKWin kwin(bus.address(), {});
     const Listening listening(reported);
-    kwin.expectCalls(loading);
+    kwin.expectCalls(FakeKWin::loading);
     kwin.report("{");
     kwin.report(R"({"active":{"desktopFile":"kate"}})");
     kwin.report(oneWindow);
