@@ -8,6 +8,7 @@
 #include "click_filter_session.h"
 #include "deadline.h"
 #include "driver_session.h"
+#include "intercepted_calls.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
 #include "process.h"
@@ -20,6 +21,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <random>
 #include <sstream>
@@ -66,12 +68,27 @@ protected:
     void scroll() { move(2, 0, 400); }
 
     void move(int fingers, int dx, int dy) {
-        constexpr int reports = 10;
         hand.down(fingers);
+        moveAndLift(dx, dy);
+    }
+
+    void moveAndLift(int dx, int dy) {
+        constexpr int reports = 10;
         for (int step = 0; step < reports; ++step) {
             hand.pause(aMoment).move(dx / reports, dy / reports);
         }
         hand.pause(aMoment).up();
+    }
+
+    // Switches the filter. A finger lands exactly when the driver grabs or releases the touchpad.
+    // Calls `later` before the driver reads the next event.
+    void landWhileSwitching(
+        ClickFilterSession& filter, bool on, const std::function<void()>& later = [] {}) {
+        InterceptedCalls calls;
+        calls.atNextGrab(
+            on, [&] { hand.down(1); }, later);
+        filter.switchOn(on);
+        ASSERT_TRUE(calls.wait()) << "the driver did not grab or release the touchpad";
     }
 
     // Returns the sums of all events so far. Clicks first and waits for the click, because it
@@ -148,6 +165,37 @@ TEST_F(GrabTest, NoEventIsLostOrDuplicatedInTheFirstSecondAfterTheStart) {
         expectNear(now.scrolled - before.scrolled, each.scrolled, what);
         before = now;
     }
+}
+
+// On a busy system, a whole touch can pass before the driver's thread runs again.
+TEST_F(GrabTest, TouchThatBeginsAtTheGrabIsNotLostIfTheDriverIsSlow) {
+    point();
+    const Received each = readEvents();
+    ASSERT_NE(each.motion, 0);
+    DriverSession session;
+    ClickFilterSession filter(session);
+    ASSERT_NO_FATAL_FAILURE(landWhileSwitching(filter, true, [&] { moveAndLift(400, 0); }));
+    const Received all = readEvents();
+    EXPECT_EQ(all.presses, clicks);
+    expectNear(all.motion - each.motion, each.motion, "at the grab");
+    readEvents(); // the driver may take the touchpad only after the click of the first call
+    EXPECT_FALSE(filter.asked().empty()) << "the driver did not grab the touchpad";
+}
+
+TEST_F(GrabTest, TouchThatBeginsAtTheReleaseIsNotLost) {
+    point();
+    const Received each = readEvents();
+    ASSERT_NE(each.motion, 0);
+    DriverSession session;
+    ClickFilterSession filter(session);
+    filter.switchOn(true);
+    ASSERT_TRUE(filter.waitUntilIntroduced());
+    ASSERT_NO_FATAL_FAILURE(landWhileSwitching(filter, false));
+    ASSERT_TRUE(session.waitUntilAsleep());
+    moveAndLift(400, 0);
+    const Received all = readEvents();
+    EXPECT_EQ(all.presses, clicks);
+    expectNear(all.motion - each.motion, each.motion, "at the release");
 }
 
 TEST_F(GrabTest, NoEventIsLostOrDuplicatedWhileTheFilterIsSwitchedOnAndOff) {

@@ -202,35 +202,81 @@ bool EvdevPad::hasButtons() const {
 // second descriptor of the node, the witness, receives the same events as other programs. Its last
 // event is the last one that they received.
 std::optional<double> EvdevPad::grab() {
-    if (!witness) {
-        witness = openNode(node, O_RDWR);
-    }
-    if (!witness) {
-        witness = openNode(node, O_RDONLY);
-    }
-    lastWitnessEvent(); // discards the events from before the grab
+    openWitness();
+    readWitness(); // discards the events from before the grab
     const double before = monotonicNow();
-    if (ioctl(file.descriptor(), EVIOCGRAB, 1) != 0) {
+    if (!switchGrab(true)) {
         return std::nullopt;
     }
     saveStateSeenByOthers();
     if (!witness) {
         return monotonicNow();
     }
-    const std::optional<double> last = lastWitnessEvent();
-    return last.has_value() ? std::nextafter(*last, std::numeric_limits<double>::max()) : before;
+    const auto witnessed = readWitness();
+    return witnessed.has_value()
+               ? std::nextafter(witnessed->last, std::numeric_limits<double>::max())
+               : before;
 }
 
-// Drains the witness. Returns the time of its last event, if any.
-std::optional<double> EvdevPad::lastWitnessEvent() const {
-    std::optional<double> last;
+// A busy system may suspend this thread after every call to the kernel, for as long as a short
+// touch. Therefore only one call, the look at the witness, separates the grab from its end if a
+// touch has begun.
+GrabResult EvdevPad::grabBetweenTouches() {
+    openWitness();
+    readWitness(); // discards the events from before the grab
+    if (libevdev_has_event_pending(device.get()) > 0) {
+        return {GrabResult::Outcome::interrupted};
+    }
+    saveStateSeenByOthers();
+    const double before = monotonicNow();
+    if (!switchGrab(true)) {
+        return {};
+    }
+    if (!witness) {
+        return {GrabResult::Outcome::grabbed, monotonicNow()};
+    }
+    if (readWitness().has_value()) {
+        switchGrab(false);
+        return {GrabResult::Outcome::interrupted};
+    }
+    return {GrabResult::Outcome::grabbed, before};
+}
+
+void EvdevPad::openWitness() {
+    if (!witness) {
+        witness = openNode(node, O_RDWR);
+    }
+    if (!witness) {
+        witness = openNode(node, O_RDONLY);
+    }
+}
+
+// Drains the witness. Returns nullopt if it has received no event.
+std::optional<EvdevPad::WitnessedTimes> EvdevPad::readWitness() const {
+    std::optional<WitnessedTimes> times;
     std::array<input_event, 64> events{};
     ssize_t size = 0;
     while (witness && (size = ::read(witness.descriptor(), events.data(), sizeof events)) > 0) {
         const std::size_t count = static_cast<std::size_t>(size) / sizeof(input_event);
-        last = timeOf(events[count - 1]);
+        times = {times.has_value() ? times->first : timeOf(events[0]), timeOf(events[count - 1])};
     }
-    return last;
+    return times;
+}
+
+bool EvdevPad::switchGrab(bool on) const {
+    return ioctl(file.descriptor(), EVIOCGRAB, on ? 1 : 0) == 0;
+}
+
+// Returns whether the kernel knows of a finger or a pressed key.
+bool EvdevPad::isTouched() const {
+    std::array<unsigned char, KEY_CNT / 8> keys{};
+    const bool hasKeys = ioctl(file.descriptor(), EVIOCGKEY(sizeof keys), keys.data()) > 0;
+    const auto isSet = [](unsigned char bits) {
+        return bits != 0;
+    };
+    return (hasKeys && std::ranges::any_of(keys, isSet)) ||
+           std::ranges::any_of(slotValues(ABS_MT_TRACKING_ID),
+                               [](std::int32_t touch) { return touch >= 0; });
 }
 
 // Returns the kernel's current value of the axis for each slot. Returns an empty vector if the
@@ -300,9 +346,20 @@ void EvdevPad::restoreStateSeenByOthers() const {
 
 double EvdevPad::ungrab() {
     restoreStateSeenByOthers();
-    const double before = monotonicNow();
-    ioctl(file.descriptor(), EVIOCGRAB, 0);
-    return before;
+    return release();
+}
+
+std::optional<double> EvdevPad::ungrabBetweenTouches() {
+    restoreStateSeenByOthers();
+    return isTouched() ? std::nullopt : std::optional(release());
+}
+
+// The witness receives its first event since the grab after the release, like other programs.
+double EvdevPad::release() const {
+    switchGrab(false);
+    const double after = monotonicNow();
+    const auto witnessed = readWitness();
+    return witnessed.has_value() ? std::min(witnessed->first, after) : after;
 }
 
 std::unique_ptr<PadClone> EvdevPad::makeClone() {

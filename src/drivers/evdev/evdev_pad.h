@@ -36,7 +36,9 @@ public:
     Read next(InputEvent& event) override;
     bool hasButtons() const override;
     std::optional<double> grab() override;
+    GrabResult grabBetweenTouches() override;
     double ungrab() override;
+    std::optional<double> ungrabBetweenTouches() override;
     std::unique_ptr<PadClone> makeClone() override;
 
 private:
@@ -45,8 +47,18 @@ private:
     };
     using Device = std::unique_ptr<libevdev, Free>;
 
+    // The times of the first and the last event that the witness has received.
+    struct WitnessedTimes {
+        double first = 0;
+        double last = 0;
+    };
+
     EvdevPad(std::string node, OpenFile file, Device device);
-    std::optional<double> lastWitnessEvent() const;
+    void openWitness();
+    std::optional<WitnessedTimes> readWitness() const;
+    bool switchGrab(bool on) const;
+    bool isTouched() const;
+    double release() const;
     void saveStateSeenByOthers();
     void restoreStateSeenByOthers() const;
     std::vector<std::int32_t> slotValues(std::uint16_t code) const;

@@ -47,10 +47,13 @@ bool ForwardingWatchdog::hold(const Held& newlyHeld, const std::function<bool()>
     return true;
 }
 
-void ForwardingWatchdog::release(const OpenPad& pad) {
+void ForwardingWatchdog::release(const OpenPad& pad, const std::function<bool()>& ungrab) {
     const std::lock_guard lock(mutex);
-    std::erase_if(held, [&pad](const Held& each) { return each.pad == &pad; });
-    changed.notify_all();
+    const auto found = std::ranges::find(held, &pad, &Held::pad);
+    if (found != held.end() && ungrab()) {
+        held.erase(found);
+        changed.notify_all();
+    }
 }
 
 bool ForwardingWatchdog::holds(const OpenPad& pad) const {

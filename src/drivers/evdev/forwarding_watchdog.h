@@ -55,8 +55,10 @@ public:
     // grabbed but not held. While paused, returns false without calling `grab`. The pad and its
     // clone must live until release().
     bool hold(const Held& newlyHeld, const std::function<bool()>& grab);
-    // After this has returned, the watchdog does not access the pad.
-    void release(const OpenPad& pad);
+    // If the watchdog holds the pad, calls `ungrab`, which returns whether it released the pad. If
+    // so, the watchdog does not access the pad any more. Like hold(), pause() waits until this
+    // function has returned.
+    void release(const OpenPad& pad, const std::function<bool()>& ungrab);
     // Returns false if the watchdog has released the pad.
     bool holds(const OpenPad& pad) const;
 

@@ -72,6 +72,17 @@ public:
     virtual void destroy() = 0;
 };
 
+struct GrabResult {
+    enum class Outcome {
+        grabbed,
+        interrupted, // not grabbed: the touchpad has sent events that have not been read
+        refused,     // not grabbed: another program has grabbed the touchpad
+    };
+
+    Outcome outcome = Outcome::refused;
+    double time = 0; // if grabbed: the time of the grab, as OpenPad::grab() returns it
+};
+
 class OpenPad {
 public:
     enum class Read {
@@ -100,10 +111,17 @@ public:
     // clock: other programs received the earlier events, and only this process receives the later
     // ones. Returns nullopt if the grab fails.
     virtual std::optional<double> grab() = 0;
-    // Releases the grab. Returns the time just before the release, by the events' clock: from the
-    // grab until this time, other programs received no events of the touchpad. May be called on any
-    // thread, also while another thread reads.
+    // The same, for a touchpad whose events have all been read and that is untouched. If a touch
+    // begins in the meantime, other programs may have received its beginning. They then also
+    // receive the rest, because this function releases the touchpad immediately.
+    virtual GrabResult grabBetweenTouches() = 0;
+    // Releases the grab. Returns a time by the events' clock: from the grab until this time, other
+    // programs received no events of the touchpad. May be called on any thread, also while another
+    // thread reads.
     virtual double ungrab() = 0;
+    // The same, for a touchpad whose events have all been read and that is untouched. If a touch
+    // begins in the meantime, this function keeps the grab and returns nullopt.
+    virtual std::optional<double> ungrabBetweenTouches() = 0;
 
     // Returns null if the clone cannot be created, for example without permission.
     virtual std::unique_ptr<PadClone> makeClone() = 0;

@@ -97,7 +97,7 @@ void PadInterception::forwardFrame(double time) {
 // beginning, so they would ignore the rest of it. Grabs the touchpad again, so that the clone
 // forwards the touch.
 void PadInterception::grabAgain(double time) {
-    if (writer.has_value() && (isForwarding() || grab())) {
+    if (writer.has_value() && (isForwarding() || grab(GrabMoment::duringTouch))) {
         grabbedAt = time;
         leaveAt.reset();
     }
@@ -147,7 +147,7 @@ void PadInterception::settle() {
         leave();
     } else if (wanted && writer.has_value() && !isIntroducing() && !isForwarding() &&
                source.isNeutral()) {
-        grab();
+        grab(GrabMoment::betweenTouches);
     }
     clicks.watchdog().progress();
 }
@@ -226,11 +226,21 @@ void PadInterception::dropClone() {
     releasedAt.reset();
 }
 
-bool PadInterception::grab() {
+// If a touch interrupts the grab, the reader's descriptor is ready, so settle() is soon called
+// again.
+bool PadInterception::grab(GrabMoment moment) {
     bool isRefused = false;
     const bool isHeld = clicks.watchdog().hold({device, &pad, &writer->clone()}, [&] {
-        grabbedAt = pad.grab();
-        isRefused = !isForwarding();
+        if (moment == GrabMoment::duringTouch) {
+            grabbedAt = pad.grab();
+            isRefused = !isForwarding();
+        } else {
+            const GrabResult result = pad.grabBetweenTouches();
+            isRefused = result.outcome == GrabResult::Outcome::refused;
+            if (result.outcome == GrabResult::Outcome::grabbed) {
+                grabbedAt = result.time;
+            }
+        }
         return isForwarding();
     });
     if (isHeld) {
@@ -243,23 +253,36 @@ bool PadInterception::grab() {
     return isHeld;
 }
 
-void PadInterception::ungrabPad() {
-    if (isForwarding()) {
-        clicks.watchdog().release(pad);
-        pad.ungrab();
-        logLine("touchpads", "given back ", pad.description().name);
+// Calls `release`, which returns whether it released the touchpad, unless the watchdog has already
+// released it.
+void PadInterception::ungrab(const std::function<bool()>& release) {
+    clicks.watchdog().release(pad, [&] {
+        if (!release()) {
+            return false;
+        }
         grabbedAt.reset();
-    }
+        logLine("touchpads", "given back ", pad.description().name);
+        return true;
+    });
+}
+
+void PadInterception::ungrabPad() {
+    ungrab([&] {
+        pad.ungrab();
+        return true;
+    });
+    grabbedAt.reset();
 }
 
 // Keeps the clone for a while, so that programs can read its last events, and so that it can be
 // used again if the filter is switched on.
 void PadInterception::leave() {
+    ungrab([&] {
+        releasedAt = pad.ungrabBetweenTouches();
+        return releasedAt.has_value();
+    });
     if (isForwarding()) {
-        clicks.watchdog().release(pad);
-        releasedAt = pad.ungrab();
-        grabbedAt.reset();
-        logLine("touchpads", "given back ", pad.description().name);
+        return; // a touch has begun and must be forwarded until it ends
     }
     if (!leaveAt.has_value()) {
         leaveAt = clicks.now() + cloneRetention;

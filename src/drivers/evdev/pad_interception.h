@@ -35,6 +35,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -87,6 +88,9 @@ public:
     bool isTouched() const { return isForwarding() && !source.isNeutral(); }
 
 private:
+    // The state of the touchpad at a grab.
+    enum class GrabMoment { betweenTouches, duringTouch };
+
     bool isForwarding() const { return grabbedAt.has_value(); }
     bool stillGrabsPad();
     void forwardFrame(double time);
@@ -99,7 +103,8 @@ private:
     void introduceClone();
     void abandonClone(const char* obstacle);
     void dropClone();
-    bool grab();
+    bool grab(GrabMoment moment);
+    void ungrab(const std::function<bool()>& release);
     void ungrabPad();
     void leave();
     void giveBack();

@@ -43,6 +43,11 @@ public:
         isDrained = false;
     }
 
+    bool hasUnreadEvents() {
+        const std::lock_guard lock(mutex);
+        return !waiting.empty();
+    }
+
     // Discards pending events, as when a touchpad is opened, and queues the given events.
     void restart(const std::vector<InputEvent>& events) {
         const std::lock_guard lock(mutex);
@@ -100,7 +105,18 @@ public:
     Read next(InputEvent& event) override { return stream->next(event); }
     bool hasButtons() const override { return stream->hasButtons; }
     std::optional<double> grab() override { return stream->system()->grab(); }
+    GrabResult grabBetweenTouches() override {
+        using enum GrabResult::Outcome;
+        if (stream->hasUnreadEvents()) {
+            return {interrupted};
+        }
+        const auto time = grab();
+        return time.has_value() ? GrabResult{grabbed, *time} : GrabResult{refused};
+    }
     double ungrab() override { return stream->system()->ungrab(); }
+    std::optional<double> ungrabBetweenTouches() override {
+        return stream->hasUnreadEvents() ? std::nullopt : std::optional(ungrab());
+    }
     std::unique_ptr<PadClone> makeClone() override {
         return stream->system()->makeClone() ? std::make_unique<FakeClone>(stream->system())
                                              : nullptr;

@@ -122,11 +122,48 @@ TEST_F(ForwardingWatchdogTest, SleepsBetweenReportsAndWhileAFingerRests) {
 TEST_F(ForwardingWatchdogTest, DoesNotUngrabAReleasedTouchpad) {
     hold(one);
     hold(two);
-    watchdog.release(one.pad);
+    watchdog.release(one.pad, [] { return true; });
     watchdog.work();
     time.advance(1s);
     EXPECT_EQ(two.system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
+}
+
+TEST_F(ForwardingWatchdogTest, HoldsATouchpadThatStaysGrabbed) {
+    hold(one);
+    watchdog.release(one.pad, [] { return false; });
+    EXPECT_TRUE(watchdog.holds(one.pad));
+    watchdog.work();
+    time.advance(1s);
+    EXPECT_EQ(one.system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
+}
+
+TEST_F(ForwardingWatchdogTest, ReleasesOnlyAHeldTouchpad) {
+    watchdog.release(one.pad, [] {
+        ADD_FAILURE() << "the watchdog does not hold the touchpad";
+        return true;
+    });
+}
+
+// After pause() has returned, the process is stopped, and a stopped process cannot release a grab.
+TEST_F(ForwardingWatchdogTest, PauseDuringAReleaseReturnsWithTheTouchpadUngrabbed) {
+    hold(one);
+    std::thread pausing;
+    bool isGrabbed = true;
+    watchdog.release(one.pad, [&] {
+        std::promise<void> begins;
+        pausing = std::thread([&] {
+            begins.set_value();
+            watchdog.pause();
+            isGrabbed = one.system().isGrabbed();
+        });
+        begins.get_future().wait();
+        one.pad.ungrab();
+        return true;
+    });
+    pausing.join();
+    EXPECT_FALSE(isGrabbed);
+    EXPECT_FALSE(watchdog.holds(one.pad));
 }
 
 TEST_F(ForwardingWatchdogTest, UngrabsATouchpadThatWasGrabbedAfterTheReaderStartedWorking) {

@@ -61,6 +61,16 @@ protected:
         interception->settle();
     }
 
+    // Reads the pending events of the stream as one frame, as the driver does.
+    void readStream(double time = 1) {
+        Events frame;
+        InputEvent event;
+        while (pad.next(event) == OpenPad::Read::event) {
+            frame.push_back(event);
+        }
+        say({frame}, time);
+    }
+
     const FakeSystem& system() const { return *stream->system(); }
     FakeSystem& system() { return *stream->system(); }
 
@@ -255,6 +265,36 @@ TEST_F(PadInterceptionTest, EventsForAMissingSlotAreNotForwarded) {
 }
 
 // The finger landed between the last read and the grab, so other programs have received its events.
+TEST_F(PadInterceptionTest, DoesNotGrabWhileATouchIsUnread) {
+    stream->send({fingerDown});
+    switchOn();
+    EXPECT_EQ(system().journal(), Texts{"clone"});
+    EXPECT_EQ(interception->obstacle(), nullptr);
+    readStream();
+    EXPECT_EQ(system().journal(), Texts{"clone"});
+    stream->send({fingerUp});
+    readStream();
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab"}));
+}
+
+// The finger landed between the last read and the ungrab, so other programs have not received its
+// events.
+TEST_F(PadInterceptionTest, DoesNotUngrabWhileATouchIsUnread) {
+    switchOn();
+    stream->send({fingerDown});
+    switchOn(false);
+    readStream();
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5"}));
+    stream->send({fingerUp});
+    readStream();
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "3:57=-1", "ungrab"}));
+    letPass(PadInterception::cloneRetention);
+    EXPECT_EQ(system().journal(),
+              (Texts{"clone", "grab", "3:57=5", "3:57=-1", "ungrab", "destroy"}));
+}
+
+// A pad that cannot look whether other programs have received events grabs a touchpad although a
+// finger has just landed.
 TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheGrabIsNotForwarded) {
     system().setTime(10);
     switchOn();

@@ -1,0 +1,113 @@
+#include "intercepted_calls.h"
+
+#include "deadline.h"
+
+#include <gtest/gtest.h>
+#include <linux/input.h>
+#include <poll.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <condition_variable>
+#include <csignal>
+#include <cstdarg>
+#include <ctime>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace glidemap::test {
+
+namespace {
+
+// The calls for which the test waits, from the grab or the release to the driver's next wait.
+struct Expected {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool isOn = false;
+    InterceptedCalls::Action before; // null after its call
+    InterceptedCalls::Action later;  // null after its call
+    std::thread::id driver;          // set by the call of `before`
+    bool isDone = true;
+};
+
+Expected& expected() {
+    static Expected calls;
+    return calls;
+}
+
+void noticeGrab(bool on) {
+    Expected& calls = expected();
+    InterceptedCalls::Action before;
+    {
+        const std::lock_guard lock(calls.mutex);
+        if (calls.before == nullptr || calls.isOn != on) {
+            return;
+        }
+        before = std::exchange(calls.before, nullptr);
+        calls.driver = std::this_thread::get_id();
+    }
+    before();
+}
+
+void noticeWait() {
+    Expected& calls = expected();
+    InterceptedCalls::Action later;
+    {
+        const std::lock_guard lock(calls.mutex);
+        if (calls.before != nullptr || calls.later == nullptr ||
+            calls.driver != std::this_thread::get_id()) {
+            return;
+        }
+        later = std::exchange(calls.later, nullptr);
+    }
+    later();
+    const std::lock_guard lock(calls.mutex);
+    calls.isDone = true;
+    calls.changed.notify_all();
+}
+
+} // namespace
+
+InterceptedCalls::InterceptedCalls() = default;
+
+InterceptedCalls::~InterceptedCalls() {
+    const std::lock_guard lock(expected().mutex);
+    expected().before = nullptr;
+    expected().later = nullptr;
+}
+
+void InterceptedCalls::atNextGrab(bool on, Action before, Action later) {
+    const std::lock_guard lock(expected().mutex);
+    expected().isOn = on;
+    expected().before = std::move(before);
+    expected().later = std::move(later);
+    expected().isDone = false;
+}
+
+bool InterceptedCalls::wait() const {
+    std::unique_lock lock(expected().mutex);
+    return expected().changed.wait_until(lock, Deadline().time(), [] { return expected().isDone; });
+}
+
+} // namespace glidemap::test
+
+// The driver finds these functions in the dynamic symbol table.
+extern "C" [[gnu::visibility("default")]] int ioctl(int file, unsigned long request, ...) noexcept {
+    va_list list;
+    va_start(list, request);
+    void* argument = va_arg(list, void*);
+    va_end(list);
+    if (request == EVIOCGRAB) {
+        glidemap::test::noticeGrab(argument != nullptr);
+    }
+    return static_cast<int>(syscall(SYS_ioctl, file, request, argument));
+}
+
+extern "C" [[gnu::visibility("default")]] int ppoll(pollfd* files, nfds_t count,
+                                                    const timespec* timeout, const sigset_t* mask) {
+    glidemap::test::noticeWait();
+    timespec left = timeout != nullptr ? *timeout : timespec{}; // the kernel changes its argument
+    return static_cast<int>(
+        syscall(SYS_ppoll, files, count, timeout != nullptr ? &left : nullptr, mask, _NSIG / 8));
+}
