@@ -3,6 +3,7 @@
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/kept_within.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -97,6 +98,24 @@ void SettingsWindow::restoreGeometry() {
     }
 }
 
+// Qt reports the normal position of a maximised window without its frame, so the frame is
+// remembered. It is known some time after the window was shown.
+bool SettingsWindow::event(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+        if (isVisible() && (windowState() & ~Qt::WindowActive) == Qt::WindowNoState) {
+            frameOffset = geometry().topLeft() - pos();
+        }
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
 void SettingsWindow::hideEvent(QHideEvent* event) {
     rememberPlace();
     QWidget::hideEvent(event);
@@ -106,7 +125,8 @@ void SettingsWindow::rememberPlace() {
     if (geometryStore == nullptr) {
         return;
     }
-    const QRect normal = isMaximized() ? normalGeometry() : QRect(pos(), size());
+    const QRect normal =
+        isMaximized() ? normalGeometry().translated(-frameOffset) : QRect(pos(), size());
     geometryStore->write({normal.x(), normal.y(), normal.width(), normal.height(), isMaximized()});
 }
 

@@ -28,6 +28,7 @@ public:
     SettingsView& view() const { return *content; }
 
 protected:
+    bool event(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
@@ -36,6 +37,7 @@ private:
 
     std::shared_ptr<WindowGeometryStore> geometryStore;
     SettingsView* content;
+    QPoint frameOffset; // from the frame's corner to the content's, when last not maximised
 };
 
 } // namespace glidemap

@@ -106,12 +106,21 @@ TEST_F(SettingsWindowTest, InvalidSizeIsClamped) {
 
 TEST_F(SettingsWindowTest, MaximisedWindowIsRestoredMaximisedAndKeepsItsNormalPosition) {
     SettingsWindow& window = open();
-    window.setGeometry(30, 40, 700, 500);
+    ASSERT_GT(window.geometry().y(), window.pos().y()) << "the window has no frame";
+    window.resize(700, 500);
+    window.move(30, 40);
     window.showMaximized();
     window.close();
-    EXPECT_TRUE(stage.geometry->kept.value().maximized);
-    EXPECT_EQ(stage.geometry->kept->width, 700);
-    EXPECT_TRUE(stage.make().isMaximized());
+    constexpr WindowGeometry maximised{30, 40, 700, 500, true};
+    EXPECT_EQ(stage.geometry->kept, maximised);
+    SettingsWindow& restored = stage.make();
+    restored.show();
+    EXPECT_TRUE(restored.isMaximized());
+    restored.close();
+    EXPECT_EQ(stage.geometry->kept, maximised);
+    restored.showNormal();
+    restored.close();
+    EXPECT_EQ(stage.geometry->kept, (WindowGeometry{30, 40, 700, 500, false}));
 }
 
 TEST_F(SettingsWindowTest, UsesTheDefaultSizeWithoutAGeometryStore) {
