@@ -154,7 +154,7 @@ TEST_F(EngineOnRealThreads, CanBeDestroyedWithQueuedWork) {
 }
 
 // Runs tasks on request, even after stop(), to simulate driver reports that arrive late.
-class LateQueue : public SerialQueue {
+class ManualQueue : public SerialQueue {
 public:
     void submit(Task task) override { tasks.push_back(std::move(task)); }
     void stop() override {}
@@ -181,7 +181,7 @@ protected:
         engine->start();
     }
 
-    std::shared_ptr<LateQueue> queue = std::make_shared<LateQueue>();
+    std::shared_ptr<ManualQueue> queue = std::make_shared<ManualQueue>();
     int decisions = 0;
 };
 
