@@ -37,7 +37,9 @@ public:
     Read next(InputEvent& /*event*/) override { return Read::nothing; }
     bool hasButtons() const override { return true; }
     std::optional<double> grab() override { return 0; }
+    GrabResult grabBetweenTouches() override { return {GrabResult::Outcome::grabbed}; }
     double ungrab() override { return 0; }
+    std::optional<double> ungrabBetweenTouches() override { return 0; }
     std::unique_ptr<PadClone> makeClone() override { return std::make_unique<SilentClone>(); }
 
     static constexpr std::int32_t slots = 10;
