@@ -1,8 +1,12 @@
 # wayland_protocol(TARGET file.xml): creates a static library of the client code that wayland-scanner generates for a
-# protocol. Include the header as <FILE-client-protocol.h>.
+# protocol. Include the header as <FILE-client-protocol.h>. The target wayland_protocols builds the code of every protocol.
 
 find_program(WAYLAND_SCANNER wayland-scanner REQUIRED)
 pkg_check_modules(WAYLAND_CLIENT REQUIRED IMPORTED_TARGET GLOBAL wayland-client)
+
+if(NOT TARGET wayland_protocols)
+    add_custom_target(wayland_protocols)
+endif()
 
 function(wayland_protocol target xml)
     get_filename_component(name ${xml} NAME_WE)
@@ -18,4 +22,5 @@ function(wayland_protocol target xml)
     target_compile_options(${target} PRIVATE -w) # generated code
     target_include_directories(${target} SYSTEM PUBLIC ${folder})
     target_link_libraries(${target} PUBLIC PkgConfig::WAYLAND_CLIENT)
+    add_dependencies(wayland_protocols ${target})
 endfunction()
