@@ -6,6 +6,7 @@
 #include <mutex>
 #include <optional>
 #include <set>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -24,6 +25,8 @@ struct FakeService::State {
     std::string shortName() const { return service.name.substr(service.name.rfind('.') + 1); }
     void connect(const std::string& address);
     void disconnect();
+    void emit(const std::string& path, const std::string& interface, const std::string& signal,
+              GVariant* values);
     void watchCaller(const char* caller);
 
     static void called(GDBusConnection* connection, const char* sender, const char* path,
@@ -47,10 +50,12 @@ struct FakeService::State {
     std::map<std::string, std::optional<Method>> methods;
     std::map<std::string, bool> properties;
     std::map<std::string, std::string> texts;
-    DesktopThread thread; // destroyed first
+    std::thread::id threadId; // of `thread`
+    DesktopThread thread;     // destroyed first
 };
 
 void FakeService::State::connect(const std::string& address) {
+    threadId = std::this_thread::get_id();
     constexpr auto flags =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
@@ -83,6 +88,20 @@ void FakeService::State::disconnect() {
         g_object_unref(connection);
     }
     g_clear_pointer(&node, g_dbus_node_info_unref);
+}
+
+// Emits signals only on the service's thread, so that a signal never overtakes an earlier reply.
+void FakeService::State::emit(const std::string& path, const std::string& interface,
+                              const std::string& signal, GVariant* values) {
+    const auto emitNow = [&] {
+        EXPECT_TRUE(g_dbus_connection_emit_signal(
+            connection, nullptr, path.c_str(), interface.c_str(), signal.c_str(), values, nullptr));
+    };
+    if (std::this_thread::get_id() == threadId) {
+        emitNow(); // called by a method
+    } else {
+        thread.call(emitNow);
+    }
 }
 
 void FakeService::State::watchCaller(const char* caller) {
@@ -199,10 +218,8 @@ void FakeService::setAndAnnounce(const std::string& property, bool value,
     g_variant_builder_init(&changed, G_VARIANT_TYPE("a{sv}"));
     g_variant_builder_add(&changed, "{sv}", property.c_str(),
                           g_variant_new_boolean(value ? TRUE : FALSE));
-    g_dbus_connection_emit_signal(state->connection, nullptr, path.c_str(),
-                                  "org.freedesktop.DBus.Properties", "PropertiesChanged",
-                                  g_variant_new("(sa{sv}as)", interface.c_str(), &changed, nullptr),
-                                  nullptr);
+    state->emit(path, "org.freedesktop.DBus.Properties", "PropertiesChanged",
+                g_variant_new("(sa{sv}as)", interface.c_str(), &changed, nullptr));
 }
 
 bool FakeService::property(const std::string& name) const {
@@ -213,9 +230,7 @@ bool FakeService::property(const std::string& name) const {
 
 void FakeService::announce(const std::string& interface, const std::string& signal,
                            GVariant* values) {
-    EXPECT_TRUE(g_dbus_connection_emit_signal(state->connection, nullptr,
-                                              state->service.path.c_str(), interface.c_str(),
-                                              signal.c_str(), values, nullptr));
+    state->emit(state->service.path, interface, signal, values);
 }
 
 } // namespace glidemap::test
