@@ -13,6 +13,7 @@
 #include <cstdarg>
 #include <ctime>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -24,7 +25,7 @@ namespace {
 struct Expected {
     std::mutex mutex;
     std::condition_variable changed;
-    bool isOn = false;
+    InterceptedCalls::Call call = InterceptedCalls::Call::grab;
     InterceptedCalls::Action before; // null after its call
     InterceptedCalls::Action later;  // null after its call
     std::thread::id driver;          // set by the call of `before`
@@ -36,12 +37,22 @@ Expected& expected() {
     return calls;
 }
 
-void noticeGrab(bool on) {
+// Returns the kind of the call, if the test can wait for it.
+std::optional<InterceptedCalls::Call> callOf(unsigned long request, const void* argument) {
+    if (request == EVIOCGRAB) {
+        return argument != nullptr ? InterceptedCalls::Call::grab : InterceptedCalls::Call::release;
+    }
+    const bool isForSlots = _IOC_TYPE(request) == _IOC_TYPE(EVIOCGMTSLOTS(0)) &&
+                            _IOC_NR(request) == _IOC_NR(EVIOCGMTSLOTS(0));
+    return isForSlots ? std::optional(InterceptedCalls::Call::requestSlots) : std::nullopt;
+}
+
+void noticeCall(InterceptedCalls::Call call) {
     Expected& calls = expected();
     InterceptedCalls::Action before;
     {
         const std::lock_guard lock(calls.mutex);
-        if (calls.before == nullptr || calls.isOn != on) {
+        if (calls.before == nullptr || calls.call != call) {
             return;
         }
         before = std::exchange(calls.before, nullptr);
@@ -77,9 +88,9 @@ InterceptedCalls::~InterceptedCalls() {
     expected().later = nullptr;
 }
 
-void InterceptedCalls::atNextGrab(bool on, Action before, Action later) {
+void InterceptedCalls::atNext(Call call, Action before, Action later) {
     const std::lock_guard lock(expected().mutex);
-    expected().isOn = on;
+    expected().call = call;
     expected().before = std::move(before);
     expected().later = std::move(later);
     expected().isDone = false;
@@ -98,8 +109,8 @@ extern "C" [[gnu::visibility("default")]] int ioctl(int file, unsigned long requ
     va_start(list, request);
     void* argument = va_arg(list, void*);
     va_end(list);
-    if (request == EVIOCGRAB) {
-        glidemap::test::noticeGrab(argument != nullptr);
+    if (const auto call = glidemap::test::callOf(request, argument)) {
+        glidemap::test::noticeCall(*call);
     }
     return static_cast<int>(syscall(SYS_ioctl, file, request, argument));
 }

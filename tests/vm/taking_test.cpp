@@ -42,6 +42,8 @@ struct Received {
     double scrolled = 0; // downwards
 };
 
+using Call = InterceptedCalls::Call;
+
 class GrabTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -80,15 +82,24 @@ protected:
         hand.pause(aMoment).up();
     }
 
-    // Switches the filter. A finger lands exactly when the driver grabs or releases the touchpad.
-    // Calls `later` before the driver reads the next event.
-    void landWhileSwitching(
-        ClickFilterSession& filter, bool on, const std::function<void()>& later = [] {}) {
+    // Switches the filter on or off, and touches the touchpad exactly when the driver makes the
+    // call. Runs `later` before the driver reads the next event.
+    void touchWhileSwitching(
+        ClickFilterSession& filter, Call call, const std::function<void()>& touch,
+        const std::function<void()>& later = [] {}) {
         InterceptedCalls calls;
-        calls.atNextGrab(
-            on, [&] { hand.down(1); }, later);
-        filter.switchOn(on);
+        calls.atNext(call, touch, later);
+        filter.switchOn(call == Call::grab);
         ASSERT_TRUE(calls.wait()) << "the driver did not grab or release the touchpad";
+    }
+
+    // Clicks until the driver asks the filter.
+    void clickUntilAsked(const ClickFilterSession& filter) {
+        const Deadline deadline;
+        while (filter.asked().empty()) {
+            ASSERT_FALSE(deadline.passed()) << "the driver did not grab the touchpad";
+            readEvents();
+        }
     }
 
     // Returns the sums of all events so far. Clicks first and waits for the click, because it
@@ -174,28 +185,44 @@ TEST_F(GrabTest, TouchThatBeginsAtTheGrabIsNotLostIfTheDriverIsSlow) {
     ASSERT_NE(each.motion, 0);
     DriverSession session;
     ClickFilterSession filter(session);
-    ASSERT_NO_FATAL_FAILURE(landWhileSwitching(filter, true, [&] { moveAndLift(400, 0); }));
+    ASSERT_NO_FATAL_FAILURE(touchWhileSwitching(
+        filter, Call::grab, [&] { hand.down(1); }, [&] { moveAndLift(400, 0); }));
     const Received all = readEvents();
     EXPECT_EQ(all.presses, clicks);
     expectNear(all.motion - each.motion, each.motion, "at the grab");
-    readEvents(); // the driver may take the touchpad only after the click of the first call
-    EXPECT_FALSE(filter.asked().empty()) << "the driver did not grab the touchpad";
+    ASSERT_NO_FATAL_FAILURE(clickUntilAsked(filter));
 }
 
 TEST_F(GrabTest, TouchThatBeginsAtTheReleaseIsNotLost) {
     point();
     const Received each = readEvents();
     ASSERT_NE(each.motion, 0);
+    Received before = each;
+    for (const Call call : {Call::requestSlots, Call::release}) {
+        DriverSession session;
+        ClickFilterSession filter(session);
+        filter.switchOn(true);
+        ASSERT_TRUE(filter.waitUntilIntroduced());
+        ASSERT_NO_FATAL_FAILURE(touchWhileSwitching(filter, call, [&] { hand.down(1); }));
+        ASSERT_TRUE(session.waitUntilAsleep());
+        moveAndLift(400, 0);
+        const Received now = readEvents();
+        const std::string what = call == Call::release ? "at the release" : "before the release";
+        EXPECT_EQ(now.presses, clicks) << what;
+        expectNear(now.motion - before.motion, each.motion, what);
+        before = now;
+    }
+}
+
+TEST_F(GrabTest, ClickBeforeTheReleaseIsNotLost) {
     DriverSession session;
     ClickFilterSession filter(session);
     filter.switchOn(true);
     ASSERT_TRUE(filter.waitUntilIntroduced());
-    ASSERT_NO_FATAL_FAILURE(landWhileSwitching(filter, false));
-    ASSERT_TRUE(session.waitUntilAsleep());
-    moveAndLift(400, 0);
+    ASSERT_NO_FATAL_FAILURE(touchWhileSwitching(filter, Call::requestSlots, [&] { click(); }));
     const Received all = readEvents();
     EXPECT_EQ(all.presses, clicks);
-    expectNear(all.motion - each.motion, each.motion, "at the release");
+    EXPECT_EQ(all.releases, clicks);
 }
 
 TEST_F(GrabTest, NoEventIsLostOrDuplicatedWhileTheFilterIsSwitchedOnAndOff) {

@@ -5,6 +5,7 @@
 
 #include <fcntl.h>
 #include <libevdev/libevdev.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -208,19 +209,18 @@ std::optional<double> EvdevPad::grab() {
     if (!switchGrab(true)) {
         return std::nullopt;
     }
+    const auto witnessed = readWitness();
     saveStateSeenByOthers();
     if (!witness) {
         return monotonicNow();
     }
-    const auto witnessed = readWitness();
     return witnessed.has_value()
                ? std::nextafter(witnessed->last, std::numeric_limits<double>::max())
                : before;
 }
 
-// A busy system may suspend this thread after every call to the kernel, for as long as a short
-// touch. Therefore only one call, the look at the witness, separates the grab from its end if a
-// touch has begun.
+// A busy system may suspend this thread after every system call, for as long as a short touch.
+// Therefore, if a touch has begun, only one other call separates the grab from its release.
 GrabResult EvdevPad::grabBetweenTouches() {
     openWitness();
     readWitness(); // discards the events from before the grab
@@ -235,7 +235,7 @@ GrabResult EvdevPad::grabBetweenTouches() {
     if (!witness) {
         return {GrabResult::Outcome::grabbed, monotonicNow()};
     }
-    if (readWitness().has_value()) {
+    if (witnessIsReady()) {
         switchGrab(false);
         return {GrabResult::Outcome::interrupted};
     }
@@ -251,8 +251,13 @@ void EvdevPad::openWitness() {
     }
 }
 
+bool EvdevPad::witnessIsReady() const {
+    pollfd ready{witness.descriptor(), POLLIN, 0};
+    return poll(&ready, 1, 0) > 0;
+}
+
 // Drains the witness. Returns nullopt if it has received no event.
-std::optional<EvdevPad::WitnessedTimes> EvdevPad::readWitness() const {
+std::optional<EvdevPad::WitnessedTimes> EvdevPad::readWitness() {
     std::optional<WitnessedTimes> times;
     std::array<input_event, 64> events{};
     ssize_t size = 0;
@@ -260,6 +265,7 @@ std::optional<EvdevPad::WitnessedTimes> EvdevPad::readWitness() const {
         const std::size_t count = static_cast<std::size_t>(size) / sizeof(input_event);
         times = {times.has_value() ? times->first : timeOf(events[0]), timeOf(events[count - 1])};
     }
+    othersReceivedEvents = othersReceivedEvents || times.has_value();
     return times;
 }
 
@@ -267,10 +273,12 @@ bool EvdevPad::switchGrab(bool on) const {
     return ioctl(file.descriptor(), EVIOCGRAB, on ? 1 : 0) == 0;
 }
 
-// Returns whether the kernel knows of a finger or a pressed key.
+// Returns whether the kernel knows of a finger or a pressed key. Asks for the keys through the
+// witness, because the kernel discards the unread key events of the descriptor that asks.
 bool EvdevPad::isTouched() const {
     std::array<unsigned char, KEY_CNT / 8> keys{};
-    const bool hasKeys = ioctl(file.descriptor(), EVIOCGKEY(sizeof keys), keys.data()) > 0;
+    const bool hasKeys =
+        witness && ioctl(witness.descriptor(), EVIOCGKEY(sizeof keys), keys.data()) > 0;
     const auto isSet = [](unsigned char bits) {
         return bits != 0;
     };
@@ -293,7 +301,11 @@ std::vector<std::int32_t> EvdevPad::slotValues(std::uint16_t code) const {
     return answer;
 }
 
+// The saved state stays valid as long as other programs receive no event.
 void EvdevPad::saveStateSeenByOthers() {
+    if (witness && !std::exchange(othersReceivedEvents, false)) {
+        return;
+    }
     axesSeenByOthers.clear();
     input_absinfo slot{};
     if (ioctl(file.descriptor(), EVIOCGABS(ABS_MT_SLOT), &slot) != 0) {
@@ -349,14 +361,24 @@ double EvdevPad::ungrab() {
     return release();
 }
 
+// Restoring the state takes many system calls, so it checks for a touch before and afterwards.
 std::optional<double> EvdevPad::ungrabBetweenTouches() {
+    if (libevdev_has_event_pending(device.get()) > 0 || isTouched()) {
+        return std::nullopt;
+    }
     restoreStateSeenByOthers();
     return isTouched() ? std::nullopt : std::optional(release());
 }
 
-// The witness receives its first event since the grab after the release, like other programs.
-double EvdevPad::release() const {
+// The release takes effect some time before the system call returns. The witness receives its first
+// event since the grab after that moment, like other programs.
+double EvdevPad::release() {
+    readWitness(); // an event from before the grab may have arrived late
+    const double before = monotonicNow();
     switchGrab(false);
+    if (!witness) {
+        return before;
+    }
     const double after = monotonicNow();
     const auto witnessed = readWitness();
     return witnessed.has_value() ? std::min(witnessed->first, after) : after;

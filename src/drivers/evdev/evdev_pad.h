@@ -55,10 +55,11 @@ private:
 
     EvdevPad(std::string node, OpenFile file, Device device);
     void openWitness();
-    std::optional<WitnessedTimes> readWitness() const;
+    bool witnessIsReady() const;
+    std::optional<WitnessedTimes> readWitness();
     bool switchGrab(bool on) const;
     bool isTouched() const;
-    double release() const;
+    double release();
     void saveStateSeenByOthers();
     void restoreStateSeenByOthers() const;
     std::vector<std::int32_t> slotValues(std::uint16_t code) const;
@@ -80,6 +81,7 @@ private:
     };
     std::vector<SlotAxis> axesSeenByOthers;
     std::int32_t slotSeenByOthers = 0;
+    bool othersReceivedEvents = true; // since the state was saved
     Device device;
     PadDescription pad;
     bool resynchronising = false;

@@ -115,8 +115,8 @@ public:
     // begins in the meantime, other programs may have received its beginning. They then also
     // receive the rest, because this function releases the touchpad immediately.
     virtual GrabResult grabBetweenTouches() = 0;
-    // Releases the grab. Returns a time by the events' clock: from the grab until this time, other
-    // programs received no events of the touchpad. May be called on any thread, also while another
+    // Releases the grab. Returns a time by the events' clock: other programs received no earlier
+    // event since the grab, and all later ones. May be called on any thread, also while another
     // thread reads.
     virtual double ungrab() = 0;
     // The same, for a touchpad whose events have all been read and that is untouched. If a touch

@@ -226,8 +226,7 @@ void PadInterception::dropClone() {
     releasedAt.reset();
 }
 
-// If a touch interrupts the grab, the reader's descriptor is ready, so settle() is soon called
-// again.
+// After an interruption, the next event causes another attempt.
 bool PadInterception::grab(GrabMoment moment) {
     bool isRefused = false;
     const bool isHeld = clicks.watchdog().hold({device, &pad, &writer->clone()}, [&] {

@@ -11,9 +11,9 @@
 // neutral: no finger is down and no key is pressed. ready: see CloneIntroduction.
 //
 // A program that received the beginning of a touch must also receive the rest of it. If a touch
-// began before the grab took effect, the driver releases the touchpad until that touch has ended.
-// If a touch began just before the touchpad was released, the driver grabs the touchpad again and
-// forwards the touch.
+// began before the grab took effect, the driver releases the touchpad immediately, and grabs it when
+// that touch has ended. If a touch begins before the release takes effect, the driver keeps the grab
+// or grabs the touchpad again, and forwards the touch.
 //
 // A clone in the state "leaving" sends no events. It exists for another second, because the kernel
 // discards unread events when a device is removed.
