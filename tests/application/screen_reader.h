@@ -18,6 +18,7 @@ class ScreenReader {
 public:
     static bool isInstalled();
 
+    // Waits until Orca has started and processes events.
     explicit ScreenReader(const ApplicationStage& stage);
 
     // Waits until Orca has spoken these texts in this order, after the texts that earlier calls have
@@ -30,6 +31,7 @@ public:
 
 private:
     static Program::Command commandOn(const ApplicationStage& stage);
+    bool isListening() const;
 
     std::filesystem::path log;
     std::size_t heard = 0; // where the next search in the transcript starts
