@@ -3,6 +3,7 @@
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <set>
@@ -25,8 +26,7 @@ struct FakeService::State {
     std::string shortName() const { return service.name.substr(service.name.rfind('.') + 1); }
     void connect(const std::string& address);
     void disconnect();
-    void emit(const std::string& path, const std::string& interface, const std::string& signal,
-              GVariant* values);
+    void run(const std::function<void()>& work);
     void watchCaller(const char* caller);
 
     static void called(GDBusConnection* connection, const char* sender, const char* path,
@@ -90,17 +90,13 @@ void FakeService::State::disconnect() {
     g_clear_pointer(&node, g_dbus_node_info_unref);
 }
 
-// Emits signals only on the service's thread, so that a signal never overtakes an earlier reply.
-void FakeService::State::emit(const std::string& path, const std::string& interface,
-                              const std::string& signal, GVariant* values) {
-    const auto emitNow = [&] {
-        EXPECT_TRUE(g_dbus_connection_emit_signal(
-            connection, nullptr, path.c_str(), interface.c_str(), signal.c_str(), values, nullptr));
-    };
+// Runs the work on the service's thread, so that a change or a signal never overtakes the reply to an
+// earlier call.
+void FakeService::State::run(const std::function<void()>& work) {
     if (std::this_thread::get_id() == threadId) {
-        emitNow(); // called by a method
+        work(); // called by a method
     } else {
-        thread.call(emitNow);
+        thread.call(work);
     }
 }
 
@@ -213,13 +209,17 @@ void FakeService::setText(const std::string& property, const std::string& value)
 
 void FakeService::setAndAnnounce(const std::string& property, bool value,
                                  const std::string& interface, const std::string& path) {
-    set(property, value);
-    GVariantBuilder changed;
-    g_variant_builder_init(&changed, G_VARIANT_TYPE("a{sv}"));
-    g_variant_builder_add(&changed, "{sv}", property.c_str(),
-                          g_variant_new_boolean(value ? TRUE : FALSE));
-    state->emit(path, "org.freedesktop.DBus.Properties", "PropertiesChanged",
-                g_variant_new("(sa{sv}as)", interface.c_str(), &changed, nullptr));
+    state->run([&] {
+        set(property, value);
+        GVariantBuilder changed;
+        g_variant_builder_init(&changed, G_VARIANT_TYPE("a{sv}"));
+        g_variant_builder_add(&changed, "{sv}", property.c_str(),
+                              g_variant_new_boolean(value ? TRUE : FALSE));
+        g_dbus_connection_emit_signal(
+            state->connection, nullptr, path.c_str(), "org.freedesktop.DBus.Properties",
+            "PropertiesChanged", g_variant_new("(sa{sv}as)", interface.c_str(), &changed, nullptr),
+            nullptr);
+    });
 }
 
 bool FakeService::property(const std::string& name) const {
@@ -230,7 +230,11 @@ bool FakeService::property(const std::string& name) const {
 
 void FakeService::announce(const std::string& interface, const std::string& signal,
                            GVariant* values) {
-    state->emit(state->service.path, interface, signal, values);
+    state->run([&] {
+        EXPECT_TRUE(g_dbus_connection_emit_signal(state->connection, nullptr,
+                                                  state->service.path.c_str(), interface.c_str(),
+                                                  signal.c_str(), values, nullptr));
+    });
 }
 
 } // namespace glidemap::test
