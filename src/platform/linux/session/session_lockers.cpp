@@ -6,8 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <fstream>
-#include <iterator>
 #include <utility>
 
 namespace glidemap {
@@ -33,15 +31,10 @@ bool locks(const std::string& line) {
     return !words.empty() && isCover(words[0].substr(words[0].rfind('/') + 1));
 }
 
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 std::string swayidleConfiguration() {
     const std::string folder = fromEnvironment("XDG_CONFIG_HOME");
-    return contentOf((folder.empty() ? fromEnvironment("HOME") + "/.config" : folder) +
-                     "/swayidle/config");
+    return contentOrEmpty((folder.empty() ? fromEnvironment("HOME") + "/.config" : folder) +
+                          "/swayidle/config");
 }
 
 std::vector<std::vector<std::string>> linesOf(const std::string& text) {

@@ -2,6 +2,7 @@
 
 #include "platform/linux/desktop/environment.h"
 
+#include <glib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,8 +10,6 @@
 #include <cctype>
 #include <cstddef>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 namespace glidemap {
@@ -18,11 +17,6 @@ namespace glidemap {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string contentOf(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 std::vector<std::string> splitAtZeros(const std::string& text) {
     std::vector<std::string> parts;
@@ -46,13 +40,13 @@ bool agree(const std::vector<std::string>& environment, const char* variable) {
 
 // A Wayland display is named after a socket in the runtime folder, so both variables must be equal.
 bool isOnOurDisplay(const fs::path& process) {
-    const std::vector<std::string> environment = splitAtZeros(contentOf(process / "environ"));
+    const std::vector<std::string> environment = splitAtZeros(contentOrEmpty(process / "environ"));
     return agree(environment, "DISPLAY") ||
            (agree(environment, "WAYLAND_DISPLAY") && agree(environment, "XDG_RUNTIME_DIR"));
 }
 
 std::string nameOf(const fs::path& process) {
-    std::string name = contentOf(process / "comm");
+    std::string name = contentOrEmpty(process / "comm");
     if (!name.empty() && name.back() == '\n') {
         name.pop_back();
     }
@@ -67,6 +61,18 @@ bool isProcess(const fs::path& path) {
 
 } // namespace
 
+// A stream would throw while it is read: a process can exit after its file has been opened.
+std::string contentOrEmpty(const fs::path& path) {
+    char* content = nullptr;
+    gsize size = 0;
+    if (g_file_get_contents(path.c_str(), &content, &size, nullptr) == FALSE) {
+        return {};
+    }
+    std::string result(content, size);
+    g_free(content);
+    return result;
+}
+
 std::vector<SessionProcess> sessionProcesses(std::span<const std::string_view> names) {
     std::vector<SessionProcess> found;
     std::error_code ignored;
@@ -77,7 +83,7 @@ std::vector<SessionProcess> sessionProcesses(std::span<const std::string_view> n
         }
         const std::string name = nameOf(process);
         if (std::ranges::find(names, name) != names.end() && isOnOurDisplay(process)) {
-            found.push_back({name, splitAtZeros(contentOf(process / "cmdline"))});
+            found.push_back({name, splitAtZeros(contentOrEmpty(process / "cmdline"))});
         }
     }
     return found;

@@ -6,6 +6,7 @@
 // Errors:  none; a process that cannot be read or has exited is skipped.
 #pragma once
 
+#include <filesystem>
 #include <span>
 #include <string>
 #include <string_view>
@@ -19,6 +20,9 @@ struct SessionProcess {
 
     friend bool operator==(const SessionProcess&, const SessionProcess&) = default;
 };
+
+// Returns the bytes of the file, or an empty string if it cannot be read.
+std::string contentOrEmpty(const std::filesystem::path& path);
 
 std::vector<SessionProcess> sessionProcesses(std::span<const std::string_view> names);
 

@@ -424,6 +424,15 @@ TEST_F(SessionLockTest, RunsTheSwayidleCommand) {
     EXPECT_EQ(programs.ran(), "swaylock -f -c a b\n");
 }
 
+// Opening a folder succeeds, and reading it fails, as for a process that has just exited.
+TEST_F(SessionLockTest, LocksAlthoughAFileCannotBeRead) {
+    const test::TemporaryFolder settings;
+    std::filesystem::create_directories(settings.path() / "swayidle/config");
+    const InEnvironment configuration("XDG_CONFIG_HOME", settings.path().c_str());
+    programs.start("swayidle", {}, environment);
+    EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
+}
+
 TEST_F(SessionLockTest, RunsNoCommandIfTheLockerHandlesTheLogindRequest) {
     onSystemBus(logind);
     programs.start("swayidle", {"lock", "swaylock"}, environment);
