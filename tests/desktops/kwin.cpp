@@ -41,13 +41,13 @@ KWin::KWin(Extent wanted) : extent(wanted), settings(plainEnvironment(folder.pat
     std::filesystem::copy_file(installed, folder.path() / "kwin_wayland");
 }
 
-void KWin::installThisProgram() const {
+void KWin::installThisProgram(const std::string& interfaces) const {
     write(std::filesystem::path(settings.at("XDG_CONFIG_HOME")) / "menus/applications.menu",
           menuOfAllEntries);
     write(std::filesystem::path(settings.at("XDG_DATA_HOME")) / "applications/test.desktop",
           "[Desktop Entry]\nType=Application\nName=Test\nExec=" +
               std::filesystem::read_symlink("/proc/self/exe").string() +
-              "\nX-KDE-Wayland-Interfaces=org_kde_plasma_window_management\n");
+              "\nX-KDE-Wayland-Interfaces=" + interfaces + "\n");
 }
 
 void KWin::start() {

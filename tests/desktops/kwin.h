@@ -11,6 +11,7 @@
 #include "desktops/runtime_folder.h"
 
 #include <optional>
+#include <string>
 
 namespace glidemap::test {
 
@@ -23,9 +24,10 @@ public:
 
     explicit KWin(Extent extent = Extent::windows);
 
-    // Installs a desktop entry for the test program with the same permissions as Glidemap's entry.
-    // Call before start().
-    void installThisProgram() const;
+    // Installs a desktop entry for the test program, so that it may use protected interfaces. By
+    // default, these are those of Glidemap's entry. Call before start().
+    void
+    installThisProgram(const std::string& interfaces = "org_kde_plasma_window_management") const;
 
     // Returns before KWin is ready.
     void start();

@@ -5,32 +5,50 @@
 //   inactive           another window has the keyboard
 //   recording          it records, after a click on its button or the line "record" on its standard
 //                      input
+//   captured           after the line "capture" on its standard input: it records, and receives
+//                      the keys that the desktop reserves for itself
 //   recorded 0 40000   the key code, and the modifiers in hexadecimal
 //   stopped            it stopped recording without a shortcut
 //   pressed 65         a key that reached the window, as Qt's number
 //   released 65
 //   closed             the window manager closed the window
 //
-// It exits at the end of its input.
+// Before it reports an event, the desktop has processed all its requests. It exits at the end of
+// its input.
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "platform/linux/shell/linux_desktop_keys.h"
+#include "platform/linux/shell/wayland_connection.h"
 #include "ui/recorder/shortcut_recorder_view.h"
 #include "ui/recorder/toolkit_key_presses.h"
 
 #include <unistd.h>
+#include <wayland-client-core.h>
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QSocketNotifier>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <array>
+#include <chrono>
 #include <iostream>
 #include <string>
 #include <string_view>
 
 namespace {
+
+// On X11, the program waits itself.
+void waitForWaylandCompositor() {
+    if (const auto connection = glidemap::waylandConnection()) {
+        wl_event_queue* const queue = wl_display_create_queue(connection->display);
+        wl_display_roundtrip_queue(connection->display, queue);
+        wl_event_queue_destroy(queue);
+    }
+}
+
+constexpr std::chrono::milliseconds checkInterval{5};
 
 class Window : public QWidget {
 public:
@@ -38,6 +56,7 @@ public:
         auto* column = new QVBoxLayout(this);
         column->addWidget(recorder);
         recorder->setFocus();
+        connect(&captureCheck, &QTimer::timeout, this, [this] { lookForCapture(); });
         recorder->onRecord = [this](const glidemap::KeyShortcut& shortcut) {
             isRecording = false;
             say("recorded " + QString::number(shortcut.keyCode) + " " +
@@ -50,10 +69,20 @@ public:
         look();
     }
 
+    // The compositor's confirmation causes no event of Qt's, so a timer checks for it.
+    void reportCapture() { captureCheck.start(checkInterval); }
+
     void look() {
         if (recorder->isRecording() != isRecording) {
             isRecording = !isRecording;
             say(isRecording ? "recording" : "stopped");
+        }
+    }
+
+    void lookForCapture() {
+        if (desktopKeys->areCaptured()) {
+            captureCheck.stop();
+            say("captured");
         }
     }
 
@@ -76,15 +105,20 @@ protected:
     }
 
 private:
-    static void say(const QString& what) { std::cout << what.toStdString() << std::endl; }
+    static void say(const QString& what) {
+        waitForWaylandCompositor();
+        std::cout << what.toStdString() << std::endl;
+    }
 
+    glidemap::LinuxDesktopKeys* const desktopKeys = new glidemap::LinuxDesktopKeys;
     const std::shared_ptr<glidemap::KeyPresses> keys =
         std::make_shared<glidemap::ToolkitKeyPresses>(
             std::make_unique<glidemap::EvdevHardwareKeys>(),
-            std::make_unique<glidemap::LinuxDesktopKeys>());
+            std::unique_ptr<glidemap::DesktopKeys>(desktopKeys));
     glidemap::Lang lang{nullptr};
     glidemap::ShortcutRecorderView* recorder;
     bool isRecording = false;
+    QTimer captureCheck;
 };
 
 } // namespace
@@ -98,8 +132,13 @@ int main(int count, char** arguments) {
         const ssize_t size = read(STDIN_FILENO, buffer.data(), buffer.size());
         if (size <= 0) {
             QCoreApplication::quit();
-        } else if (std::string_view(buffer.data(), static_cast<std::size_t>(size)) == "record\n") {
+            return;
+        }
+        const std::string_view line(buffer.data(), static_cast<std::size_t>(size));
+        if (line == "record\n") {
             window.record();
+        } else if (line == "capture\n") {
+            window.reportCapture();
         }
     });
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,

@@ -26,4 +26,10 @@ public:
     virtual void key(std::uint16_t kernelCode, bool down) = 0;
 };
 
+// Adds the variable that makes Qt use Wayland.
+inline Environment forToolkit(Environment desktop) {
+    desktop["QT_QPA_PLATFORM"] = "wayland";
+    return desktop;
+}
+
 } // namespace glidemap::test

@@ -115,14 +115,17 @@ private:
     std::uint32_t time = 0;
 };
 
-TypingSway::TypingSway() : keyboard(std::make_unique<Keyboard>(sway.environment())) {}
+TypingSway::TypingSway() : keyboard(std::make_unique<Keyboard>(sway.environment())) {
+    // The test's configuration of sway has no key bindings.
+    for (const char* const binding : {"Mod1+F4 kill", "Mod4+l workspace 2"}) {
+        sway.command(std::string("bindsym ") + binding);
+    }
+}
 
 TypingSway::~TypingSway() = default;
 
 Environment TypingSway::environment() const {
-    Environment settings = sway.environment();
-    settings["QT_QPA_PLATFORM"] = "wayland";
-    return settings;
+    return forToolkit(sway.environment());
 }
 
 void TypingSway::key(std::uint16_t kernelCode, bool down) {

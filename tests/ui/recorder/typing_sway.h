@@ -1,4 +1,4 @@
-// A Wayland compositor with a virtual keyboard. The keyboard has the evdev keymap with the US
+// A Wayland compositor with a virtual keyboard, which closes a window when Alt+F4 is pressed. The keyboard has the evdev keymap with the US
 // layout, so its key codes are the kernel's.
 //
 // Thread:  one.
@@ -16,6 +16,8 @@ namespace glidemap::test {
 
 class TypingSway : public TypingDesktop {
 public:
+    static constexpr const char* name = "Sway";
+
     // Returns an empty string if sway can run, otherwise the reason.
     static std::string whyNot() { return isInstalled("sway") ? "" : "sway is not installed"; }
 

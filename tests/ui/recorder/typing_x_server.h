@@ -14,6 +14,8 @@ namespace glidemap::test {
 
 class TypingXServer : public TypingDesktop {
 public:
+    static constexpr const char* name = "X11";
+
     // Returns an empty string if the server can run, otherwise the reason.
     static std::string whyNot() { return XServer::whyNot(); }
 

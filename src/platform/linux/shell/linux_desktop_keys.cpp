@@ -1,8 +1,12 @@
 #include "platform/linux/shell/linux_desktop_keys.h"
 
+#include "platform/linux/shell/wayland_connection.h"
 #include "platform/linux/shell/x11_connection.h"
 
 #include <xcb/xcb.h>
+
+#include <QAbstractEventDispatcher>
+#include <optional>
 
 namespace glidemap {
 
@@ -21,21 +25,45 @@ LinuxDesktopKeys::~LinuxDesktopKeys() {
 }
 
 void LinuxDesktopKeys::captureFor(QWindow& window) {
-    if (captureWindow == &window || !x11Connection()) {
+    if (captureWindow == &window) {
         return;
     }
     giveBack();
-    if (window.setKeyboardGrabEnabled(true)) {
+    if (x11Connection() ? window.setKeyboardGrabEnabled(true) : inhibitShortcuts()) {
         captureWindow = &window;
     }
 }
 
 void LinuxDesktopKeys::giveBack() {
-    if (captureWindow != nullptr) {
+    endInhibition();
+    if (captureWindow != nullptr && x11Connection()) {
         captureWindow->setKeyboardGrabEnabled(false);
         waitUntilDone(*x11Connection());
-        captureWindow = nullptr;
     }
+    captureWindow = nullptr;
+}
+
+bool LinuxDesktopKeys::areCaptured() const {
+    return captureWindow != nullptr && (inhibition == nullptr || inhibition->isActive());
+}
+
+// Qt reads the connection in another thread, and wakes this thread after each reading. So whenever
+// this thread is about to wait, all events that have been read can be dispatched.
+bool LinuxDesktopKeys::inhibitShortcuts() {
+    const std::optional<WaylandConnection> connection = waylandConnection();
+    if (!connection) {
+        return false;
+    }
+    inhibition = std::make_unique<ShortcutInhibition>(connection->display, connection->seat);
+    dispatching = QObject::connect(QAbstractEventDispatcher::instance(),
+                                   &QAbstractEventDispatcher::aboutToBlock,
+                                   [this] { inhibition->dispatchArrived(); });
+    return true;
+}
+
+void LinuxDesktopKeys::endInhibition() {
+    QObject::disconnect(dispatching);
+    inhibition.reset();
 }
 
 } // namespace glidemap
