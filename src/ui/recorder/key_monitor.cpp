@@ -48,6 +48,9 @@ void KeyMonitor::removeIfDone() {
     if (installed && !running && taken.empty()) {
         qApp->removeEventFilter(this);
         installed = false;
+        if (onDone) {
+            onDone();
+        }
     }
 }
 

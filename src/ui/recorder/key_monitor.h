@@ -30,6 +30,9 @@ public:
     // Called with the held modifiers after each press and release, while the monitor runs.
     std::function<void(Qt::KeyboardModifiers)> onModifiers;
 
+    // Called when the monitor has stopped and all captured keys are released.
+    std::function<void()> onDone;
+
     void start();
 
     // Stops capturing new presses, but still swallows the auto-repeats and releases of captured
@@ -40,6 +43,9 @@ public:
     void remove();
 
     bool isInstalled() const { return installed; }
+
+    // Returns whether a captured key is still pressed.
+    bool holdsKeys() const { return !taken.empty(); }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

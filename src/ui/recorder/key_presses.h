@@ -35,6 +35,9 @@ public:
     // called on platforms that cannot report modifiers.
     std::function<void(std::uint64_t)> onModifiers;
 
+    // Called when capturing has stopped and all captured keys are released.
+    std::function<void()> onDone;
+
     virtual void start(std::function<void(const Press&)> handler) = 0;
 
     // Stops capturing new presses, but still swallows the auto-repeats and releases of captured
@@ -43,6 +46,9 @@ public:
 
     // Like stop(), but no longer swallows the auto-repeats and releases of captured presses.
     virtual void abandon() { stop(); }
+
+    // Returns whether a captured key is still pressed.
+    virtual bool holdsKeys() const { return false; }
 
     // Also captures the keys that the desktop reserves for itself. The given window receives them,
     // and must have the focus. If the window is null, these keys return to the desktop. Platforms

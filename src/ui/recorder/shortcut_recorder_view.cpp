@@ -76,6 +76,9 @@ void ShortcutRecorderView::startRecording() {
     keys->onModifiers = [this](std::uint64_t modifiers) {
         showHeld(modifiers);
     };
+    keys->onDone = [this] {
+        updateDesktopKeyCapture();
+    };
     keys->start([this](const KeyPresses::Press& press) { take(press); });
     captureLimit.start();
     updateDesktopKeyCapture();
@@ -102,9 +105,14 @@ void ShortcutRecorderView::stopRecording() {
 }
 
 // While recording in the active window, captures the keys that the desktop reserves for itself. In
-// other windows, these keys work normally.
+// other windows, these keys work normally. Afterwards waits until the keys are released: the
+// auto-repeats of a recorded Alt+F4 would close the window.
 void ShortcutRecorderView::updateDesktopKeyCapture() {
-    const bool mayCapture = recording && captureLimit.isActive() && isActiveWindow();
+    if (!recording && !isActiveWindow()) {
+        captureLimit.stop(); // another window may receive the releases
+    }
+    const bool mayCapture =
+        (recording || keys->holdsKeys()) && captureLimit.isActive() && isActiveWindow();
     keys->captureDesktopKeys(mayCapture ? window()->windowHandle() : nullptr);
 }
 
@@ -114,6 +122,7 @@ void ShortcutRecorderView::releaseKeys() {
     recording = false;
     if (std::exchange(mayHaveCaptured, false)) {
         keys->onModifiers = {};
+        keys->onDone = {};
         keys->captureDesktopKeys(nullptr);
         keys->abandon();
     }

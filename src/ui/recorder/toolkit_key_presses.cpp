@@ -54,6 +54,11 @@ ToolkitKeyPresses::ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> keys,
             onModifiers(modifierMask(held));
         }
     };
+    monitor.onDone = [this] {
+        if (onDone) {
+            onDone();
+        }
+    };
 }
 
 void ToolkitKeyPresses::start(std::function<void(const Press&)> handler) {

@@ -27,6 +27,7 @@ public:
     void start(std::function<void(const Press&)> handler) override;
     void stop() override;
     void abandon() override;
+    bool holdsKeys() const override { return monitor.holdsKeys(); }
     void captureDesktopKeys(QWindow* window) override;
 
 private:

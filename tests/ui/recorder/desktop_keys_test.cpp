@@ -52,6 +52,12 @@ protected:
         expectAfterReleases("captured");
     }
 
+    // Returns when the desktop has its keys again: all keys of the recording are released.
+    void expectReturned() {
+        this->window->writeLine("return");
+        this->expect("returned");
+    }
+
     // After a key has closed another window, the release of its modifier may reach this window.
     void expectAfterReleases(const std::string& expected) {
         std::optional<std::string> line;
@@ -102,6 +108,22 @@ TYPED_TEST(DesktopKeysTest, AreRecordedAndThenReturnedToTheDesktop) {
     this->recordAllKeys();
     this->typeAltF4();
     this->expectRecorded("118 80000");
+    this->expectReturned();
+    this->typeAltF4();
+    this->expectClosed(*this->window);
+}
+
+// The auto-repeats of the key would have the same effect as the second press.
+TYPED_TEST(DesktopKeysTest, AreReturnedToTheDesktopOnceAllKeysAreReleased) {
+    this->recordAllKeys();
+    this->hold(KEY_LEFTALT);
+    this->type(KEY_F4);
+    this->expectRecorded("118 80000");
+    this->type(KEY_F4);
+    this->expect("pressed 16777267");
+    this->expect("released 16777267");
+    this->release(KEY_LEFTALT);
+    this->expectReturned();
     this->typeAltF4();
     this->expectClosed(*this->window);
 }
@@ -110,6 +132,7 @@ TYPED_TEST(DesktopKeysTest, AreReturnedToTheDesktopWhenRecordingIsCancelled) {
     this->recordAllKeys();
     this->type(KEY_ESC);
     this->expect("stopped");
+    this->expectReturned();
     this->typeAltF4();
     this->expectClosed(*this->window);
 }
@@ -153,6 +176,7 @@ TYPED_TEST(DesktopKeysTest, OfManyKindsAreRecorded) {
         this->recordAllKeys();
         this->typeTogether(row.modifier, row.key);
         this->expectRecorded(row.recorded);
+        this->expectReturned();
     }
     this->expectTypedIntoWindow();
 }
@@ -188,6 +212,7 @@ TEST_F(GnomeDesktopKeysTest, AreRecordedOnceTheUserAllowsIt) {
     expectNoQuestion();
     typeTogether(KEY_LEFTMETA, KEY_L);
     expectRecorded("37 100000");
+    expectReturned();
     typeAltF4();
     expectClosed(*window);
 }

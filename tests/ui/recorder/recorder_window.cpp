@@ -7,6 +7,7 @@
 //                      input
 //   captured           after the line "capture" on its standard input: it records, and receives
 //                      the keys that the desktop reserves for itself
+//   returned           after the line "return": the desktop has its keys again
 //   recorded 0 40000   the key code, and the modifiers in hexadecimal
 //   stopped            it stopped recording without a shortcut
 //   pressed 65         a key that reached the window, as Qt's number
@@ -56,6 +57,7 @@ public:
         auto* column = new QVBoxLayout(this);
         column->addWidget(recorder);
         recorder->setFocus();
+        connect(&returnCheck, &QTimer::timeout, this, [this] { lookForReturn(); });
         connect(&captureCheck, &QTimer::timeout, this, [this] { lookForCapture(); });
         recorder->onRecord = [this](const glidemap::KeyShortcut& shortcut) {
             isRecording = false;
@@ -72,6 +74,8 @@ public:
     // The compositor's confirmation causes no event of Qt's, so a timer checks for it.
     void reportCapture() { captureCheck.start(checkInterval); }
 
+    void reportReturn() { returnCheck.start(checkInterval); }
+
     void look() {
         if (recorder->isRecording() != isRecording) {
             isRecording = !isRecording;
@@ -83,6 +87,13 @@ public:
         if (desktopKeys->areCaptured()) {
             captureCheck.stop();
             say("captured");
+        }
+    }
+
+    void lookForReturn() {
+        if (!desktopKeys->areCaptured()) {
+            returnCheck.stop();
+            say("returned");
         }
     }
 
@@ -119,6 +130,7 @@ private:
     glidemap::ShortcutRecorderView* recorder;
     bool isRecording = false;
     QTimer captureCheck;
+    QTimer returnCheck;
 };
 
 } // namespace
@@ -139,6 +151,8 @@ int main(int count, char** arguments) {
             window.record();
         } else if (line == "capture\n") {
             window.reportCapture();
+        } else if (line == "return\n") {
+            window.reportReturn();
         }
     });
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,

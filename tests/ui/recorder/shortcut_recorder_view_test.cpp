@@ -537,6 +537,41 @@ TEST_F(DesktopKeysTest, AreGrabbedForTheWindowWhileRecording) {
     EXPECT_EQ(captureWindow, nullptr);
 }
 
+TEST_F(DesktopKeysTest, AreReturnedToTheDesktopWhenTheRecordedKeysAreReleased) {
+    const Key alt{KEY_LEFTALT, Qt::Key_Alt};
+    recorder->startRecording();
+    typist.press(alt);
+    typist.press(a);
+    EXPECT_FALSE(recorder->isRecording());
+    EXPECT_EQ(captureWindow, window.windowHandle());
+    typist.release(a);
+    EXPECT_EQ(captureWindow, window.windowHandle()) << "the modifier is still pressed";
+    typist.release(alt);
+    EXPECT_EQ(captureWindow, nullptr);
+}
+
+// The other window may receive the release of the key.
+TEST_F(DesktopKeysTest, AreNotCapturedAgainAfterARecordingIfAnotherWindowWasActive) {
+    recorder->startRecording();
+    typist.press(a);
+    QWidget other;
+    other.show();
+    EXPECT_TRUE(test::waitForWindowActive(&other));
+    EXPECT_EQ(captureWindow, nullptr);
+    other.hide();
+    window.activateWindow();
+    EXPECT_TRUE(test::waitForWindowActive(&window));
+    EXPECT_EQ(captureWindow, nullptr);
+}
+
+TEST_F(DesktopKeysTest, AreReturnedToTheDesktopAfterTheTimeoutWhileAKeyIsHeld) {
+    recorder->setMaxCaptureTime(std::chrono::milliseconds(1));
+    recorder->startRecording();
+    typist.press(a);
+    EXPECT_FALSE(recorder->isRecording());
+    EXPECT_TRUE(test::waitFor([this] { return captureWindow == nullptr; }));
+}
+
 TEST_F(DesktopKeysTest, AreReturnedToTheDesktopWheneverRecordingEnds) {
     const std::pair<const char*, std::function<void()>> ends[] = {
         {"Escape",
