@@ -1,5 +1,11 @@
 // Checks for a newer published version: on startup, then once a day, and on request.
 //
+// A check downloads the manifest from versionURL() and compares its version with the running one
+// (app/version_order.h). A newer version becomes latestVersion(); without one, latestVersion() is
+// cleared. While it is set, the status menu and a notice in the settings window offer the download.
+// A requested check also shows its result, or its failure, in an alert. If the running version is
+// unknown, nothing is downloaded.
+//
 // Thread:  the main thread.
 // Owner:   the application's delegate. Pending checks and the daily timer hold the checker weakly.
 // Errors:  passed to the caller's completion only. After a failure, latestVersion() is unchanged.

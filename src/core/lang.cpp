@@ -32,6 +32,10 @@ Lang& Lang::shared() {
     return instance;
 }
 
+// The language picker of the settings window calls this for the shared language. Everything that
+// shows text subscribes to the changes: the settings window, the editor, the alerts and the status
+// menu read their texts again. A hidden settings window does so when it is shown. The actions in the
+// list of recent gestures keep their language.
 void Lang::setCode(const std::string& code) {
     observers.announceWillChange();
     _code.set(code);

@@ -203,9 +203,8 @@ void SessionRecognizer::resetSession() {
     // Keeps lastTap and pendingSingleTap, because they span sessions.
 }
 
-// Two quick taps with the same number of fingers are always reported as a double tap, even if the
-// double tap has no binding. The only effect of a binding is that the first tap is delayed. The
-// second tap counts if it ends at most 0.45 s after the end of the first.
+// Two quick taps with the same number of fingers are a double tap even if it has no binding. The
+// only effect of a binding is that the first tap is delayed.
 //
 //   tap ──┬─ second within 0.45 s ──▶ double tap; a delayed single tap is cancelled
 //         └─ otherwise ─┬─ double tap bound ──▶ single tap after 0.45 s

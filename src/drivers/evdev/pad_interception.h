@@ -8,7 +8,12 @@
 //      └──────────── at once ───────────────────┘
 //         the clone cannot be written, the driver stops, forwarding stalled
 //
-// neutral: no finger is down and no key is pressed. ready: see CloneIntroduction.
+// wanted: a filter is set and switched on, the touchpad has a left or right button, and the process
+//         is not being stopped. A clone can be made only for a touchpad on the first seat, and only
+//         with permission to write to /dev/uinput.
+// ready: udev has announced the clone, and a program has opened it and has had time to prepare for
+//        its events (CloneIntroduction); at most two clones are new at a time
+// neutral: no finger is down, no key is pressed, and all events have been read
 //
 // A program that received the beginning of a touch must also receive the rest of it. If a touch
 // began before the grab took effect, the driver releases the touchpad immediately, and grabs it when

@@ -1,6 +1,12 @@
 // The line at the bottom of the settings window, which shows the last recognised gesture. It shows
 // that the trackpad works, even before the first binding exists.
 //
+// GestureDispatcher adds each gesture to its list of recent gestures on the main thread, after the
+// gesture's action, and announces the change. SettingsView observes the list and displays the first
+// entry; while the window is hidden, it waits until the window is shown. Gestures that the
+// dispatcher drops are not in the list: while Glidemap is switched off or the session is locked, and
+// clicks without a binding.
+//
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   the settings view, which sets the content.

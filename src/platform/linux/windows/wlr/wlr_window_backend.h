@@ -1,6 +1,11 @@
 // Gets the windows of sway, Hyprland and other compositors with the wlroots protocol (see
 // WlrToplevels).
 //
+// The active window is the one that the compositor reports as activated; of several, the one that
+// was activated last. The protocol reports a window's app id and title, but no process. So the
+// frontmost application is the one whose desktop entry fits the app id (ApplicationMatcher). After
+// 100 ms without an active window, no application is frontmost (LinuxWorkspace).
+//
 // Events that arrive together are reported together. So a focus change, for which the compositor
 // sends a deactivation and an activation, is reported as a single change.
 //
