@@ -350,38 +350,33 @@ void TouchpadDriver::read(Touchpad& touchpad) {
     }
 }
 
-void TouchpadDriver::readFresh() {
+template <typename Condition>
+void TouchpadDriver::readIf(Condition condition) {
     // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
     for (std::size_t index = 0; index < touchpads.size(); ++index) {
         const PadConnection* connection = touchpads[index]->connected();
-        if (connection != nullptr && connection->isFirstRead) {
+        if (connection != nullptr && condition(*connection)) {
             read(*touchpads[index]);
         }
     }
 }
 
+void TouchpadDriver::readFresh() {
+    readIf([](const PadConnection& connection) { return connection.isFirstRead; });
+}
+
 void TouchpadDriver::readConnected() {
-    // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
-    for (std::size_t index = 0; index < touchpads.size(); ++index) {
-        read(*touchpads[index]);
-    }
+    readIf([](const PadConnection& /*connection*/) { return true; });
 }
 
 // Serves the touchpads whose clone may be ready or must be removed.
 void TouchpadDriver::readDue() {
     const auto now = clicks.now();
-    // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
-    for (std::size_t index = 0; index < touchpads.size(); ++index) {
-        const PadConnection* connection = touchpads[index]->connected();
-        if (connection == nullptr) {
-            continue;
-        }
-        const auto next = connection->interception.nextLook();
-        const bool isNew = connection->interception.isIntroducing();
-        if ((next.has_value() && now >= *next) || (isNew && clonesChanged)) {
-            read(*touchpads[index]);
-        }
-    }
+    readIf([&](const PadConnection& connection) {
+        const auto next = connection.interception.nextLook();
+        const bool isNew = connection.interception.isIntroducing();
+        return (next.has_value() && now >= *next) || (isNew && clonesChanged);
+    });
 }
 
 std::optional<ClickInterception::Moment> TouchpadDriver::nextLook() const {

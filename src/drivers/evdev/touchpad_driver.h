@@ -96,6 +96,8 @@ private:
     void processEvents();
     void withdrawUnreadable();
     void readReady();
+    template <typename Condition>
+    void readIf(Condition condition);
     void readFresh();
     void readConnected();
     void readDue();
