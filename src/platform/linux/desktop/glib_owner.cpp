@@ -70,6 +70,10 @@ void GlibRelease::operator()(GVariant* value) const {
     g_variant_unref(value);
 }
 
+void GlibRelease::operator()(char* text) const {
+    g_free(text);
+}
+
 std::string textOrEmpty(const char* text) {
     return text != nullptr ? text : "";
 }

@@ -47,6 +47,7 @@ struct GlibRelease {
     void operator()(GSource* source) const; // also stops the source
     void operator()(GSubprocess* process) const;
     void operator()(GVariant* value) const;
+    void operator()(char* text) const;
 };
 
 template <typename Type>

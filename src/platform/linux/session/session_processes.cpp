@@ -1,6 +1,7 @@
 #include "platform/linux/session/session_processes.h"
 
 #include "platform/linux/desktop/environment.h"
+#include "platform/linux/desktop/glib_owner.h"
 
 #include <glib.h>
 #include <sys/stat.h>
@@ -68,9 +69,8 @@ std::string contentOrEmpty(const fs::path& path) {
     if (g_file_get_contents(path.c_str(), &content, &size, nullptr) == FALSE) {
         return {};
     }
-    std::string result(content, size);
-    g_free(content);
-    return result;
+    const GlibOwner<char> owner(content);
+    return {content, size};
 }
 
 std::vector<SessionProcess> sessionProcesses(std::span<const std::string_view> names) {
