@@ -40,7 +40,7 @@ PadHand& PadHand::downAt(std::vector<std::pair<std::int32_t, std::int32_t>> plac
                                  fingers[slot].first, fingers[slot].second));
     }
     count(frame, true);
-    pad.write(frame);
+    write(frame);
     return *this;
 }
 
@@ -68,7 +68,7 @@ PadHand& PadHand::up() {
         append(frame, fingerUp(static_cast<std::int32_t>(slot)));
     }
     count(frame, false);
-    pad.write(frame);
+    write(frame);
     fingers.clear();
     return *this;
 }
@@ -96,13 +96,20 @@ void PadHand::count(EventFrame& frame, bool touching) const {
     }
 }
 
+// A real touchpad reports a frame from an interrupt, but a program's write can be suspended in the
+// middle of a frame. The driver's own events could then change the slot of the remaining events.
+void PadHand::write(const EventFrame& frame) const {
+    const Punctual interrupt;
+    pad.write(frame);
+}
+
 PadHand& PadHand::press() {
-    pad.write({{EV_KEY, BTN_LEFT, 1}});
+    write({{EV_KEY, BTN_LEFT, 1}});
     return *this;
 }
 
 PadHand& PadHand::release() {
-    pad.write({{EV_KEY, BTN_LEFT, 0}});
+    write({{EV_KEY, BTN_LEFT, 0}});
     return *this;
 }
 

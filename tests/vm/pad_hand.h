@@ -42,6 +42,7 @@ public:
 
 private:
     void count(EventFrame& frame, bool touching) const;
+    void write(const EventFrame& frame) const;
 
     VirtualPad& pad;
     std::vector<std::pair<std::int32_t, std::int32_t>> fingers;
