@@ -32,10 +32,11 @@ Lang& Lang::shared() {
     return instance;
 }
 
-// The language picker of the settings window calls this for the shared language. Everything that
-// shows text subscribes to the changes: the settings window, the editor, the alerts and the status
-// menu read their texts again. A hidden settings window does so when it is shown. The actions in the
-// list of recent gestures keep their language.
+// The language picker of the settings window calls this for the shared language. The settings
+// window, the editor with its pickers and shortcut recorder, the alerts and the status menu
+// subscribe to the changes and read their texts again. A hidden settings window does so when it is
+// shown. Texts that were stored earlier keep their language: the actions in the list of recent
+// gestures, and the error of the login item.
 void Lang::setCode(const std::string& code) {
     observers.announceWillChange();
     _code.set(code);

@@ -6,11 +6,12 @@
 //
 // Any other press passes. A release is dropped if its button's last press was dropped.
 //
-// The dispatcher accepts a click if Glidemap is switched on, an enabled binding for it exists, and
-// the session is unlocked or the action locks it. It rejects every click while the main thread
-// hangs: while an action or a log entry has waited for a second. On Linux, clicks can be dropped
-// only on a grabbed touchpad (drivers/evdev/pad_interception.h), and touchpads are grabbed only
-// while an enabled binding for a click exists (ClickDemand).
+// The dispatcher accepts a click if Glidemap is switched on, an enabled binding for it matches the
+// frontmost application or is global, and the session is unlocked or the action locks it. It
+// rejects every click while the main thread hangs: while an action or a log entry has waited for a
+// second. On Linux, clicks can be dropped only on a grabbed touchpad
+// (drivers/evdev/pad_interception.h). Touchpads are grabbed only while Glidemap is on and an
+// enabled binding for a click exists (ClickDemand).
 //
 // Units:   button numbers as in the tap's events.
 // Thread:  start(), stop() and isRunning() on the main thread. onClickGesture and the finger count

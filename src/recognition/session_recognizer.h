@@ -7,11 +7,11 @@
 //                                       end: circle, edge swipe, corner tap   (one finger)
 //                                            tap, pinch or rotation, swipe    (two to five)
 //
-// Two taps with the same two to four fingers are a double tap if the second one ends at most 0.45 s
-// after the first. The first tap is reported at once, unless an enabled binding for the double tap
-// exists when it ends. Then it is reported 0.45 s later, or not at all if the double tap follows.
-// TouchEngine drops a gesture within 0.25 s of the previous one, so a double tap that follows a
-// reported tap must be slower than that.
+// Two successive taps with the same number of fingers, from two to four, are a double tap if the
+// second one ends at most 0.45 s after the first. The first tap is reported at once, unless an
+// enabled binding for the double tap exists when it ends. Then it is reported 0.45 s later, unless
+// a double tap or forget() cancels it. After each gesture that it delivers, TouchEngine drops all
+// gestures for 0.25 s. So if the first tap was delivered, a double tap within that time is dropped.
 //
 // Units:   positions normalised 0..1, origin bottom-left; times in seconds of the frames'
 //          timestamps, except the delay of a single tap, which is in real time.

@@ -1,8 +1,9 @@
 // Recognises fingers that move together in one dominant direction.
 //
 // A swipe is quick (a slower movement is scrolling or dragging) and moves farther than a sloppy
-// tap. No finger moves against the others, and one axis clearly dominates. The limits are the
-// constants in swipe.cpp. A swipe of one finger from an edge has its own limits, in edge_swipe.cpp.
+// tap. Every finger moves less than 90° away from their mean direction, and one axis dominates. The
+// limits are the constants in swipe.cpp. A swipe of one finger from an edge has its own limits, in
+// edge_swipe.cpp.
 //
 // The time is that of the whole session, from the first finger that lands to the last that lifts.
 // SessionRecognizer tests for a swipe last, after a tap, a pinch and a rotation.

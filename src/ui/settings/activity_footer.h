@@ -3,9 +3,9 @@
 //
 // GestureDispatcher adds each gesture to its list of recent gestures on the main thread, after the
 // gesture's action, and announces the change. SettingsView observes the list and displays the first
-// entry; while the window is hidden, it waits until the window is shown. Gestures that the
-// dispatcher drops are not in the list: while Glidemap is switched off or the session is locked, and
-// clicks without a binding.
+// entry; while the window is hidden, it waits until the window is shown. The list omits gestures
+// made while Glidemap is switched off or the session is locked, clicks that pass, and gestures
+// whose action reached the main thread too late (TimelyQueue).
 //
 // Units:   points.
 // Thread:  the main thread.

@@ -3,7 +3,8 @@
 //
 // The active window is the one that the compositor reports as activated; of several, the one that
 // was activated last. The protocol reports a window's app id and title, but no process. So the
-// frontmost application is the one whose desktop entry fits the app id (ApplicationMatcher). After
+// frontmost application is the one whose desktop entry fits the app id (ApplicationMatcher). If no
+// entry fits, the app id itself identifies the application; without an app id, it is unknown. After
 // 100 ms without an active window, no application is frontmost (LinuxWorkspace).
 //
 // Events that arrive together are reported together. So a focus change, for which the compositor
