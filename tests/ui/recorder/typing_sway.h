@@ -1,5 +1,5 @@
-// A Wayland compositor with a virtual keyboard, which closes a window when Alt+F4 is pressed. The keyboard has the evdev keymap with the US
-// layout, so its key codes are the kernel's.
+// A Wayland compositor with a virtual keyboard, which closes a window when Alt+F4 is pressed. The
+// keyboard has the evdev keymap with the US layout, so its key codes are the kernel's.
 //
 // Thread:  one.
 // Owner:   a test.
