@@ -110,17 +110,23 @@ private:
 };
 
 // Detects an XEmbed tray. A tray owns a selection. When it acquires the selection, it broadcasts a
-// MANAGER message to the root window. Qt has already selected these events.
+// MANAGER message to the root window. Qt has already selected these events. A tray that appears
+// counts only after `settling`.
 class LinuxStatusBar::X11Tray : public QAbstractNativeEventFilter {
 public:
-    X11Tray(X11Connection connection, std::function<void()> appeared)
-        : connection(std::move(connection)), appeared(std::move(appeared)),
-          manager(this->connection.atom("MANAGER")),
+    X11Tray(X11Connection connection, std::chrono::milliseconds settling,
+            const std::function<void()>& appeared)
+        : connection(std::move(connection)), manager(this->connection.atom("MANAGER")),
           selection(this->connection.atom(selectionName)) {
+        settles.setSingleShot(true);
+        settles.setInterval(settling);
+        QObject::connect(&settles, &QTimer::timeout, &settles, appeared);
         QCoreApplication::instance()->installNativeEventFilter(this);
     }
 
-    bool isThere() const { return connection.selectionHasOwner(selectionName); }
+    bool isThere() const {
+        return !settles.isActive() && connection.selectionHasOwner(selectionName);
+    }
 
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) override {
         if (type == "xcb_generic_event_t") {
@@ -137,20 +143,20 @@ private:
         }
         const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
         if (message.type == manager && message.data.data32[1] == selection) {
-            appeared();
+            settles.start();
         }
     }
 
     static constexpr const char* selectionName = "_NET_SYSTEM_TRAY_S0";
 
     const X11Connection connection;
-    const std::function<void()> appeared;
     const xcb_atom_t manager;
     const xcb_atom_t selection;
+    QTimer settles;
 };
 
 // The connection to the bus is opened on a separate thread, because opening it blocks.
-LinuxStatusBar::LinuxStatusBar()
+LinuxStatusBar::LinuxStatusBar(std::chrono::milliseconds settling)
     : context(std::make_unique<QObject>()),
       connecting(std::async(std::launch::async, [this, receiver = context.get()] {
           QDBusConnection::sessionBus();
@@ -158,7 +164,8 @@ LinuxStatusBar::LinuxStatusBar()
               receiver, [this] { connected(); }, Qt::QueuedConnection);
       })) {
     if (const auto connection = x11Connection()) {
-        onX11 = std::make_unique<X11Tray>(*connection, [this] { observers.announceDidChange(); });
+        onX11 = std::make_unique<X11Tray>(*connection, settling,
+                                          [this] { observers.announceDidChange(); });
     }
 }
 

@@ -4,6 +4,9 @@
 // No call waits for the bus or for a program on it. An unknown state counts as no bar. When the
 // state becomes known or changes, observers are notified.
 //
+// A panel may own both trays, and acquire the X11 one first. Qt chooses a tray once per process, so
+// an X11 tray that appears counts only after `settling`. A tray on the bus counts immediately.
+//
 // Thread:  the main thread, while the application object exists.
 // Owner:   the program.
 // Errors:  none; without a bus and outside X11, there is no status bar.
@@ -12,6 +15,7 @@
 #include "app/status_bar.h"
 
 #include <QObject>
+#include <chrono>
 #include <future>
 #include <memory>
 
@@ -19,7 +23,8 @@ namespace glidemap {
 
 class LinuxStatusBar : public StatusBar {
 public:
-    LinuxStatusBar();
+    // Such a panel acquires the second tray within milliseconds, or later on a busy machine.
+    explicit LinuxStatusBar(std::chrono::milliseconds settling = std::chrono::seconds(2));
     ~LinuxStatusBar() override;
 
     Kind kind() override;

@@ -1,5 +1,6 @@
 // Tests a status bar that is missing, appears and disappears, first on X11 and then on the bus. One
-// test covers both, because Qt connects to the session bus once per process.
+// test covers both, because Qt connects to the session bus once per process. A second status bar waits
+// for an hour until an X11 tray has settled, so that it never uses one that appears.
 #include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
 #include "desktops/x_server.h"
@@ -12,6 +13,7 @@
 #include <xcb/xcb.h>
 
 #include <QGuiApplication>
+#include <chrono>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -138,7 +140,8 @@ TEST(LinuxStatusBarTest, DetectsBarsAtRunTimeAndPrefersTheDBusStatusBar) {
     // A watcher that does not respond blocks nothing, and the bar detects the watcher once it
     // responds.
     auto stuck = std::make_unique<StuckWatcher>(bus);
-    LinuxStatusBar bar;
+    LinuxStatusBar bar(std::chrono::milliseconds(0));
+    LinuxStatusBar patient(std::chrono::hours(1));
     int changes = 0;
     const auto toBar = bar.changes().subscribe({}, [&] { ++changes; });
     EXPECT_EQ(bar.kind(), Kind::none);
@@ -146,12 +149,14 @@ TEST(LinuxStatusBarTest, DetectsBarsAtRunTimeAndPrefersTheDBusStatusBar) {
         const Tray tray(server.display());
         EXPECT_TRUE(test::waitFor([&] { return bar.kind() == Kind::embeds; }));
         EXPECT_GE(changes, 1);
+        EXPECT_EQ(patient.kind(), Kind::none);
         changes = 0;
         EXPECT_TRUE(test::waitFor([&] {
             stuck->respond();
             return changes == 1;
         }));
         EXPECT_EQ(bar.kind(), Kind::drawsItself);
+        EXPECT_TRUE(test::waitFor([&] { return patient.kind() == Kind::drawsItself; }));
         stuck.reset();
         EXPECT_TRUE(test::waitFor([&] { return changes == 2; }));
         EXPECT_EQ(bar.kind(), Kind::embeds);
@@ -160,6 +165,7 @@ TEST(LinuxStatusBarTest, DetectsBarsAtRunTimeAndPrefersTheDBusStatusBar) {
 
     const Tray tray(server.display());
     EXPECT_TRUE(test::waitFor([&] { return changes == 3; }));
+    EXPECT_EQ(patient.kind(), Kind::none);
     Journal journal;
     {
         FakeService watcher(bus.address(), withoutHost, journal);
