@@ -35,6 +35,12 @@ bool X11HeldModifiers::typeWithoutHeldModifiers(const std::vector<KeyChange>& ch
         return false;
     }
     const std::vector<std::uint16_t> held = modifiersHeldByOthers();
+    // The server's merged state drops a key as soon as the user releases it, even if the XTEST
+    // keyboard still holds it. Pressing the key there again would then have no effect, and the
+    // shortcut would lose it. The notification of the release may still be on its way.
+    if (!putBackKeys.empty()) {
+        releaseReleasedKeys();
+    }
     if (held.empty()) {
         return false;
     }

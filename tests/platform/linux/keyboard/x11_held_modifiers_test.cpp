@@ -182,6 +182,21 @@ TEST_F(X11HeldModifiersTest, SecondShortcutReleasesModifiersRestoredAfterTheFirs
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "+SHIFT"}));
 }
 
+// The notification of the release arrives later than the request for the next shortcut.
+TEST_F(X11HeldModifiersTest, ReleasesARestoredModifierBeforeTheNextShortcut) {
+    script.user = {KEY_LEFTCTRL};
+    type();
+    script.log.clear();
+    script.user = {KEY_RIGHTSHIFT};
+    type();
+    EXPECT_EQ(script.log, (Log{"-CTRL", "listen no more", "-RIGHTSHIFT +CTRL +T -T -CTRL", "listen",
+                               "+RIGHTSHIFT"}));
+    script.log.clear();
+    script.user.clear();
+    type();
+    EXPECT_EQ(script.log, (Log{"-RIGHTSHIFT", "listen no more", "plainly"}));
+}
+
 TEST_F(X11HeldModifiersTest, IgnoresModifiersOfGlidemapsKeyboard) {
     script.ours = {KEY_LEFTCTRL};
     type();
