@@ -137,7 +137,7 @@ std::array<input_event, 8> movement(std::int32_t number) {
             absolute(ABS_PRESSURE, force)};
 }
 
-// Returns the number of written reports.
+// Plays a finger that lands, moves and lifts. Returns the number of its movements.
 int playStream(FakeNode& node, double seconds) {
     const int count = static_cast<int>(seconds * reportsPerSecond);
     const ReportTimer timer;

@@ -26,7 +26,7 @@ get_filename_component(darwin ${darwin} ABSOLUTE)
 set(doubles ${darwin}/../platform/macos/doubles)
 get_filename_component(doubles ${doubles} ABSOLUTE)
 
-# Links the macOS headers that musl also provides. The compiler finds no header of musl that is missing from the list.
+# Creates symbolic links to musl's headers that macOS also has. The compiler finds only the headers in this list.
 set(headers ${CMAKE_BINARY_DIR}/darwin-headers)
 file(GLOB musl /usr/include/*-linux-musl)
 list(GET musl 0 musl)

@@ -7,8 +7,8 @@
 //
 // Units:   seconds from the first report, which is at 0; positions normalised, origin bottom-left.
 // Thread:  any; the functions have no state.
-// Errors:  clicks and the circle of any direction have an empty performance, because contacts alone
-//          cannot produce them.
+// Errors:  clicks and `drawCircle` (the circle without a direction) have an empty performance,
+//          because contacts alone cannot produce them.
 #pragma once
 
 #include "choreography/timed_report.h"
@@ -19,8 +19,8 @@
 
 namespace glidemap {
 
-// Returns the gestures that perform() supports, in declaration order: all except clicks and the
-// circle of any direction.
+// Returns the gestures that perform() supports, in declaration order: all except clicks and
+// `drawCircle`.
 std::vector<GestureType> performableGestures();
 
 // The same gesture and seed always give the same performance.

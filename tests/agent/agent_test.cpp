@@ -1,5 +1,6 @@
-// Tests the program without its interface. A recording provides the touches, and each test has its
-// own message buses. The tests in tests/vm use the kernel's virtual touchpads instead.
+// Tests the headless agent, which is the program without a user interface. A recording provides the
+// touches, and each test has its own message buses. The tests in tests/vm use the kernel's virtual
+// touchpads instead.
 #include "choreography/performance.h"
 #include "desktops/fake_service.h"
 #include "desktops/private_bus.h"

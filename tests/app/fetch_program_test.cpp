@@ -75,7 +75,7 @@ TEST_F(FetchProgramTest, MissingProgramIsReportedAsATransportError) {
     EXPECT_TRUE(fetchBy(folder.path() / "nothing").transportError);
 }
 
-TEST_F(FetchProgramTest, ProgramDoesNotStartBeforeTheDelay) {
+TEST_F(FetchProgramTest, ProgramDoesNotStartBeforeTheDelayHasPassed) {
     const auto program = script("touch \"$0.ran\"");
     bool isDone = false;
     fetchByProgram(program, 1h)(address, [&](const Fetched&) { isDone = true; });

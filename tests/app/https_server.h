@@ -63,7 +63,7 @@ HttpsServer::Answer redirect(const std::string& location);
 // Sends the text without closing the connection.
 HttpsServer::Answer say(const std::string& text);
 
-// Sends the text and then spaces, up to this number of bytes, as fast as the client reads.
+// Sends the text and then at most `bytes` spaces, as fast as the client reads.
 HttpsServer::Answer pour(const std::string& text, qint64 bytes);
 
 } // namespace glidemap::test

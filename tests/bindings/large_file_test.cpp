@@ -38,13 +38,13 @@ struct Row {
     std::size_t size = fileSize;
 };
 
-// The parser's message repeats the last token and writes unprintable characters as eight characters
-// each.
+// The parser's message repeats the last token.
 constexpr std::size_t maxMemoryPerTokenByte = 8;
 // The message about a number is built from two copies of the number. With libc++, the strings take
 // 8.05 times the number's length in all; with libstdc++, less than 8 times.
 constexpr std::size_t maxMemoryPerNumberByte = 9;
-// While the message grows, both its old and its new buffer count.
+// The message writes each unprintable character as eight characters. While the message grows, its
+// old and its new buffer are both allocated.
 constexpr std::size_t maxMemoryPerEscapedByte = 24;
 
 const Row rows[] = {

@@ -227,7 +227,7 @@ TEST_P(BringForwardTest, ProgramInATerminalComesForward) {
     if (!isInstalled(terminal.program)) {
         GTEST_SKIP() << "no " << terminal.program << " is installed";
     }
-    // A terminal that outlives the test must not hold the output of the test.
+    // A terminal that outlives the test must not keep the output of the test open.
     folder.script("xdg-terminal-exec", "exec " + terminal.command + " \"$@\" >/dev/null 2>&1\n");
     const ScopedEnvironment path({{"PATH", folder.path().string() + ":" + std::getenv("PATH")}});
     const Leash leash(folder.path() / "leash");

@@ -1,4 +1,4 @@
-// A separate process with one window on an X server, which the test controls.
+// A separate process, controlled by the test, with one window on an X server.
 //
 // Thread:  one.
 // Owner:   a test. The destructor kills the process.

@@ -58,7 +58,8 @@ TEST_F(CloneReadersTest, TwoProgramsThatOpenAndCloseTheCloneDoNotCountAsReaders)
     {
         const Punctual beforeTheDriver;
         const int first = open();
-        // A notification of another node prevents the kernel from merging the two openings.
+        // The kernel merges identical consecutive notifications. Opening another node in between
+        // keeps those of the two openings separate.
         close(::open(pad.node().c_str(), O_RDONLY | O_CLOEXEC));
         const int second = open();
         close(first);

@@ -16,11 +16,11 @@ std::vector<int> threadsNamed(const std::string& beginning);
 // Returns how often a thread of this process has gone to sleep voluntarily. Each wake-up adds one.
 std::int64_t sleepsOf(int thread);
 
-// Returns whether all these threads of this process sleep now.
+// Returns whether all the given threads of this process are asleep.
 bool areAsleep(const std::vector<int>& threads);
 
-// Returns whether every thread of a process sleeps now, which means that it has processed all
-// events of its devices.
+// Returns whether all threads of a process are asleep, which means that it has processed all events
+// of its devices.
 bool isProcessAsleep(const std::string& process);
 
 } // namespace glidemap::test

@@ -49,8 +49,8 @@ public:
     // the filter is off.
     bool drops(driver::Device device, std::int32_t button, bool down);
 
-    // After a stall, switches the filter off and notifies its function, which may switch it on
-    // again immediately. Returns false if no stall has happened since the last call.
+    // After a stall, switches the filter off and calls it to report this. The filter may switch
+    // itself on again during the call. Returns false if no stall has happened since the last call.
     bool noticeStall();
 
     // Call this before creating a clone. Returns false if too many clones are new. The touchpad

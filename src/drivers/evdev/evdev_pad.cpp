@@ -370,8 +370,9 @@ std::optional<double> EvdevPad::ungrabBetweenTouches() {
     return isTouched() ? std::nullopt : std::optional(release());
 }
 
-// The release takes effect some time before the system call returns. The witness receives its first
-// event since the grab after that moment, like other programs.
+// Returns the time at which the grab ended. That moment is before the system call returns, and not
+// after the first event that the witness receives: from then on, it and other programs receive
+// events again.
 double EvdevPad::release() {
     readWitness(); // an event from before the grab may have arrived late
     const double before = monotonicNow();

@@ -2,8 +2,9 @@
 // again after the touchpad has returned.
 //
 //   idle ──start──▶ connected ──unplugged──▶ waiting ──returned──▶ connected …
-//     ▲                         access lost             access given
-//     ▲─────────────── stop ─────────────────────┘
+//                               access lost             access given
+//
+// stop() returns to idle from connected and from waiting.
 //
 // Thread:  under the driver's lock; read() on the reader's thread.
 // Owner:   TouchpadDriver, for the life of the process. The object's address is the device handle.

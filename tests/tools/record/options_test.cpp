@@ -17,7 +17,7 @@ std::string outcome(std::vector<const char*> arguments) {
     return error != nullptr ? error->message : "help";
 }
 
-TEST(Options, AcceptsOnlyAFileOrARequestForHelp) {
+TEST(Options, AcceptsOnlyTheOptionsForOutputAndHelp) {
     struct Row {
         std::vector<const char*> arguments;
         const char* expected;

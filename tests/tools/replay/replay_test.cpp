@@ -155,7 +155,8 @@ TEST(Replay, RecognisesEveryRecordedGesturePerformance) {
 
 TEST(Replay, PlaysSeveralFilesIndependentlyAndPrintsTheirNames) {
     const Folder folder;
-    // In one recording the taps would be a double tap, or the cooldown would drop the second tap.
+    // If both taps were in the same recording, they would form a double tap, or the cooldown would
+    // drop the second one.
     const std::string first = folder.write("first", tapOf(2, 0, 0.1));
     const std::string second = folder.write("second \"two\"", tapOf(2, 0.2, 0.3));
     EXPECT_EQ(replay({first, second}).output,

@@ -225,7 +225,7 @@ TEST(CircleTrailTest, EndsAtTheFinger) {
     }
 }
 
-TEST(GestureDemoTest, CircleStartsToTheRightUnlessCounterclockwise) {
+TEST(GestureDemoTest, CircleFirstMovesRightUnlessCounterclockwise) {
     EXPECT_GT(frame(GestureType::drawCircle, 0.6).fingers[0].position.x, 0.51);
     EXPECT_GT(frame(GestureType::drawCircleClockwise, 0.6).fingers[0].position.x, 0.51);
     EXPECT_LT(frame(GestureType::drawCircleCounterclockwise, 0.6).fingers[0].position.x, 0.49);

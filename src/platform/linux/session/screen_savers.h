@@ -15,7 +15,7 @@ namespace glidemap {
 struct ScreenSaver {
     const char* name = nullptr; // the name of the service and of its interface
     const char* path = nullptr;
-    const char* desktop = nullptr; // a value of XDG_CURRENT_DESKTOP; null for all desktops
+    const char* desktop = nullptr; // a value of XDG_CURRENT_DESKTOP; null if it belongs to none
     bool takesMessage = false;     // Lock() requires a message for the locked screen
 
     BusMethod method(const char* itsName) const {
@@ -26,11 +26,12 @@ struct ScreenSaver {
 std::span<const ScreenSaver> screenSavers();
 
 // Returns the services in this order: those of the current desktop, given by the value of
-// XDG_CURRENT_DESKTOP ("ubuntu:GNOME"), those of all desktops, and those of other desktops.
+// XDG_CURRENT_DESKTOP ("ubuntu:GNOME"); those that belong to no particular desktop; and those of
+// other desktops.
 std::vector<ScreenSaver> screenSaversFor(std::string_view currentDesktop);
 
-// Whether D-Bus may start the service: it belongs to the current desktop or to all desktops, or the
-// current desktop is unknown.
+// Whether D-Bus may start the service: it belongs to the current desktop or to no particular one, or
+// the current desktop is unknown.
 bool belongsTo(const ScreenSaver& saver, std::string_view currentDesktop);
 
 } // namespace glidemap

@@ -62,7 +62,8 @@ bool isProcess(const fs::path& path) {
 
 } // namespace
 
-// A stream would throw while it is read: a process can exit after its file has been opened.
+// Returns an empty string if the file cannot be read, for example because the process exits after
+// its file has been opened. The iterator of a std::ifstream would throw then.
 std::string contentOrEmpty(const fs::path& path) {
     char* content = nullptr;
     gsize size = 0;

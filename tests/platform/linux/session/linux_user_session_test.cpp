@@ -86,7 +86,8 @@ private:
 class LinuxUserSessionTest : public testing::Test {
 protected:
     FakeService& startLogind(bool isActive, bool isLocked) {
-        // The service owns its name only after its properties are set.
+        // The properties are part of the description, so that they are set before the service
+        // acquires its name.
         ServiceDescription service = logind;
         service.properties = {{"Active", isActive}, {"LockedHint", isLocked}};
         service.texts = {{"State", isActive ? "active" : "online"}};

@@ -104,7 +104,7 @@ TEST_F(LocalKeyMonitorTest, StopWithoutAPressRemovesTheMonitorImmediately) {
     EXPECT_THAT(reported, IsEmpty());
 }
 
-TEST_F(LocalKeyMonitorTest, AbandonPassesTheRemainingRepeatsOfAPress) {
+TEST_F(LocalKeyMonitorTest, RepeatsOfAPressReachTheWindowsAfterAbandon) {
     startOnce();
     play({returnKey});
     monitor->abandon();

@@ -172,7 +172,8 @@ TEST_F(KWinWaylandTest, DestructorUnloadsTheScriptAndLeavesNoFile) {
     }
 }
 
-// KWin gives the next script the number of the second one.
+// KWin numbers a script by the count of scripts. After the first script is unloaded, the next one
+// gets the number that the second one still has.
 TEST_F(KWinWaylandTest, ReportsAlthoughAnotherScriptHasTheSameNumber) {
     startKWin();
     const int first = loadOtherScript("first");
