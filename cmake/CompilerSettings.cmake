@@ -14,8 +14,8 @@ set(GLIDEMAP_DRIVER_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/glidemap)
 # ccache supports precompiled headers only with this setting. It then ignores macros and times in precompiled headers,
 # which do not affect this build.
 #
-# A build folder keeps the choice of its first configuration. Otherwise a first build without ccache, as by scripts/run,
-# would be compiled again as soon as scripts/test has installed ccache.
+# If ccache is installed, builds use it. A build folder keeps the choice of its first configuration. Otherwise everything
+# in it would be compiled again as soon as ccache is installed.
 find_program(CCACHE ccache)
 set(GLIDEMAP_CCACHE "${CCACHE}" CACHE STRING "the compiler cache of this build folder; NOTFOUND for none")
 if(GLIDEMAP_CCACHE)
