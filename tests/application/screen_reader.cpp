@@ -73,19 +73,21 @@ bool ScreenReader::isListening() const {
 }
 
 bool ScreenReader::hears(const std::vector<std::string>& parts) {
-    return waitUntil([&] {
-        const std::string spoken = transcript();
-        std::size_t end = heard;
-        for (const std::string& part : parts) {
-            const std::size_t start = spoken.find(part, end);
-            if (start == std::string::npos) {
-                return false;
-            }
-            end = start + part.size();
+    return waitUntil([&] { return hasSpoken(parts); });
+}
+
+bool ScreenReader::hasSpoken(const std::vector<std::string>& parts) {
+    const std::string spoken = transcript();
+    std::size_t end = heard;
+    for (const std::string& part : parts) {
+        const std::size_t start = spoken.find(part, end);
+        if (start == std::string::npos) {
+            return false;
         }
-        heard = end;
-        return true;
-    });
+        end = start + part.size();
+    }
+    heard = end;
+    return true;
 }
 
 std::string ScreenReader::transcript() const {

@@ -21,10 +21,13 @@ public:
     // Waits until Orca has started and processes events.
     explicit ScreenReader(const ApplicationStage& stage);
 
-    // Waits until Orca has spoken these texts in this order, after the texts that earlier calls have
-    // found. Pass short texts, because versions of Orca differ in the names of roles and in how they
-    // group utterances.
+    // Waits until Orca has spoken these texts in this order, after the texts that earlier calls
+    // have found. Pass short texts, because versions of Orca differ in the names of roles and in
+    // how they group utterances.
     bool hears(const std::vector<std::string>& parts);
+
+    // Returns whether Orca has already spoken these texts. Otherwise like hears().
+    bool hasSpoken(const std::vector<std::string>& parts);
 
     // Returns everything that was spoken, one utterance per line.
     std::string transcript() const;
