@@ -98,20 +98,37 @@ TEST_P(ProgramTest, AlertAboutAMissingStatusBarDoesNotStealTheKeyboardFocus) {
     }
     Program::Command logging = command();
     logging.environment["GLIDEMAP_LOG"] = "1";
-    Program glidemap(logging);
     const SeenWorkspace seen;
-    seen.expectFrontmost(identifier);
-    const auto other = open("other");
-    seen.expectRunning({"other"});
-    desktop->activate("other");
-    seen.expectFrontmost("other");
+    std::optional<Program> glidemap;
+    std::unique_ptr<Program> other;
+    // The alert is due ten seconds after the start. On a very busy machine, the other window may
+    // come forward too late, and the alert is then shown immediately. This function returns whether
+    // it was in time.
+    const auto otherWindowIsInFrontInTime = [&] {
+        glidemap.reset();
+        std::filesystem::remove(logFile());
+        glidemap.emplace(logging);
+        seen.expectFrontmost(identifier);
+        other = open("other");
+        seen.expectRunning({"other"});
+        desktop->activate("other");
+        seen.expectFrontmost("other");
+        EXPECT_TRUE(waitForLog("the alert "));
+        return contentOf(logFile()).find("the alert is shown") == std::string::npos;
+    };
+    constexpr int maxAttempts = 5;
+    int attempts = 1;
+    while (!otherWindowIsInFrontInTime()) {
+        ASSERT_LT(attempts++, maxAttempts) << contentOf(logFile());
+        other.reset();
+    }
     EXPECT_TRUE(waitForLog("the alert waits until Glidemap is in front"));
     seen.expectFrontmost("other");
     logging.environment["XDG_ACTIVATION_TOKEN"] = desktop->activationToken();
     Program again(logging);
     EXPECT_EQ(again.finish(), 0) << contentOf(logFile());
     EXPECT_TRUE(waitForLog("the alert is shown"));
-    expectEnd(glidemap);
+    expectEnd(*glidemap);
 }
 
 TEST_P(ProgramTest, StatusItemAppearsIfTheDesktopHasAStatusBar) {
