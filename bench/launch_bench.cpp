@@ -1,6 +1,6 @@
-// launch_bench [--desktop] [--launches N]: measures the time from the request to launch an application until
-// the program's first instructions. Compares it with a bare process that starts the same program
-// with posix_spawn. The two kinds of launches alternate.
+// launch_bench [--desktop] [--launches N]: measures the time from the request to launch an
+// application until the program's first instructions. Compares it with a bare process that starts
+// the same program with posix_spawn. The two kinds of launches alternate.
 //
 // This process allocates as much memory as Glidemap uses with its window open, because forking a
 // process costs time for each page. Without --desktop, windows are not tracked, so the figures

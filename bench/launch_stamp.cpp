@@ -1,6 +1,6 @@
 // launch_stamp PIPE: the program that launch_bench launches. It writes its start time, in
-// nanoseconds of the monotonic clock, and whether it has received a launch token, to the named pipe. Statically linked, so that the measurement
-// excludes the dynamic loader.
+// nanoseconds of the monotonic clock, and whether it has received a launch token, to the named
+// pipe. Statically linked, so that the measurement excludes the dynamic loader.
 #include <fcntl.h>
 #include <unistd.h>
 

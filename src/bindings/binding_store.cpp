@@ -1,7 +1,7 @@
-// How a binding is matched: of the enabled bindings for the gesture, the first one for the frontmost
-// application is used, or else the first global one. If the frontmost application is unknown, only
-// global bindings count. If nothing matches a circle of one direction, GestureDispatcher tries the
-// circle of any direction.
+// How a binding is matched: of the enabled bindings for the gesture, the first one for the
+// frontmost application is used, or else the first global one. If the frontmost application is
+// unknown, only global bindings count. If nothing matches a circle of one direction,
+// GestureDispatcher tries the circle of any direction.
 //
 // How bindings are saved: every change writes the whole list to Glidemap/bindings.json in the
 // folder for application data, atomically and for the owner only. A failed save is retried on the

@@ -40,8 +40,8 @@ public:
     ClickTap& operator=(const ClickTap&) = delete;
     virtual ~ClickTap() = default;
 
-    // Returns false if the permission is missing. Whether a new tap is enabled depends on the system,
-    // so call setEnabled() next.
+    // Returns false if the permission is missing. Whether a new tap is enabled depends on the
+    // system, so call setEnabled() next.
     virtual bool create(Callback callback) = 0;
     virtual void setEnabled(bool enabled) = 0;
     virtual void remove() = 0;

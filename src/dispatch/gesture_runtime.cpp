@@ -4,8 +4,8 @@
 
 namespace glidemap {
 
-// The click demand must exist before the click monitor starts. Otherwise a tap that no binding
-// needs would start.
+// The click demand must exist before the click monitor starts. Otherwise the monitor would start
+// the click tap even if no binding needs it.
 GestureRuntime::GestureRuntime(Parts connected)
     : parts(std::make_shared<const Parts>(std::move(connected))),
       clicks(parts->clickTap, [engine = parts->engine] { return engine->touchingCount(); }),

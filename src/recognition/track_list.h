@@ -31,7 +31,7 @@ public:
     void begin(std::int32_t finger, double time, PadPoint position, LiveIndex& live);
     void end(std::size_t index, double time);
 
-    // Removes all tracks and keeps the memory for two hands.
+    // Removes all tracks. Keeps the memory for the fingers of two hands, and frees the rest.
     void clear();
 
     std::size_t size() const { return count; }

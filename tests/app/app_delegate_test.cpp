@@ -346,8 +346,8 @@ TEST_F(AppDelegateTest, QuittingFromTheMenuEndsTheProgram) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
 }
 
-// A status bar that draws the menu itself may read it at any time, so the next two tests do not open
-// the menu.
+// A status bar that draws the menu itself may read it at any time, so the next two tests do not
+// open the menu.
 TEST_F(AppDelegateTest, MenuIsAlwaysUpToDateIfTheStatusBarDrawsIt) {
     stage->statusBar->become(StatusBar::Kind::drawsItself);
     relaunch();

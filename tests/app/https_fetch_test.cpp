@@ -319,8 +319,8 @@ TEST_F(HttpsFetchTest, EndlessResponseIsCutOff) {
         SCOPED_TRACE(row.what);
         const qint64 before = server.bytesTaken();
         HttpsFetchSetup setup = trusting();
-        // This limit also ends an endless header, because data received before the header is complete
-        // does not restart it.
+        // This limit also ends an endless header, because data received before the header is
+        // complete does not restart it.
         setup.silence = 1s;
         server.setAnswer(test::pour(row.start, 1'000'000'000));
         expectNothing(fetch(setup));

@@ -20,7 +20,8 @@ public:
     // The pipe that the staged driver reads.
     const std::filesystem::path& pipe() const { return path; }
 
-    // Call this after the program has started to read the touchpad; it misses earlier gestures.
+    // Call this after the program has started to read the touchpad, because the program misses
+    // earlier gestures.
     void make(GestureType gesture);
 
 private:

@@ -7,7 +7,8 @@ namespace glidemap::test {
 
 const Environment settingsInFile = {{"GSETTINGS_BACKEND", "keyfile"}};
 
-// Starts the backend first: otherwise the bus would start it without a display.
+// Starts the backend itself, and before the portal that calls it, because the private bus starts no
+// services.
 SettingsPortal::SettingsPortal(const PanelDesktop& desktop, const std::string& backend,
                                const Environment& more)
     : backendProgram(desktop.start({serviceProgram(backend)}, more)) {

@@ -220,7 +220,8 @@ void XDisplay::ask(std::uint32_t window, const char* message, std::uint32_t deta
         xcb_get_input_focus_reply(_connection, xcb_get_input_focus(_connection), nullptr));
 }
 
-// Returns the server's time. Appending nothing to a property causes an event that contains the time.
+// Returns the server's time. Appending nothing to a property causes an event that contains the
+// time.
 std::uint32_t XDisplay::currentTime() const {
     const std::uint32_t window = createWindow({0, 0, 1, 1});
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;

@@ -83,8 +83,9 @@ TEST_P(ApplicationsTest, RunningApplicationsAreKnownOnStart) {
 }
 
 // The window's app ID does not match the entry, so only the program itself can bring its window
-// forward. It needs the token for that. This test precedes those that launch a process: GIO keeps one
-// connection to a bus, and a launch may leave it with an unfinished call to the first test's bus.
+// forward. It needs the token for that. This test must run before those that launch a process: GIO
+// keeps one connection to a bus, and a launch may leave an unfinished call to the first test's bus
+// on that connection.
 TEST_P(ApplicationsTest, ApplicationActivatedOverTheBusComesForwardWithItsToken) {
     if (const std::string why = GetParam().whyTokenBringsNothingForward(); !why.empty()) {
         GTEST_SKIP() << why;

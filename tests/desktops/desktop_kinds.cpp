@@ -88,7 +88,7 @@ std::vector<DesktopKind> describeAll() {
         {.name = "Labwc",
          .missing = needs({"labwc"}),
          .start = startLabwc,
-         .workspaces = Workspaces::one, // it has several, but only key presses switch them
+         .workspaces = Workspaces::one, // labwc has more, but only key presses switch them
          .token = LaunchTokenKind::both,
          .whyTokenBringsNothingForward =
              [] { return "labwc 0.8 requires a token with an input serial"; },

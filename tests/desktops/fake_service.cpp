@@ -90,8 +90,8 @@ void FakeService::State::disconnect() {
     g_clear_pointer(&node, g_dbus_node_info_unref);
 }
 
-// Runs the work on the service's thread, so that a change or a signal never overtakes the reply to an
-// earlier call.
+// Runs the work on the service's thread, so that a change or a signal never overtakes the reply to
+// an earlier call.
 void FakeService::State::run(const std::function<void()>& work) {
     if (std::this_thread::get_id() == threadId) {
         work(); // called by a method

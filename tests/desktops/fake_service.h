@@ -1,8 +1,8 @@
 // A fake service on a test's bus. It has the interface of a real service and records its calls.
 //
 // The journal has lines "NAME.METHOD(ARGUMENTS)", "NAME get PROPERTY" and "NAME set PROPERTY
-// VALUE", where NAME is the last part of the bus name. The line "NAME: no callers left" follows when
-// the last caller has left the bus, after all its calls.
+// VALUE", where NAME is the last part of the bus name. The line "NAME: no callers left" follows
+// when the last caller has left the bus, after all its calls.
 //
 // Thread:  created and destroyed on the test's thread; replies on its own thread.
 // Owner:   a test; destroy it before its bus.
@@ -49,8 +49,8 @@ public:
     void refuse(const std::string& method);
     void keepSilent(const std::string& method);
 
-    // A boolean property is false until the test or a client sets it. Only setAndAnnounce() announces the
-    // change, from the object at `path`.
+    // A boolean property is false until the test or a client sets it. Only setAndAnnounce()
+    // announces the change, from the object at `path`.
     void set(const std::string& property, bool value);
     void setText(const std::string& property, const std::string& value);
     void setAndAnnounce(const std::string& property, bool value, const std::string& interface,

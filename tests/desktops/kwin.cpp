@@ -36,8 +36,9 @@ KWin::KWin(Extent wanted) : extent(wanted), settings(plainEnvironment(folder.pat
     settings["WAYLAND_DISPLAY"] = "wayland-kwin";
     settings["XDG_CURRENT_DESKTOP"] = "KDE";
     // The tests run a copy, which lacks the installed file's capability. A machine that withholds
-    // the capability refuses to execute the installed file, and a process with the capability would
-    // outlive the test.
+    // the capability refuses to execute the installed file. Also, the kernel clears the death
+    // signal when a process executes a file with a capability, so the process could outlive the
+    // test.
     std::filesystem::copy_file(installed, folder.path() / "kwin_wayland");
 }
 

@@ -24,8 +24,8 @@ public:
 
     explicit KWin(Extent extent = Extent::windows);
 
-    // Installs a desktop entry for the test program, so that it may use protected interfaces. By
-    // default, these are those of Glidemap's entry. Call before start().
+    // Installs a desktop entry for the test program, so that it may use protected interfaces. The
+    // default value lists the interfaces in Glidemap's entry. Call this before start().
     void
     installThisProgram(const std::string& interfaces = "org_kde_plasma_window_management") const;
 

@@ -107,7 +107,7 @@ void PrivateBus::waitForName(const std::string& name) const {
 void PrivateBus::makeStartable(const std::string& name, const std::string& command) const {
     folder.write("services/" + name + ".service",
                  "[D-BUS Service]\nName=" + name + "\nExec=" + command + "\n");
-    // The bus would otherwise find the new file only some time later.
+    // Without this call, the bus might find the new file only after the test needs it.
     GVariant* const done = call("org.freedesktop.DBus", "/org/freedesktop/DBus",
                                 "org.freedesktop.DBus", "ReloadConfig", nullptr);
     if (done != nullptr) {

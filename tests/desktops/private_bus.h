@@ -39,8 +39,8 @@ public:
 
     void kill();
 
-    // Stops the process. The bus still accepts connections but does not respond, so the test's own
-    // calls block, too.
+    // Suspends the bus process until goOn(). The bus still accepts connections but does not
+    // respond, so the test's own calls block, too.
     void stop() const;
     void goOn() const;
 

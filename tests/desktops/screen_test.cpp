@@ -57,8 +57,8 @@ protected:
     bool refused = false;
 };
 
-// If no service can lock the screen, lock() calls its callback. In the program, the callback types a
-// shortcut.
+// If no service can lock the screen, lock() calls its callback. In the program, the callback types
+// a shortcut.
 TEST_P(LockTest, ScreenLocksOrFailureIsReported) {
     LinuxScreenLock screenLock(thread, queue, {longWait, longWait, longWait});
     ASSERT_TRUE(screenLock.find());

@@ -8,9 +8,9 @@ namespace glidemap::test {
 
 namespace {
 
-// sway runs the `exec` command when clients can connect; the command writes to sway's output.
-// swaybar_command does nothing: the test's bus belongs to a different user than sway, so a test
-// that needs the bar starts the bar itself, on that bus.
+// sway runs the `exec` command when clients can connect; the command writes to sway's output. sway
+// starts no bar (`swaybar_command true`), because it may run as a different user than the test's
+// bus. A test that needs the bar starts the bar itself, on that bus.
 constexpr const char* config = R"(xwayland disable
 seat seat0 fallback true
 bar {

@@ -1,9 +1,9 @@
 // glidemap-test-window APP_ID TITLE: one small grey window on a Wayland desktop.
 //
 // The program prints "shown" when its window is on the screen. Like toolkits, it uses a launcher's
-// activation token. A line "activate TOKEN" of standard input activates the window with the token,
-// and the program confirms it with "activated". Each other line becomes the window's title, and the
-// program confirms it with "titled". The end of the input ends the program.
+// activation token. A line "activate TOKEN" on standard input activates the window with the token,
+// and the program then prints "activated". Each other line becomes the window's title, and the
+// program then prints "titled". The end of the input ends the program.
 
 #include <poll.h>
 #include <sys/mman.h>

@@ -24,9 +24,9 @@ constexpr std::array upDown = {Exchange{"Up", "Down"}, Exchange{"Above", "Below"
                                Exchange{"Top", "Bottom"},
                                Exchange{"Clockwise", "Counterclockwise"}};
 
-// Returns the gesture whose name has one word replaced by its opposite, or `gesture` if its name has
-// no such word. The result is derived from the names, so that it does not depend on how the program
-// groups the gestures.
+// Returns the gesture whose name has one word replaced by its opposite, or `gesture` if its name
+// has no such word. The result is derived from the names, so that it does not depend on how the
+// program groups the gestures.
 GestureType exchanged(GestureType gesture, std::span<const Exchange> exchanges) {
     const std::string name(rawValue(gesture));
     for (const auto& [one, other] : exchanges) {

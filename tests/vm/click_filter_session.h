@@ -3,7 +3,7 @@
 //
 // Thread:  a test's; the driver calls the filter on its own thread.
 // Owner:   a test; one at a time, within the life of a DriverSession.
-// Errors:  a driver without a click filter's functions fails the test.
+// Errors:  a driver without the click filter's functions fails the test.
 #pragma once
 
 #include "driver_session.h"

@@ -50,16 +50,16 @@ TEST_F(CloneReadersTest, TouchpadIsGrabbedEvenIfOneOfTwoReadersClosesTheClone) {
     close(reader);
 }
 
-// If a notification of a close were lost, the driver would assume a reader, and no program would
-// receive the touchpad's events.
+// If the driver missed that a program closed the clone, it would still count the program as a
+// reader and grab the touchpad. No program would then receive the touchpad's events.
 TEST_F(CloneReadersTest, TwoProgramsThatOpenAndCloseTheCloneDoNotCountAsReaders) {
     filter.switchOn(true);
     clone = waitForClone();
     {
         const Punctual beforeTheDriver;
         const int first = open();
-        // The kernel merges identical consecutive notifications. Opening another node in between
-        // keeps those of the two openings separate.
+        // The kernel merges identical consecutive notifications. The test opens another node in
+        // between, so that the clone's two openings cause two notifications.
         close(::open(pad.node().c_str(), O_RDONLY | O_CLOEXEC));
         const int second = open();
         close(first);

@@ -143,7 +143,7 @@ TEST(CloneTest, CloneFramesKeepTheTouchpadsOrderAndTimes) {
     }
 }
 
-TEST(CloneTest, FrameThatTheDriverReadsLateKeepsTheTouchpadsTime) {
+TEST(CloneTest, FrameThatTheDriverReadsLateKeepsItsTimestamp) {
     ForwardedPad forwarded;
     if (!kernelTakesGivenTimes(forwarded)) {
         GTEST_SKIP() << "this kernel stamps events with its own times";

@@ -83,8 +83,8 @@ std::vector<PadEvent> DeviceReader::keys() const {
     return found;
 }
 
-// Tries to grab the device for a moment. Meanwhile, other programs cannot grab the device and receive
-// none of its events.
+// Tries to grab the device for a moment. During that moment, other programs cannot grab the device,
+// and they receive none of its events.
 bool DeviceReader::isGrabbedByAnother() const {
     if (ioctl(descriptor, EVIOCGRAB, 1) != 0) {
         return true;

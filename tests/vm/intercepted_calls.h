@@ -27,8 +27,8 @@ public:
     InterceptedCalls& operator=(const InterceptedCalls&) = delete;
     ~InterceptedCalls();
 
-    // At the next call of this kind: runs `before` just before the kernel's call, and `later` before
-    // the same thread waits for its next event.
+    // At the next call of this kind: runs `before` just before the kernel's call, and `later`
+    // before the same thread waits for its next event.
     void atNext(Call call, Action before, Action later);
 
     // Waits until both functions have returned. Returns false after a time-out.

@@ -1,6 +1,6 @@
 // Switches between two sessions of a real logind on a real seat. A fake replaces the service
-// manager, and only reports that each session's scope has started. The test puts the program into
-// its scope's control group.
+// manager, and only reports that each session's scope has started. So the test itself puts the
+// program into the control group of its session's scope.
 
 #include "agent_session.h"
 #include "deadline.h"

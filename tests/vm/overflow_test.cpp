@@ -41,8 +41,8 @@ protected:
         }
     }
 
-    // Returns the reports after releaseReports(). There are fewer reports than frames, because the
-    // kernel has dropped events.
+    // Calls releaseReports() and returns the reports that follow those of SetUp(). They are fewer
+    // than the frames, because the kernel has dropped events.
     std::vector<SeenContacts> afterRelease() {
         EXPECT_TRUE(session.releaseReports());
         session.settle(pad);

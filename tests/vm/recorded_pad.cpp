@@ -40,8 +40,8 @@ void readBits(std::istringstream& fields, int& nextKey, PadShape& shape) {
 
 // `A: code minimum maximum fuzz flat resolution`; older recordings omit the resolution.
 //
-// The virtual touchpad gets no fuzz. The kernel has already filtered the recorded events with it,
-// and would drop more events.
+// The virtual touchpad gets no fuzz. The kernel had already filtered the events when they were
+// recorded, and would drop more events if it filtered them again.
 void readAxis(std::istringstream& fields, PadShape& shape) {
     int code = 0;
     std::int32_t fuzz = 0;

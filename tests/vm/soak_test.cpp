@@ -3,8 +3,8 @@
 // middle of a touch, inactive sessions, sleep, and locked screens. libinput reads the clones, as on
 // a desktop.
 //
-// After every few actions, the agent must recognise a tap, forward the touchpad and hold no key. Its
-// resources are measured after the first minute and at the end: the numbers of descriptors and
+// After every few actions, the agent must recognise a tap, forward the touchpad and hold no key.
+// Its resources are measured after the first minute and at the end: the numbers of descriptors and
 // threads must not have changed, and the memory may have grown only slightly. After the agent has
 // exited, no clone, keyboard or grab may remain.
 //
@@ -51,7 +51,8 @@ using testing::IsEmpty;
 constexpr const char* keyboardName = "Glidemap Keyboard";
 constexpr const char* marker = "threeFingerTap";
 
-// The memory may grow, because the program keeps recent gestures and its libraries keep freed memory.
+// The memory may grow, because the program keeps recent gestures, and its libraries keep freed
+// memory.
 constexpr long maxGrowth = 2048; // KiB
 
 // In seconds, long enough that two gestures do not count as one gesture.
@@ -200,8 +201,8 @@ protected:
         agent->send(SIGCONT);
     }
 
-    // Makes the session inactive or lets the machine sleep, depending on `set`. Then makes it active
-    // or wakes it again: sometimes so soon that the program may not notice the first change.
+    // Makes the session inactive or lets the machine sleep, depending on `set`. Then undoes the
+    // change, sometimes so soon that the program may not notice it.
     void leave(const std::function<void(bool away)>& set, const std::function<void()>& expectMore) {
         const bool touched = random(2) == 0;
         if (touched) {

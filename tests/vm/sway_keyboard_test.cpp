@@ -104,7 +104,7 @@ protected:
 
     // Types Control+T until sway reports it without the held Shift. sway reads its socket and the
     // keyboards in any order, so it may handle the first shortcuts before the command that gives
-    // our keyboard its own keymap.
+    // the virtual keyboard its own keymap.
     bool becomesPlain(UinputKeyboard& keyboard) {
         const Deadline deadline;
         while (!deadline.passed()) {

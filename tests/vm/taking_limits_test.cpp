@@ -1,4 +1,5 @@
-// Tests clones that no program reads: the driver does not grab the touchpad, and reports the reason.
+// Tests clones that no program reads: the driver does not grab the touchpad, and reports the
+// reason.
 
 #include "click_filter_session.h"
 #include "driver_session.h"

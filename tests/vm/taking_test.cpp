@@ -93,7 +93,7 @@ protected:
         ASSERT_TRUE(calls.wait()) << "the driver did not grab or release the touchpad";
     }
 
-    // Clicks until the driver asks the filter.
+    // Clicks until the driver calls the click filter, which shows that it has grabbed the touchpad.
     void clickUntilAsked(const ClickFilterSession& filter) {
         const Deadline deadline;
         while (filter.asked().empty()) {

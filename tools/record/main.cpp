@@ -93,8 +93,8 @@ int record(const Options& options) {
         engine->stop();
         return printError("this touch driver does not support recording");
     }
-    // Print this after the start, so that every touch after the message is recorded. A driver that
-    // plays recordings has no device names.
+    // The message follows the start, so that every touch after the message is recorded. The names
+    // are empty for a driver that plays recordings.
     const std::string names = touchpads.names();
     std::fprintf(stderr, "Recording%s%s; press Ctrl-C to stop.\n", names.empty() ? "" : " ",
                  names.c_str());

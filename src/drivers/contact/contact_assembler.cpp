@@ -174,9 +174,9 @@ std::size_t ContactAssembler::reportedFingers() const {
         slots, [](const Slot& slot) { return slot.down && slot.values.distance <= 0; }));
 }
 
-// A pad's finger count is used only if the pad cannot report all fingers, because it has fewer slots
-// or reports a bounding box. On other pads the slots are correct, and a different count is late or
-// wrong.
+// A pad's finger count is used only if the pad cannot report all fingers, because it has fewer
+// slots or reports a bounding box. On other pads the slots are correct, and a different count is
+// late or wrong.
 std::size_t ContactAssembler::missingFingers() const {
     const std::size_t counted = countedFingers();
     const std::size_t reported = reportedFingers();

@@ -42,9 +42,9 @@ public:
     // Removes one stand-in and returns its record if more than `fingers` exist.
     std::optional<MTTouch> removeBeyond(std::size_t fingers);
 
-    // Moves each stand-in together with its anchor, then adds stand-ins until `fingers` exist. If an
-    // anchor has left, its stand-in keeps its position and follows another contact. `contacts` are
-    // the contacts of this report. They may be empty only if `fingers` is 0.
+    // Moves each stand-in together with its anchor, then adds stand-ins until `fingers` exist. If
+    // an anchor has left, its stand-in keeps its position and follows another contact. `contacts`
+    // are the contacts of this report. They may be empty only if `fingers` is 0.
     void update(std::span<const MTTouch> contacts, std::size_t fingers,
                 ContactIdentifiers& identifiers);
 

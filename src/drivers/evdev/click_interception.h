@@ -41,8 +41,8 @@ public:
     // touchpads that could not be cloned before.
     unsigned attempt() const { return attempts; }
 
-    // Returns whether the driver must check its touchpads again: since the last call, the filter was
-    // set or switched, or a touchpad that had to wait may introduce its clone now.
+    // Returns whether the driver must check its touchpads again: since the last call, the filter
+    // was set or switched, or a touchpad that had to wait may introduce its clone now.
     bool takeChange() { return std::exchange(hasChanged, false); }
 
     // Returns whether the filter drops a button change of a forwarded touchpad. Returns false while

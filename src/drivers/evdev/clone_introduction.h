@@ -29,7 +29,8 @@ public:
     // The time that a program gets after it has opened the clone. The program discards events until
     // it has set the clock and read the state.
     static constexpr std::chrono::milliseconds readerGracePeriod{100};
-    // Replaces readerGracePeriod if the system does not report whether a program has opened the clone.
+    // Replaces readerGracePeriod if the system does not report whether a program has opened the
+    // clone.
     static constexpr std::chrono::milliseconds unknownReaderGracePeriod{500};
 
     explicit CloneIntroduction(Moment madeAt) : deadline(madeAt + patience) {}

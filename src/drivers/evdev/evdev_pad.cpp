@@ -361,7 +361,8 @@ double EvdevPad::ungrab() {
     return release();
 }
 
-// Restoring the state takes many system calls, so it checks for a touch before and afterwards.
+// Restoring the state takes many system calls, and a touch may begin meanwhile. So this function
+// checks for a touch before and afterwards, and keeps the grab if there is one.
 std::optional<double> EvdevPad::ungrabBetweenTouches() {
     if (libevdev_has_event_pending(device.get()) > 0 || isTouched()) {
         return std::nullopt;

@@ -67,8 +67,8 @@ public:
     // any more.
     virtual bool write(std::span<const InputEvent> frame) = 0;
 
-    // Removes the device. The kernel then releases its contacts and keys, and later writes fail. May
-    // be called on any thread, also while another thread writes.
+    // Removes the device. The kernel then releases its contacts and keys, and later writes fail.
+    // May be called on any thread, also while another thread writes.
     virtual void destroy() = 0;
 };
 

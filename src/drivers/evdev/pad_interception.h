@@ -16,14 +16,15 @@
 // neutral: no finger is down, no key is pressed, and all events have been read
 //
 // A program that received the beginning of a touch must also receive the rest of it. If a touch
-// began before the grab took effect, the driver releases the touchpad immediately, and grabs it when
-// that touch has ended. If a touch begins before the release takes effect, the driver keeps the grab
-// or grabs the touchpad again, and forwards the touch.
+// began before the grab took effect, the driver releases the touchpad immediately, and grabs it
+// when that touch has ended. If a touch begins before the release takes effect, the driver keeps
+// the grab or grabs the touchpad again, and forwards the touch.
 //
 // A clone in the state "leaving" sends no events. It exists for another second, because the kernel
 // discards unread events when a device is removed.
 //
-// Thread:  under the driver's lock. add(), endFrame(), settle() and disconnect() on the reader's thread.
+// Thread:  under the driver's lock. add(), endFrame(), settle() and disconnect() on the reader's
+//          thread.
 // Owner:   PadConnection, beside the pad.
 // Errors:  a touchpad that cannot be cloned or grabbed keeps working without the filter. If
 //          creating the clone fails or no program opens it, the driver retries when the filter is

@@ -39,7 +39,8 @@ struct ThreadedDelayedWork::State {
     std::condition_variable changed;
     std::vector<Waiting> heap;
     std::uint64_t nextNumber = 0;
-    // stop() increments this number. A thread runs only items of its own generation.
+    // stop() increments this number. A thread exits when the number differs from the one with which
+    // it was started.
     std::uint64_t generation = 0;
     std::thread thread;
 

@@ -164,8 +164,8 @@ SingleInstance::SingleInstance(const std::filesystem::path& folderForBoth) {
 
 SingleInstance::~SingleInstance() = default;
 
-// Opens the lock file. If this fails, for example because the file is a link or a pipe, replaces the
-// file: the folder is private, so only this user can have created it.
+// Opens the lock file. If this fails, for example because the file is a link or a pipe, replaces
+// the file: the folder is private, so only this user can have created it.
 bool SingleInstance::openLock() {
     constexpr int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     const auto attempt = [this] {

@@ -47,7 +47,8 @@ QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
 } // namespace
 
 // Draws the card with its arrow and shadow, behind and around the popover. The drawing is cached as
-// a pixmap, because drawing is expensive and each repaint of the window below repaints the backdrop.
+// a pixmap, because drawing is expensive and each repaint of the window below repaints the
+// backdrop.
 class Popover::Backdrop : public QWidget {
 public:
     explicit Backdrop(QWidget* parent) : QWidget(parent) {
@@ -107,7 +108,7 @@ Popover::Popover(QWidget* anchor, QWidget* content)
         placeSoon();
     });
     connect(anchor, &QObject::destroyed, this, [this] {
-        this->anchor = nullptr; // QPointers to the anchor are not null yet during destroyed()
+        this->anchor = nullptr; // a QPointer to the anchor is not yet null during destroyed()
         onClosed = {};
         dismiss();
     });

@@ -8,8 +8,8 @@
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   its window. The sheet deletes itself after closing.
-// Errors:  none. The sheet grows with its content's minimum width. On a small screen it shrinks, and
-//          its content scrolls.
+// Errors:  none. The sheet grows with its content's minimum width. On a small screen it shrinks,
+//          and its content scrolls.
 #pragma once
 
 #include "ui/controls/slide.h"

@@ -47,8 +47,8 @@ Frame frame(GestureType gesture, double t);
 // Returns the progress of a movement that starts and ends slowly. x is clamped to 0..1.
 double smoothstep(double x);
 
-// Returns the opacity of a finger that is visible between two times: 0 outside them, and 1 if both
-// are at least `fade` seconds away.
+// Returns the opacity of a finger that is visible between two times: 0 before the first and after
+// the second, and 1 if `t` is at least `fade` seconds away from both.
 double env(double t, double from, double to, double fade);
 
 // Returns the fingertips of a hand from left to right. The outer fingers are slightly lower.

@@ -1,8 +1,8 @@
 // The keys that the user can choose from a list instead of pressing them, and a search for that
 // list.
 //
-// A key matches by its name and its group's name in either language, and by its label. Print Screen
-// also matches "F13".
+// A key matches by its name and its group's name in either language, and by its label. The label of
+// Print Screen is "F13".
 //
 // Units:   virtual key codes.
 // Thread:  any.

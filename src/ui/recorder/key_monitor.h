@@ -2,14 +2,14 @@
 //
 // The monitor also swallows the auto-repeats and the release of a captured press, even after it has
 // stopped. Otherwise a Return that is held slightly too long would press the default button. While
-// it runs, it also swallows the auto-repeats of keys that were pressed before it started: one of
-// them may be the key that started the recording.
+// it runs, it also swallows the auto-repeated presses of keys that were pressed before it started:
+// one of them may be the key that started the recording.
 //
 // Thread:  the main thread.
 // Owner:   ToolkitKeyPresses, which reports the monitor's events. After the monitor's destruction,
 //          key events are delivered normally.
-// Errors:  none. If another program received the release of a key, the monitor does not wait for
-//          it: the next press of that key is a new press.
+// Errors:  none. If another program received the release of a captured key, the next press of that
+//          key counts as a new press.
 #pragma once
 
 #include <QObject>

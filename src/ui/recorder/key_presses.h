@@ -44,7 +44,8 @@ public:
     // ones.
     virtual void stop() = 0;
 
-    // Like stop(), but no longer swallows the auto-repeats and releases of captured presses.
+    // Like stop(), but no longer swallows the auto-repeats and releases of captured presses. A
+    // class whose stop() still swallows these events must override this function.
     virtual void abandon() { stop(); }
 
     // Returns whether a captured key is still pressed.

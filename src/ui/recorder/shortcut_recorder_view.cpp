@@ -105,8 +105,9 @@ void ShortcutRecorderView::stopRecording() {
 }
 
 // While recording in the active window, captures the keys that the desktop reserves for itself. In
-// other windows, these keys work normally. Afterwards waits until the keys are released: the
-// auto-repeats of a recorded Alt+F4 would close the window.
+// other windows, these keys work normally. After a recording, capturing continues until all
+// captured keys are released: the auto-repeats of a recorded Alt+F4 would otherwise close the
+// window.
 void ShortcutRecorderView::updateDesktopKeyCapture() {
     if (!recording && !isActiveWindow()) {
         captureLimit.stop(); // another window may receive the releases

@@ -3,8 +3,8 @@
 // second button lets the user choose a shortcut from a list instead.
 //
 // While recording in the active window, the row also captures the keys that the desktop reserves
-// for itself. This lasts at most thirty seconds, because a screen locker needs exclusive use of the
-// keyboard.
+// for itself. Capturing lasts at most thirty seconds, because a screen locker needs exclusive use
+// of the keyboard.
 //
 // Units:   points.
 // Thread:  the main thread.

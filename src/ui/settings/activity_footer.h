@@ -1,11 +1,11 @@
-// The line at the bottom of the settings window, which shows the last recognised gesture. It shows
-// that the trackpad works, even before the first binding exists.
+// The line at the bottom of the settings window, which shows the last recognised gesture. Users can
+// see that the trackpad works, even before the first binding exists.
 //
 // GestureDispatcher adds each gesture to its list of recent gestures on the main thread, after the
 // gesture's action, and announces the change. SettingsView observes the list and displays the first
 // entry; while the window is hidden, it waits until the window is shown. The list omits gestures
-// made while Glidemap is switched off or the session is locked, clicks that pass, and gestures
-// whose action reached the main thread too late (TimelyQueue).
+// made while Glidemap is switched off or the session is locked, clicks that are not consumed, and
+// gestures whose action reached the main thread too late (TimelyQueue).
 //
 // Units:   points.
 // Thread:  the main thread.

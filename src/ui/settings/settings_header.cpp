@@ -216,8 +216,8 @@ SettingsHeader::Arrangement SettingsHeader::arrangement() const {
 
 // The header uses one line if the title fits on one line and the subtitle on two, in both
 // languages, so that a language change does not move anything. English texts are always longer than
-// the Chinese ones. Chinese texts are therefore not measured until they are shown, because measuring
-// them loads their font.
+// the Chinese ones. Chinese texts are therefore not measured until they are shown, because
+// measuring them loads their font.
 void SettingsHeader::measure() {
     whole->activate(); // updates the cached sizes of the inner layouts
     StyledLabel wholeSubtitle(TextStyle::caption, Role::secondary);
@@ -252,8 +252,8 @@ void SettingsHeader::arrange() {
                                                   : QBoxLayout::LeftToRight);
 }
 
-// After a theme change, the controls may get larger fonts later than this header is notified, so
-// the header measures again on each layout request.
+// After a theme change, the controls may get their new fonts only after this header has been
+// notified, so the header measures again on each layout request.
 bool SettingsHeader::event(QEvent* event) {
     if (event->type() == QEvent::LayoutRequest) {
         measure();

@@ -1,7 +1,7 @@
 // The colours of the light and the dark appearance, and the QPalettes created from them.
 //
-// Texts have a contrast of at least 4.5:1 with their background, so that they are legible in sunlight
-// and for users with low vision. Drawings and disabled texts have at least 3:1.
+// Texts have a contrast of at least 4.5:1 with their background, so that they are legible in
+// sunlight and for users with low vision. Drawings and disabled texts have at least 3:1.
 //
 // Thread:  any.
 #pragma once

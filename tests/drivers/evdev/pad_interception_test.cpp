@@ -264,7 +264,8 @@ TEST_F(PadInterceptionTest, EventsForAMissingSlotAreNotForwarded) {
     }
 }
 
-// The finger landed between the last read and the grab, so other programs have received its events.
+// The finger landed after the last read and before the attempt to grab, so other programs have
+// already received its events.
 TEST_F(PadInterceptionTest, DoesNotGrabWhileATouchIsUnread) {
     stream->send({fingerDown});
     switchOn();

@@ -67,7 +67,7 @@ TEST(Demonstration, EachSeedPerformsAllGesturesDifferently) {
 
 TEST(Demonstration, PrintsStatistics) {
     const Ended ended = replay({"--demonstrate", "--stats"});
-    // three of the 44 gestures are double taps, which take two sessions each
+    // Three of the 44 gestures are double taps, which take two sessions each.
     EXPECT_THAT(ended.errors, HasSubstr("touch sessions  47\n"));
     EXPECT_THAT(ended.errors, HasSubstr("gestures        44 delivered, 0 dropped\n"));
 }

@@ -44,7 +44,7 @@ def circle(turn):
     def at(t):
         e = s((t - F("0.25")) / F("1.8"))
 
-        def on_it(share):  # of the whole circle, from the top
+        def on_it(share):  # `share` of the whole circle, starting at the top
             angle = turn * 2 * math.pi * float(share)
             return (0.5 + 0.216 * math.sin(angle), 0.5 - 0.3 * math.cos(angle))
 
@@ -212,7 +212,7 @@ GESTURES = {
     "fourFingerLongPress": long_press(4),
 }
 
-# s(x) is 0.02 at x = 0.0838…: a swipe's trail begins at 0.5838…, an edge's at 0.6254….
+# s(x) is 0.02 at x = 0.0838…: a swipe's trail begins at 0.5838…, an edge swipe's at 0.6254….
 MOMENTS = {
     "Circle": "0.15 0.16 0.249 0.25 0.26 0.33 0.45 0.5 0.81 1.2 1.73 2.04 2.06 2.07 2.17 2.249 2.25",
     "fixAnd": "0.2 0.29 0.38 0.99 1 1.01 1.06 1.12 1.25 1.38 1.44 1.499 1.5 1.51 2.22 2.31 2.4 2.41",

@@ -42,7 +42,7 @@ protected:
         RealKeysTest<Desktop>::SetUp();
     }
 
-    // Returns when the desktop's keys reach the window.
+    // Starts a recording, and waits until the desktop's keys reach the window.
     void recordAllKeys() {
         this->record();
         expectCaptured();
@@ -52,7 +52,8 @@ protected:
         expectAfterReleases("captured");
     }
 
-    // Returns when the desktop has its keys again: all keys of the recording are released.
+    // Waits until the desktop has its keys again, which requires that all keys of the recording are
+    // released.
     void expectReturned() {
         this->window->writeLine("return");
         this->expect("returned");
@@ -113,7 +114,8 @@ TYPED_TEST(DesktopKeysTest, AreRecordedAndThenReturnedToTheDesktop) {
     this->expectClosed(*this->window);
 }
 
-// The auto-repeats of the key would have the same effect as the second press.
+// The second press of F4 stands in for the auto-repeats of a held F4, which must not reach the
+// desktop.
 TYPED_TEST(DesktopKeysTest, AreReturnedToTheDesktopOnceAllKeysAreReleased) {
     this->recordAllKeys();
     this->hold(KEY_LEFTALT);
@@ -181,7 +183,7 @@ TYPED_TEST(DesktopKeysTest, OfManyKindsAreRecorded) {
     this->expectTypedIntoWindow();
 }
 
-// GNOME Shell asks the user, with a dialog that takes the focus from the window.
+// GNOME Shell asks the user for permission, with a dialog that takes the focus from the window.
 class GnomeDesktopKeysTest : public DesktopKeysTest<TypingGnomeShell> {
 protected:
     void waitForQuestion() {
@@ -200,10 +202,10 @@ private:
     }
 };
 
-TEST_F(GnomeDesktopKeysTest, AreRecordedOnceTheUserAllowsIt) {
+TEST_F(GnomeDesktopKeysTest, AreRecordedOnceTheUserAllowsCapturing) {
     record();
     waitForQuestion();
-    type(KEY_ENTER); // allows it
+    type(KEY_ENTER); // presses "Allow"
     expectAfterReleases("active");
     expectCaptured();
     typeAltF4();
@@ -217,10 +219,10 @@ TEST_F(GnomeDesktopKeysTest, AreRecordedOnceTheUserAllowsIt) {
     expectClosed(*window);
 }
 
-TEST_F(GnomeDesktopKeysTest, RemainWithTheDesktopAndRecordingContinuesIfTheUserRefuses) {
+TEST_F(GnomeDesktopKeysTest, DesktopKeepsItsKeysAndRecordingContinuesIfTheUserRefuses) {
     record();
     waitForQuestion();
-    type(KEY_ESC); // refuses it
+    type(KEY_ESC); // dismisses the dialog
     expectAfterReleases("active");
     typeTogether(KEY_LEFTCTRL, KEY_K);
     expectRecorded("40 40000");

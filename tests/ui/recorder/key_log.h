@@ -1,5 +1,5 @@
-// A window that records its key events: "+65" is a press of Qt's key 65, "-65" its release, and
-// "+65 again" an automatic repeat.
+// A window that records its key events: "+65" is a press of Qt's key 65, and "-65" its release. An
+// auto-repeat consists of "-65 again" and "+65 again".
 #pragma once
 
 #include <QKeyEvent>

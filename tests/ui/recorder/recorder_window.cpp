@@ -3,19 +3,19 @@
 //
 //   active             the window has the keyboard
 //   inactive           another window has the keyboard
-//   recording          it records, after a click on its button or the line "record" on its standard
-//                      input
-//   captured           after the line "capture" on its standard input: it records, and receives
-//                      the keys that the desktop reserves for itself
+//   recording          recording has started, after a click on the window's button or the line
+//                      "record" on standard input
+//   captured           after the line "capture" on standard input: the window is recording, and
+//                      receives the keys that the desktop reserves for itself
 //   returned           after the line "return": the desktop has its keys again
 //   recorded 0 40000   the key code, and the modifiers in hexadecimal
-//   stopped            it stopped recording without a shortcut
+//   stopped            recording has ended without a shortcut
 //   pressed 65         a key that reached the window, as Qt's number
 //   released 65
 //   closed             the window manager closed the window
 //
-// Before it reports an event, the desktop has processed all its requests. It exits at the end of
-// its input.
+// The program reports an event only after the desktop has processed all of the program's requests.
+// It exits at the end of its standard input.
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "platform/linux/shell/linux_desktop_keys.h"
 #include "platform/linux/shell/wayland_connection.h"
@@ -40,7 +40,7 @@
 
 namespace {
 
-// On X11, the program waits itself.
+// Does nothing on X11, because capturing and returning the keys wait for the X server there.
 void waitForWaylandCompositor() {
     if (const auto connection = glidemap::waylandConnection()) {
         wl_event_queue* const queue = wl_display_create_queue(connection->display);
@@ -71,7 +71,7 @@ public:
         look();
     }
 
-    // The compositor's confirmation causes no event of Qt's, so a timer checks for it.
+    // The compositor's confirmation causes no Qt event, so a timer checks for it.
     void reportCapture() { captureCheck.start(checkInterval); }
 
     void reportReturn() { returnCheck.start(checkInterval); }

@@ -550,7 +550,7 @@ TEST_F(DesktopKeysTest, AreReturnedToTheDesktopWhenTheRecordedKeysAreReleased) {
     EXPECT_EQ(captureWindow, nullptr);
 }
 
-// The other window may receive the release of the key.
+// The other window may receive the release of the key, so the recorder must not wait for it.
 TEST_F(DesktopKeysTest, AreNotCapturedAgainAfterARecordingIfAnotherWindowWasActive) {
     recorder->startRecording();
     typist.press(a);

@@ -21,7 +21,8 @@ TypingGnomeShell::TypingGnomeShell() {
     session = path;
     g_variant_unref(created);
     g_variant_unref(shell.bus().call(service, session, sessionInterface, "Start", nullptr));
-    // The keyboard appears with its first key. Without a keyboard, no window gets the focus.
+    // The shell creates the keyboard at its first key event. Without a keyboard, no window gets the
+    // focus.
     key(KEY_LEFTSHIFT, true);
     key(KEY_LEFTSHIFT, false);
 }

@@ -116,7 +116,7 @@ private:
 };
 
 TypingSway::TypingSway() : keyboard(std::make_unique<Keyboard>(sway.environment())) {
-    // The test's configuration of sway has no key bindings.
+    // The tests' configuration of sway has no key bindings, so the desktop's keys are bound here.
     for (const char* const binding : {"Mod1+F4 kill", "Mod4+l workspace 2"}) {
         sway.command(std::string("bindsym ") + binding);
     }

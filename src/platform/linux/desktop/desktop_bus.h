@@ -68,8 +68,8 @@ public:
     static void open(const std::string& address, GCancellable* cancellable, Opened then);
 
     using Shared = std::function<void(const std::shared_ptr<DesktopBus>& bus)>;
-    // Calls `then` later with GIO's shared connection to the session bus, or with null if the bus is
-    // missing or does not respond within a second. Used for launching programs, because GIO uses
+    // Calls `then` later with GIO's shared connection to the session bus, or with null if the bus
+    // is missing or does not respond within a second. Used for launching programs, because GIO uses
     // this connection, too, and opening another one takes a millisecond. The callback of each call
     // must hold a copy of `bus` until the reply arrives.
     static void withShared(Shared then);

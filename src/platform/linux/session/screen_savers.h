@@ -30,8 +30,8 @@ std::span<const ScreenSaver> screenSavers();
 // other desktops.
 std::vector<ScreenSaver> screenSaversFor(std::string_view currentDesktop);
 
-// Whether D-Bus may start the service: it belongs to the current desktop or to no particular one, or
-// the current desktop is unknown.
+// Whether D-Bus may start the service: it belongs to the current desktop or to no particular one,
+// or the current desktop is unknown.
 bool belongsTo(const ScreenSaver& saver, std::string_view currentDesktop);
 
 } // namespace glidemap

@@ -47,8 +47,8 @@ bool LinuxDesktopKeys::areCaptured() const {
     return captureWindow != nullptr && (inhibition == nullptr || inhibition->isActive());
 }
 
-// Qt reads the connection in another thread, and wakes this thread after each reading. So whenever
-// this thread is about to wait, all events that have been read can be dispatched.
+// Qt reads from the Wayland connection on another thread, and wakes this thread after each read. So
+// when this thread is about to wait again, it dispatches all events that have been read.
 bool LinuxDesktopKeys::inhibitShortcuts() {
     const std::optional<WaylandConnection> connection = waylandConnection();
     if (!connection) {

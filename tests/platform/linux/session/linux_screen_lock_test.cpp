@@ -95,7 +95,8 @@ protected:
             lines = lock(patienceOf(limit));
             lastLimit = limit;
             lastTook = std::chrono::steady_clock::now() - began;
-            // The event `always` may arrive after the limit. The next attempt must not record it.
+            // Every attempt causes the event `always`, sometimes after the limit. The next attempt
+            // must not record it.
             EXPECT_TRUE(always.empty() || journal.waitFor(always));
         }
         return lines;

@@ -144,7 +144,7 @@ protected:
     DesktopThread desktop;
 };
 
-TEST_F(LinuxUserSessionTest, FollowsWhetherTheSessionIsActive) {
+TEST_F(LinuxUserSessionTest, TracksWhetherTheSessionIsActive) {
     FakeService& manager = startLogind(true, false);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(session.isActive());

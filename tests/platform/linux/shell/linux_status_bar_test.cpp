@@ -1,6 +1,6 @@
 // Tests a status bar that is missing, appears and disappears, first on X11 and then on the bus. One
-// test covers both, because Qt connects to the session bus once per process. A second status bar waits
-// for an hour until an X11 tray has settled, so that it never uses one that appears.
+// test covers both, because Qt connects to the session bus once per process. A second status bar
+// waits for an hour until an X11 tray has settled, so that it never uses one that appears.
 #include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
 #include "desktops/x_server.h"

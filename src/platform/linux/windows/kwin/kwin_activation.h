@@ -1,10 +1,10 @@
 // Activates windows of KWin. Only a script that runs inside KWin can do this.
 //
-// KWin numbers a new script by the number of loaded scripts. After a script has been unloaded, the
-// next one can therefore have the number of an older script. A call of its object then reaches the
-// older script and has no effect. KWin can also start all scripts that do not run yet, so each
-// script is started in both ways. The second way does not report the end of the script, so KWin
-// keeps the script for some time.
+// KWin uses the count of loaded scripts as the number of a new script. After an unload, a new
+// script can therefore have the number of an older one. Its method run() then reaches the older
+// script and has no effect. So the program also calls start(), which starts all loaded scripts that
+// do not run yet. start() does not report when a script ends, so the script stays loaded for some
+// time.
 //
 // Thread:  the desktop thread.
 // Owner:   the backend, while KWin is on the bus. The destructor unloads all scripts.

@@ -2,8 +2,8 @@
 //
 // KWin gives a valid token to the program with the active window, and to programs whose desktop
 // entry requests KWin's window management. It offers the window management only to the latter.
-// Without that offer, no token is requested, because KWin refuses to activate a window that shows an
-// invalid one.
+// Without that offer, no token is requested, because KWin refuses to activate a window that shows
+// an invalid one.
 //
 // Thread:  the desktop thread. No function waits for KWin.
 // Owner:   the KWin backend, while KWin is on the bus.

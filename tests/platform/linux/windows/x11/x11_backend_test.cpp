@@ -218,9 +218,9 @@ TEST_F(X11BackendTest, IgnoresPanelsDesktopsAndSplashScreens) {
         {"_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_STATE_SKIP_TASKBAR", "plain/Plain"},
         {"", "", "plain/Plain it/It"},
     };
-    // All clients stay connected, so that the server does not reuse the ids of their closed windows:
-    // openbox handles the end of a window late, and would delete the state of a new window with the
-    // same id.
+    // All clients stay connected, so that the server does not reuse the ids of their closed
+    // windows: openbox handles the end of a window late, and would delete the state of a new window
+    // with the same id.
     std::vector<std::unique_ptr<XClient>> programs;
     for (const Row& row : rows) {
         XClient& client = *programs.emplace_back(std::make_unique<XClient>(*server));
