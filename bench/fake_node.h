@@ -1,6 +1,6 @@
 // A fake event node of a touchpad, implemented as a named pipe. Only this process can use it as a
-// device, because the program replaces ioctl() and handles the evdev requests itself. For every
-// reader, a read costs as much as a read from a pipe.
+// device, because the program replaces ioctl() and handles the evdev requests itself. All compared
+// readers pay the same for a read, which is the cost of reading from a pipe.
 //
 // Units:   events as in the kernel; times on the monotonic clock.
 // Thread:  construct it before any reader; write() on one thread.

@@ -1,5 +1,5 @@
-// A timer with the report rate of a touchpad. The thread that stands in for the driver's thread
-// waits for it between reports.
+// A timer with the report rate of a touchpad. Between reports, the thread that stands in for the
+// driver's thread waits for this timer.
 //
 // Units:   one report every 8 ms.
 #pragma once

@@ -12,11 +12,10 @@
 namespace glidemap::bench {
 
 struct Memory {
-    long resident = 0; // all resident pages, including pages shared with other programs
-    // pages that no other process maps, including library pages that only this process uses
-    long privatePages = 0;
-    long written = 0;  // pages that exist nowhere else: heap, stacks, relocated data
-    long pictures = 0; // shared with the X server: window contents
+    long resident = 0;     // all resident pages, including pages shared with other programs
+    long privatePages = 0; // pages that no other process maps, also those of libraries
+    long written = 0;      // pages that exist nowhere else: heap, stacks, relocated data
+    long pictures = 0;     // shared with the X server: window contents
 };
 
 // Returns the time of the monotonic clock, in seconds.

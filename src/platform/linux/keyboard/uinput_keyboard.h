@@ -3,8 +3,8 @@
 // The caller posts the press and the release of a key, with the modifiers as flags. KeyStrokes
 // converts them to key changes: modifiers down, key down, key up, modifiers up. The device writes
 // them with a single call. If the user holds a modifier at that moment, HeldModifiers decides how
-// to type, because the modifier could become part of the shortcut. Nothing is typed while
-// unplugged, which is the case while another session is in front.
+// to type, because the modifier could become part of the shortcut. While the keyboard is
+// unplugged, because another session is active, nothing is typed.
 //
 // A desktop needs a moment to detect a new keyboard, and ignores keys that are typed before that.
 // Therefore the keyboard is created on startup, not by the first shortcut. If permission is

@@ -8,8 +8,9 @@
 //
 // Pressing a modifier again could leave it stuck: if the user releases the real key at that moment,
 // the XTEST keyboard still holds it. Therefore only keys that are still down on real keyboards are
-// pressed again, and this is checked again afterwards. From then on, a release on a real keyboard
-// also releases the key on the XTEST keyboard.
+// pressed again. Afterwards, the real keyboards are checked once more. From then on, a release on a
+// real keyboard also releases the key on the XTEST keyboard; at the latest, the next shortcut
+// releases it.
 //
 // Thread:  type() on any thread; everything else runs on the desktop thread.
 // Owner:   the virtual keyboard.

@@ -51,7 +51,8 @@ bool isLockedHint(GVariantDict* session) {
 }
 
 // Follows the session's state in logind until the request is cancelled. While logind is missing,
-// the callback is not called, except once to end a sleep whose end logind can no longer announce.
+// the callback is not called, with one exception: if logind disappears during a sleep, the callback
+// reports the end of the sleep.
 class SessionFollower : public BusRequest {
 public:
     struct State {

@@ -15,7 +15,7 @@ namespace glidemap {
 struct ScreenSaver {
     const char* name = nullptr; // the name of the service and of its interface
     const char* path = nullptr;
-    const char* desktop = nullptr; // a value of XDG_CURRENT_DESKTOP; null if it belongs to none
+    const char* desktop = nullptr; // a value of XDG_CURRENT_DESKTOP; null if of no desktop
     bool takesMessage = false;     // Lock() requires a message for the locked screen
 
     BusMethod method(const char* itsName) const {

@@ -2,8 +2,8 @@
 //
 //   org.freedesktop.appearance   color-scheme            1 dark, 2 light, else no preference
 //                                reduced-motion          1 reduced; only in newer portals
-//   org.gnome.desktop.interface  enable-animations       false for reduced
-//   org.kde.kdeglobals.KDE       AnimationDurationFactor  "0" for no animation
+//   org.gnome.desktop.interface  enable-animations       false: reduced
+//   org.kde.kdeglobals.KDE       AnimationDurationFactor  "0": no animation
 //
 // Thread:  one.
 // Errors:  none; a value of an unexpected type is ignored.

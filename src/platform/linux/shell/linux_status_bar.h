@@ -23,7 +23,8 @@ namespace glidemap {
 
 class LinuxStatusBar : public StatusBar {
 public:
-    // Such a panel acquires the second tray within milliseconds, or later on a busy machine.
+    // A panel that owns both trays acquires the one on the bus within milliseconds after the X11
+    // one, or later on a busy machine.
     explicit LinuxStatusBar(std::chrono::milliseconds settling = std::chrono::seconds(2));
     ~LinuxStatusBar() override;
 

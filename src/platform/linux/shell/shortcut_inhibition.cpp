@@ -16,7 +16,8 @@ struct WrapperRelease {
     void operator()(void* wrapper) const { wl_proxy_wrapper_destroy(wrapper); }
 };
 
-// A stand-in for an object of the toolkit. The objects that it creates belong to another queue.
+// Wraps an object of the toolkit. Objects that are created through the wrapper belong to this
+// class's event queue instead of the toolkit's.
 template <typename Object>
 using Wrapper = std::unique_ptr<Object, WrapperRelease>;
 

@@ -1,6 +1,6 @@
 // Asks a Wayland compositor not to use its own keyboard shortcuts while this program's focused
-// window has the keyboard, with the protocol keyboard-shortcuts-inhibit. Lasts as long as the
-// object. The compositor may refuse, or ask the user first.
+// window has the keyboard, with the protocol keyboard-shortcuts-inhibit. The request lasts as long
+// as this object. The compositor may refuse, or ask the user first.
 //
 // The protocol accepts only a surface of the same connection. This class therefore shares the
 // toolkit's connection, but has an event queue of its own. The toolkit reads the connection. The
@@ -28,7 +28,8 @@ public:
     ShortcutInhibition& operator=(const ShortcutInhibition&) = delete;
     ~ShortcutInhibition();
 
-    // Processes the events that the toolkit has read. Call after each reading.
+    // Processes the events that the toolkit has read. Call this whenever it has
+    // read the connection.
     void dispatchArrived();
 
     // Whether the compositor has confirmed that it passes its shortcuts on.
