@@ -79,19 +79,21 @@ std::size_t entriesIn(const std::filesystem::path& folder) {
     return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
 }
 
-// Omits the threads of GLib's pool, because GLib starts them for single tasks and ends them when
-// they have been idle for some seconds.
 std::vector<std::string> threadsIn(const std::filesystem::path& folder) {
     std::vector<std::string> names;
     for (const auto& thread : std::filesystem::directory_iterator(folder)) {
         std::string name;
         std::getline(std::ifstream(thread.path() / "comm"), name);
-        if (!name.empty() && !name.starts_with("pool")) {
-            names.push_back(name);
-        }
+        names.push_back(name);
     }
     std::ranges::sort(names);
     return names;
+}
+
+// GLib starts threads for single tasks, and ends them when they have been idle for some seconds.
+bool hasPoolThreads(const Holdings& held) {
+    return std::ranges::any_of(held.threads,
+                               [](const std::string& name) { return name.starts_with("pool"); });
 }
 
 Holdings holdingsOf(pid_t process) {
@@ -331,7 +333,12 @@ protected:
         expectNoKeyboard();
         announce("Active", true);
         expectWell();
-        return holdingsOf(agent->id());
+        Holdings held = holdingsOf(agent->id());
+        for (const Deadline deadline; hasPoolThreads(held) && !deadline.passed();) {
+            sched_yield();
+            held = holdingsOf(agent->id());
+        }
+        return held;
     }
 
     void soakUntil(double moment) {
